@@ -1,0 +1,5 @@
+# What kelplib's own code is compiled with. Nothing of it reaches the code that links the library.
+add_library(kelplib_warnings INTERFACE)
+target_compile_options(kelplib_warnings INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+    $<$<BOOL:${KELPLIB_WERROR}>:-Werror>)

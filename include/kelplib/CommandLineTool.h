@@ -1,0 +1,148 @@
+#ifndef KELPLIB_COMMANDLINETOOL_H
+#define KELPLIB_COMMANDLINETOOL_H
+
+/// \file
+/// The front end of a console tool: one object, built from argc and argv, that has checked the command line by the time
+/// its constructor returns.
+
+#include <kelplib/Export.h>
+#include <kelplib/Kelp.h>
+
+#include <cstddef>
+#include <list>
+#include <map>
+#include <mutex>
+#include <string>
+#include <vector>
+
+/// A tool's command line, options, arguments, banner and help screen.
+///
+/// A constructor that returns leaves a tool whose command line is acceptable. A help request ("--help", "-h", "/help",
+/// "/h", "/?"), an unknown flag and, with the full constructor, a missing input file end the process instead: the banner
+/// and the help screen are printed on standard output and the exit status is 0, whatever the reason.
+///
+/// Flags are told apart by their first letter alone: with "-o" registered, --output, --oops and -o=x are all accepted.
+/// "-v" and "-h" are flags like any other in this check; a tool that wants "-v" registers it.
+///
+/// A program path with a backslash whose last part has fewer than four characters has no tool name: whatever prints the
+/// banner or the help screen then throws std::out_of_range, the constructors included.
+///
+/// Use a tool from one thread. Besides what a comment names, members throw only std::bad_alloc and std::length_error.
+class KELP_API CommandLineTool {
+public:
+    /// \name Construction
+    /// All texts and records are copied; the vectors are only read. The short forms take no input file for granted, the
+    /// full one demands that the first positional argument names a readable file ("." and texts with "*" pass unopened),
+    /// and looks for it before it looks for a help request.
+    /// \throws std::logic_error   for a null element of argv, see Kelp::OptionReader
+    /// \throws std::out_of_range  see the class
+    /// @{
+
+    /// A tool without options.
+    CommandLineTool(int argc, char** argv, std::string description);
+    /// A tool with one option.
+    CommandLineTool(int argc, char** argv, std::string description, const Kelp::Option& option);
+    /// A tool with two options; on equal short flags the first one is kept.
+    CommandLineTool(int argc, char** argv, std::string description, const Kelp::Option& first,
+                    const Kelp::Option& second);
+    /// A tool with any number of options.
+    CommandLineTool(int argc, char** argv, std::string description, std::vector<Kelp::Option>& options);
+    /// A tool with everything.
+    /// \param usage    what follows the tool's name in the usage line; empty: "[OPTIONS]" and the argument names
+    /// \param example  what follows the tool's name in the example line
+    /// \param header   the third line of the banner
+    CommandLineTool(int argc, char** argv, std::string description, std::string usage, std::string example,
+                    std::string header, std::vector<Kelp::Option>& options, std::vector<Kelp::Argument>& arguments);
+    /// @}
+
+    /// The start-up sequence that every constructor ends in. In this order: the file check (unless `noFileCheck`), the
+    /// help request, then the tokens are read anew from `argv` (when `argc` is above 1), then verbose mode and the unknown
+    /// flags. So a second call looks for the file and the help request on the tokens that are there already.
+    /// \throws as the constructors
+    void init(int argc, char** argv, bool noFileCheck);
+
+    /// Adds one option. The first registration of a short flag wins, whatever its letter case; later ones are dropped
+    /// without a message.
+    void registerOption(Kelp::Option option);
+    /// Adds the options in order.
+    void registerOptions(std::vector<Kelp::Option>& options);
+
+    /// Does nothing: the place for options that all tools share.
+    void addCommonOptions();
+    /// Does nothing and changes neither argument: the place for reading a command line from a file.
+    void readArgvFromFile(int& argc, char**& argv);
+
+    /// The program path as it stands when it holds no backslash. Otherwise what follows the last one, without ".exe" (in
+    /// any case) at its end.
+    /// \throws std::out_of_range  see the class
+    std::string getToolName() const;
+
+    /// Prints the banner: six lines, each flushed.
+    /// \throws std::out_of_range  see the class
+    void printHeader() const;
+    /// Prints the help screen, waits half a second so that a console that closes at once still shows it, and ends the
+    /// process with exit status 0 (as std::exit does: the caller's stack is not unwound).
+    /// \throws std::out_of_range  see the class
+    [[noreturn]] void help() const;
+    /// Prints the banner and the help screen and ends the process as help() does.
+    /// \throws std::out_of_range  see the class
+    [[noreturn]] void printUsage() const;
+
+    /// Replaces the example text.
+    void addExampleText(const std::string& text);
+
+    /// In verbose mode, prints the text and a line end and flushes; otherwise nothing.
+    void print(std::string text) const;
+
+    /// \name Checks
+    /// Each returns only when there is nothing to object to; otherwise it ends the process through the help screen.
+    /// \throws std::out_of_range  see the class
+    /// @{
+
+    /// Ends the process when help is asked for. Help is asked for by whole tokens, in any letter case. A match that stands
+    /// at position 0 hides the later ones of its pair.
+    void checkForHelp();
+    /// Switches verbose mode on when "--verbose" or "-v" is on the command line; never off.
+    void checkForVerbose();
+    /// Ends the process when the first positional argument is missing or names no readable file.
+    void checkMandatoryArgs();
+    /// Ends the process at the first token that begins with "-" and whose first letter no registered option has.
+    void checkForInvalidFlags();
+    /// @}
+
+    /// The position of an option on the command line.
+    /// \param name   the short flag under which the option is registered, in any letter case
+    /// \param start  first position looked at
+    /// \returns the position of the first token that equals one of the option's two forms; 0 when there is none, or when
+    ///          no such option is registered
+    int hasOption(std::string name, int start) const;
+
+    /// Whether verbose mode is on.
+    bool isVerbose() const;
+
+    /// As Kelp::OptionReader::getFirstArgument.
+    int getFirstArgument(std::string& out, int start) const;
+    /// Replaces `out` by the positional arguments at or after `start` (0 means 1). In verbose mode a trace line is printed
+    /// first.
+    /// \returns their number
+    int getArguments(std::vector<std::string>& out, int start) const;
+    /// The same into a list, without a trace line.
+    int getArguments(std::list<std::string>& out, int start) const;
+
+    /// A copy of the options given to the full constructor, in their order; empty for tools built otherwise.
+    std::vector<Kelp::Option> getOptions() const;
+
+private:
+    std::map<std::string, Kelp::Option, ci_less> options;
+    std::string description;
+    std::string usage;
+    std::string example;
+    std::string header;
+    Kelp::OptionReader reader;
+    std::size_t optionWidth = 0;
+    std::mutex progressMutex;
+    std::vector<Kelp::Option> optionList;
+    std::vector<Kelp::Argument> argumentList;
+};
+
+#endif

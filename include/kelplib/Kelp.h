@@ -1,0 +1,218 @@
+#ifndef KELPLIB_KELP_H
+#define KELPLIB_KELP_H
+
+/// \file
+/// The records that describe a command line, the reader that answers questions about one, the conversion of option text
+/// into typed values, and the string helpers that a tool needs beside them.
+///
+/// Unless a comment says otherwise, the functions keep no state, may be called from any thread, and throw nothing besides
+/// std::bad_alloc and std::length_error. Whatever they print goes to standard output.
+
+#include <kelplib/Export.h>
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace Kelp {
+
+/// One flag that a tool accepts. A plain record: nothing is checked, any text may be empty.
+class KELP_API Option {
+public:
+    /// \param shortFlag    the short form with its dash ("-h"); it names the option in the tool's registry
+    /// \param longFlag     the long form with its dashes ("--help")
+    /// \param description  one line of help text
+    /// \param marker       kept for the tool that builds the record; the library copies it and never reads it
+    Option(std::string shortFlag, std::string longFlag, std::string description, bool marker);
+
+    /// Prints the option's block of the help screen and a blank line. The stream is not flushed.
+    /// \param width, lineWidth  accepted for the caller's convenience; the layout does not depend on them
+    void printIndented(std::size_t width, std::size_t lineWidth) const;
+
+    std::string shortFlag;
+    std::string longFlag;
+    std::string description;
+    bool marker;
+};
+
+/// One positional argument that a tool accepts. A plain record: nothing is checked, any text may be empty.
+class KELP_API Argument {
+public:
+    /// \param name         the name shown in the usage line and in the help
+    /// \param description  one line of help text
+    /// \param repeated     true when the argument may be given several times; the usage line then puts "..." after the name
+    Argument(std::string name, std::string description, bool repeated);
+
+    /// Prints the argument's block of the help screen and a blank line. The stream is not flushed.
+    /// \param width, lineWidth  accepted for the caller's convenience; the layout does not depend on them
+    void printIndented(std::size_t width, std::size_t lineWidth) const;
+
+    std::string name;
+    std::string description;
+    bool repeated;
+};
+
+/// A label with a number, written "label:number" on the command line.
+struct StringDouble {
+    std::string label;
+    double value = 0.0;
+};
+
+/// \name Option text to typed values
+/// No overload reports an error: a text that cannot be read leaves the value that its comment names. A tool that must tell
+/// bad text apart looks at the text itself.
+///
+/// The numeric overloads read as a formatted stream of the process's global locale does. With the classic locale (every
+/// tool that never changes it) that means: leading blanks are skipped; an optional sign; decimal digits only, and for the
+/// two real types an optional "." and exponent; reading stops where the number stops and the rest is ignored ("12abc" is
+/// 12, "0x1F" is 0). No digits, a dangling exponent ("1e"), "inf" and "nan" give 0. A number that does not fit becomes
+/// the type's nearest limit, never infinity. An unsigned type negates modulo its range ("-1" is its largest value), but a
+/// magnitude beyond the range gives the largest value. An empty or blank text leaves the target as it was, so that a
+/// default survives.
+/// @{
+
+/// The target becomes an exact copy of the text.
+KELP_API void stringToValue(std::string& target, std::string text);
+/// The target becomes true, whatever the text: a flag that stands on the command line is on.
+KELP_API void stringToValue(bool& target, std::string text);
+/// The target becomes the first character of the text; a space for an empty text.
+KELP_API void stringToValue(char& target, std::string text);
+KELP_API void stringToValue(int& target, std::string text);
+KELP_API void stringToValue(unsigned short& target, std::string text);
+KELP_API void stringToValue(unsigned int& target, std::string text);
+KELP_API void stringToValue(unsigned long long& target, std::string text);
+KELP_API void stringToValue(double& target, std::string text);
+KELP_API void stringToValue(float& target, std::string text);
+/// Reads "label:number". Untouched unless the text has exactly two non-empty pieces between its colons; a blank second
+/// piece sets the label and leaves the value.
+KELP_API void stringToValue(StringDouble& target, std::string text);
+/// The target becomes the path that the text names in UTF-8. Where paths are narrow the bytes are used as they stand.
+/// \throws std::filesystem::filesystem_error  where paths are UTF-16 and the text is not well-formed UTF-8 (message
+///         "Cannot convert character sequence", code std::errc::illegal_byte_sequence); the target is untouched then
+KELP_API void stringToValue(std::filesystem::path& target, std::string text);
+/// @}
+
+/// A command line as a list of tokens. Token 0 is the program path; a token that begins with "-" is a flag, everything
+/// else, the empty token included, is a positional argument. A value belongs to its flag only when it is attached with
+/// "=". Letter case never matters in flags (ASCII letters only). There is no end-of-options marker: "-5" is a flag.
+///
+/// Positions are token indices. Position 0 doubles as the answer for nothing found; a negative `start` finds nothing.
+/// A reader keeps no pointer into argv. One thread at a time may use it.
+class KELP_API OptionReader {
+public:
+    /// Copies argv[0] to argv[argc-1]; an argc of 0 or less gives no tokens. Verbose mode starts off.
+    /// \throws std::logic_error  "basic_string: construction from null is not valid" for a null element among them
+    OptionReader(int argc, char** argv);
+
+    /// Finds the first token at or after `start` that equals one of the two names, ignoring case. Whole tokens are
+    /// compared: "-n=5" is not "-n".
+    /// \param start  first position looked at; 0 includes the program path, and a match there reads as nothing found
+    /// \returns its position; 0 when there is none
+    int hasOption(std::string shortFlag, std::string longFlag, int start) const;
+    /// The same with the two forms of `option`.
+    int hasOption(const Option& option, int start) const;
+
+    /// Converts the value of the first matching flag token at or after `start`.
+    /// A token matches by its first letter alone: -n, -n=5, -nfoo, --n and --number=5 all count as -n, in either case.
+    /// The value is the text after the first "="; a flag without "=" converts the empty text.
+    /// \param shortFlag, longFlag  names compared with that two-character key; a full long name can therefore never match
+    /// \param value  set by stringToValue for T; untouched when no flag matches
+    /// \param start  first position looked at; 0 includes the program path
+    /// \returns the position after the flag, fit to be the next start; 0 when there is none
+    /// \throws what the stringToValue of T throws (only the path overload does), besides std::bad_alloc
+    template <class T>
+    int getValue(std::string shortFlag, std::string longFlag, T& value, int start);
+
+    /// Finds the first positional argument at or after `start` (0 means 1).
+    /// \param argument  set to it; untouched when there is none
+    /// \returns its position; 0 when there is none
+    int getFirstArgument(std::string& argument, int start) const;
+
+    /// Appends every positional argument at or after `start` (0 means 1). `arguments` is not cleared first.
+    /// \returns true when at least one was appended
+    bool getArguments(std::vector<std::string>& arguments, int start) const;
+
+    /// Replaces `tokens` by a copy of all tokens, the program path and positional arguments included.
+    void getOptions(std::vector<std::string>& tokens);
+
+    /// Checks that the first positional argument at or after `start` (0 means 1) names a file that can be opened for
+    /// reading. "." and every text with a "*" in it pass unopened. A failure is told on standard output.
+    /// \param file  set to the argument; untouched when there is none
+    bool checkFiles(std::string& file, int start);
+
+    void setVerbose(bool on);
+    bool getVerbose() const;
+
+    /// The program path as it stands on the command line; empty when there are no tokens.
+    std::string getNameTool() const;
+
+private:
+    int findValue(const std::string& shortFlag, const std::string& longFlag, std::string& text, int start) const;
+
+    std::vector<std::string> tokens;
+    bool verbose = false;
+};
+
+template <class T>
+int OptionReader::getValue(std::string shortFlag, std::string longFlag, T& value, int start) {
+    std::string text;
+    const int next = findValue(shortFlag, longFlag, text, start);
+    if (next != 0) {
+        stringToValue(value, text);
+    }
+    return next;
+}
+
+extern template KELP_API int OptionReader::getValue<std::string>(std::string shortFlag, std::string longFlag,
+                                                                 std::string& value, int start);
+
+/// \name String helpers
+/// @{
+
+/// Cuts `text` at every `delimiter`. Empty pieces are dropped, blank ones are kept: "a,,b," gives "a" and "b".
+KELP_API std::vector<std::string> split(const std::string& text, char delimiter);
+
+/// Cuts `text` at every run of characters of `delimiters`; tokens are never empty. With no delimiters a text that is not
+/// empty is one token.
+KELP_API std::vector<std::string> Tokenize(const std::string& text, const std::string& delimiters);
+
+/// The first piece of split(text, delimiter); empty when there is none.
+KELP_API std::string getFirstToken(std::string text, char delimiter);
+
+/// A copy with every byte passed through the C library's tolower, in its current locale.
+KELP_API std::string toLower(std::string text);
+
+/// Replaces what follows the last dot of `name` by `extension` (given without its dot). The whole text counts, directories
+/// too: a name without a dot is replaced entirely, doubled dots collapse, and "run.2/data" becomes "run.q6".
+KELP_API std::string replaceToFileExtension(std::string name, std::string extension);
+
+/// replaceToFileExtension(name, "q6").
+KELP_API std::string replaceToQ6Extension(std::string name);
+
+/// A numbered name: `base`, then `index` with leading zeros to `width` + 1 digits (index 7, width 3: "0007"). An index of
+/// more digits is written in full. The digits are counted with log10 in double, so an index of 15 digits or more that
+/// rounds up to a power of ten gets one zero less.
+KELP_API std::string createFragmentName(unsigned long long index, std::string base, unsigned int width);
+/// @}
+
+}  // namespace Kelp
+
+/// Orders strings ignoring letter case, byte by byte through the C library's tolower: "-a" and "-A" are equivalent. Fit to
+/// order any std::map or std::set of strings.
+struct KELP_API ci_less {
+    bool operator()(const std::string& a, const std::string& b) const;
+};
+
+/// Wraps `text` in the escape sequence that selects graphic rendition `code` (ECMA-48 SGR: 31 red, 34 blue, 1 bold; any
+/// int is written as it stands) and the one that resets it. Nobody looks whether standard output is a terminal.
+KELP_API std::string getColoredString(const std::string& text, const int& code);
+
+namespace std {
+
+/// The option as "shortFlag, longFlag:", a tab and the description.
+KELP_API std::string to_string(const Kelp::Option& option);
+
+}  // namespace std
+
+#endif

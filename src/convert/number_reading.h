@@ -1,0 +1,66 @@
+#ifndef KELPLIB_CONVERT_NUMBER_READING_H
+#define KELPLIB_CONVERT_NUMBER_READING_H
+
+#include <limits>
+#include <locale>
+#include <sstream>
+#include <string>
+#include <type_traits>
+
+#include "convert/digits.h"
+#include "convert/real_reading.h"
+
+/// Reading one number as the formatted extraction of a stream does, with the same result on every standard library.
+namespace Kelp {
+
+/// Skips the blanks of the classic locale.
+inline const char* skipBlanks(const char* begin, const char* end) {
+    while (begin != end && (*begin == ' ' || (*begin >= '\t' && *begin <= '\r'))) {
+        ++begin;
+    }
+    return begin;
+}
+
+/// Reads an optional sign and digits. What does not fit becomes the nearest limit; a negative number in an unsigned type
+/// is negated modulo its range as long as its magnitude fits.
+template <class T>
+T readInteger(const char* begin, const char* end) {
+    using Limits = std::numeric_limits<T>;
+    const bool negative = readSign(begin, end);
+    const bool towardsLowest = negative && Limits::is_signed;
+    const unsigned long long limit = static_cast<unsigned long long>(Limits::max()) + (towardsLowest ? 1U : 0U);
+    unsigned long long magnitude = 0;
+    for (; begin != end && isDigit(*begin); ++begin) {
+        const auto digit = static_cast<unsigned long long>(*begin - '0');
+        if (magnitude > (limit - digit) / 10) {
+            return towardsLowest ? Limits::lowest() : Limits::max();
+        }
+        magnitude = magnitude * 10 + digit;
+    }
+    // Wraps modulo the range: what an unsigned type wants, and for a signed one the value itself.
+    return static_cast<T>(negative ? 0 - magnitude : magnitude);
+}
+
+/// Reads one number from `text` into `target`, which keeps its value when the text is blank.
+template <class T>
+void readNumber(T& target, const std::string& text) {
+    if (std::locale() != std::locale::classic()) {
+        // Another locale may bring its own decimal point, grouping, blanks or a whole number facet: only a stream knows.
+        std::stringstream(text) >> target;
+        return;
+    }
+    const char* const end = text.data() + text.size();
+    const char* const begin = skipBlanks(text.data(), end);
+    if (begin == end) {
+        return;
+    }
+    if constexpr (std::is_floating_point_v<T>) {
+        target = readReal<T>(begin, end);
+    } else {
+        target = readInteger<T>(begin, end);
+    }
+}
+
+}  // namespace Kelp
+
+#endif

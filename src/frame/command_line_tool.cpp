@@ -1,0 +1,86 @@
+#include <kelplib/CommandLineTool.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+/// The banner's third line for tools that bring none of their own.
+constexpr char copyrightLine[] = "     Copyright (c) 2026 The kelplib authors, MIT licence";
+static_assert(sizeof copyrightLine - 1 == 56, "the banner is laid out for a line of 56 characters");
+
+/// The short constructors skip the file check, the full one makes it.
+constexpr bool withoutFileCheck = true;
+constexpr bool withFileCheck = false;
+
+}  // namespace
+
+CommandLineTool::CommandLineTool(int argc, char** argv, std::string about)
+    : description(std::move(about)), header(copyrightLine), reader(argc, argv) {
+    init(argc, argv, withoutFileCheck);
+}
+
+CommandLineTool::CommandLineTool(int argc, char** argv, std::string about, const Kelp::Option& option)
+    : description(std::move(about)), header(copyrightLine), reader(argc, argv) {
+    registerOption(option);
+    init(argc, argv, withoutFileCheck);
+}
+
+CommandLineTool::CommandLineTool(int argc, char** argv, std::string about, const Kelp::Option& first,
+                                 const Kelp::Option& second)
+    : description(std::move(about)), header(copyrightLine), reader(argc, argv) {
+    registerOption(first);
+    registerOption(second);
+    init(argc, argv, withoutFileCheck);
+}
+
+CommandLineTool::CommandLineTool(int argc, char** argv, std::string about, std::vector<Kelp::Option>& accepted)
+    : description(std::move(about)), header(copyrightLine), reader(argc, argv) {
+    registerOptions(accepted);
+    init(argc, argv, withoutFileCheck);
+}
+
+CommandLineTool::CommandLineTool(int argc, char** argv, std::string about, std::string usageText,
+                                 std::string exampleText, std::string bannerLine, std::vector<Kelp::Option>& accepted,
+                                 std::vector<Kelp::Argument>& arguments)
+    : description(std::move(about)),
+      usage(std::move(usageText)),
+      example(std::move(exampleText)),
+      header(std::move(bannerLine)),
+      reader(argc, argv),
+      optionList(accepted),
+      argumentList(arguments) {
+    registerOptions(accepted);
+    init(argc, argv, withFileCheck);
+}
+
+void CommandLineTool::init(int argc, char** argv, bool noFileCheck) {
+    if (!noFileCheck) {
+        checkMandatoryArgs();
+    }
+    checkForHelp();
+    if (argc > 1) {
+        reader = Kelp::OptionReader(argc, argv);
+    }
+    checkForVerbose();
+    checkForInvalidFlags();
+}
+
+void CommandLineTool::registerOption(Kelp::Option option) {
+    optionWidth = std::max(optionWidth, option.longFlag.size());
+    std::string key = option.shortFlag;
+    options.emplace(std::move(key), std::move(option));
+}
+
+void CommandLineTool::registerOptions(std::vector<Kelp::Option>& accepted) {
+    for (const Kelp::Option& option : accepted) {
+        registerOption(option);
+    }
+    for (const Kelp::Argument& argument : argumentList) {
+        optionWidth = std::max(optionWidth, argument.name.size());
+    }
+}
+
+void CommandLineTool::addCommonOptions() {}
+
+void CommandLineTool::readArgvFromFile(int& /*argc*/, char**& /*argv*/) {}

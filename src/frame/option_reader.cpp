@@ -1,0 +1,125 @@
+#include <kelplib/Kelp.h>
+
+#include <fstream>
+#include <iostream>
+#include <stdexcept>
+
+#include "frame/flag_key.h"
+#include "util/ascii_fold.h"
+#include "util/escape_sequences.h"
+
+namespace Kelp {
+
+namespace {
+
+bool sameFlag(const std::string& left, const std::string& right) {
+    return equalIgnoringAsciiCase(left.c_str(), right.c_str());
+}
+
+/// The queries for positional arguments never look at the program path.
+int skipProgramPath(int start) {
+    return start == 0 ? 1 : start;
+}
+
+/// Positions are compared as unsigned numbers: a negative one lies behind every token.
+std::size_t firstPosition(int start) {
+    return static_cast<std::size_t>(start);
+}
+
+}  // namespace
+
+OptionReader::OptionReader(int argc, char** argv) {
+    for (int i = 0; i < argc; ++i) {
+        if (argv == nullptr || argv[i] == nullptr) {
+            throw std::logic_error("basic_string: construction from null is not valid");
+        }
+        tokens.emplace_back(argv[i]);
+    }
+}
+
+int OptionReader::hasOption(std::string shortFlag, std::string longFlag, int start) const {
+    for (std::size_t i = firstPosition(start); i < tokens.size(); ++i) {
+        if (sameFlag(tokens[i], shortFlag) || sameFlag(tokens[i], longFlag)) {
+            return static_cast<int>(i);
+        }
+    }
+    return 0;
+}
+
+int OptionReader::hasOption(const Option& option, int start) const {
+    return hasOption(option.longFlag, option.shortFlag, start);
+}
+
+int OptionReader::findValue(const std::string& shortFlag, const std::string& longFlag, std::string& text,
+                            int start) const {
+    for (std::size_t i = firstPosition(start); i < tokens.size(); ++i) {
+        if (!isFlag(tokens[i])) {
+            continue;
+        }
+        const std::string key = flagKey(tokens[i]);
+        if (sameFlag(key, shortFlag) || sameFlag(key, longFlag)) {
+            const std::size_t equals = tokens[i].find('=');
+            text = equals == std::string::npos ? std::string() : tokens[i].substr(equals + 1);
+            return static_cast<int>(i) + 1;
+        }
+    }
+    return 0;
+}
+
+template int OptionReader::getValue<std::string>(std::string shortFlag, std::string longFlag, std::string& value,
+                                                 int start);
+
+int OptionReader::getFirstArgument(std::string& argument, int start) const {
+    for (std::size_t i = firstPosition(skipProgramPath(start)); i < tokens.size(); ++i) {
+        if (!isFlag(tokens[i])) {
+            argument = tokens[i];
+            return static_cast<int>(i);
+        }
+    }
+    return 0;
+}
+
+bool OptionReader::getArguments(std::vector<std::string>& arguments, int start) const {
+    const std::size_t before = arguments.size();
+    for (std::size_t i = firstPosition(skipProgramPath(start)); i < tokens.size(); ++i) {
+        if (!isFlag(tokens[i])) {
+            arguments.push_back(tokens[i]);
+        }
+    }
+    return arguments.size() > before;
+}
+
+void OptionReader::getOptions(std::vector<std::string>& out) {
+    out = tokens;
+}
+
+bool OptionReader::checkFiles(std::string& file, int start) {
+    if (getFirstArgument(file, start) == 0) {
+        std::cout << "\n"
+                  << escape::red << "File missing, please insert the name of the file." << escape::reset << "\n"
+                  << std::endl;
+        return false;
+    }
+    if (file == "." || file.find('*') != std::string::npos) {
+        return true;
+    }
+    if (!std::ifstream(file).is_open()) {
+        std::cout << "File " << file << " doesn't exist. Please insert a valid file name." << std::endl;
+        return false;
+    }
+    return true;
+}
+
+void OptionReader::setVerbose(bool on) {
+    verbose = on;
+}
+
+bool OptionReader::getVerbose() const {
+    return verbose;
+}
+
+std::string OptionReader::getNameTool() const {
+    return tokens.empty() ? std::string() : tokens.front();
+}
+
+}  // namespace Kelp

@@ -1,0 +1,26 @@
+#ifndef KELPLIB_PLATFORM_PLATFORM_H
+#define KELPLIB_PLATFORM_PLATFORM_H
+
+#include <string>
+
+/// Everything that differs between the systems. The build links one implementation: the system's own into the library, a
+/// fake whose clock, console and directory the tests set into the unit tests.
+namespace Kelp::platform {
+
+/// Seconds of a monotonic clock with an arbitrary start. Never fails.
+double monotonicSeconds();
+
+/// Blocks the calling thread for at least `milliseconds`; goes on for the rest after a signal.
+void sleepMilliseconds(unsigned int milliseconds);
+
+/// Flushes standard output, then moves the console's cursor to column 0 of the row `lines` above its own.
+/// \returns -1 when standard output is closed, 0 when it is no console (nothing is written then) or the console refuses,
+///          otherwise a value other than 0 and -1
+int rewindCursor(unsigned int lines);
+
+/// The current directory as the system gives it; empty when the system's call fails on a buffer of 260 bytes.
+std::string currentDirectory();
+
+}  // namespace Kelp::platform
+
+#endif

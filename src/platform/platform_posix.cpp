@@ -1,0 +1,50 @@
+#include "platform/platform.h"
+
+#include <fcntl.h>
+#include <time.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <iostream>
+
+namespace Kelp::platform {
+
+double monotonicSeconds() {
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+}
+
+void sleepMilliseconds(unsigned int milliseconds) {
+    timespec left{};
+    left.tv_sec = static_cast<time_t>(milliseconds / 1000);
+    left.tv_nsec = static_cast<long>(milliseconds % 1000) * 1000000L;
+    while (nanosleep(&left, &left) == -1 && errno == EINTR) {
+    }
+}
+
+int rewindCursor(unsigned int lines) {
+    std::cout.flush();
+    std::fflush(stdout);
+    if (isatty(STDOUT_FILENO) == 0) {
+        const bool closed = fcntl(STDOUT_FILENO, F_GETFD) == -1;
+        return closed ? -1 : 0;
+    }
+    // "Cursor up 0" moves up one row on most terminals, so it is not sent.
+    if (lines == 0) {
+        std::fputs("\r", stdout);
+    } else {
+        std::fprintf(stdout, "\033[%uA\r", lines);
+    }
+    std::fflush(stdout);
+    return 1;
+}
+
+std::string currentDirectory() {
+    char buffer[260];
+    const char* directory = getcwd(buffer, sizeof buffer);
+    return directory == nullptr ? std::string() : std::string(directory);
+}
+
+}  // namespace Kelp::platform

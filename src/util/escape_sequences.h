@@ -1,0 +1,13 @@
+#ifndef KELPLIB_UTIL_ESCAPE_SEQUENCES_H
+#define KELPLIB_UTIL_ESCAPE_SEQUENCES_H
+
+/// The graphic renditions of ECMA-48 that the library prints outside getColoredString.
+namespace Kelp::escape {
+
+inline constexpr char red[] = "\033[31m";
+inline constexpr char blue[] = "\033[34m";
+inline constexpr char reset[] = "\033[0m";
+
+}  // namespace Kelp::escape
+
+#endif

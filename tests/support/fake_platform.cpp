@@ -1,0 +1,46 @@
+#include "fake_platform.h"
+
+#include "platform/platform.h"
+
+namespace fake_platform {
+
+State& state() {
+    static State instance;
+    return instance;
+}
+
+void reset() {
+    state() = State();
+}
+
+}  // namespace fake_platform
+
+namespace Kelp::platform {
+
+using fake_platform::state;
+
+double monotonicSeconds() {
+    return state().seconds;
+}
+
+void sleepMilliseconds(unsigned int milliseconds) {
+    state().seconds += milliseconds / 1000.0;
+    state().sleepsMilliseconds.push_back(milliseconds);
+    if (state().onSleep) {
+        state().onSleep(milliseconds);
+    }
+}
+
+int rewindCursor(unsigned int lines) {
+    state().rewoundLines.push_back(lines);
+    if (state().onRewind) {
+        state().onRewind(lines);
+    }
+    return state().rewindResult;
+}
+
+std::string currentDirectory() {
+    return state().directory;
+}
+
+}  // namespace Kelp::platform
