@@ -1,11 +1,11 @@
 #include "platform/platform.h"
 
 #include <fcntl.h>
-#include <time.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
+#include <ctime>
 #include <iostream>
 
 namespace Kelp::platform {
