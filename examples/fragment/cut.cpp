@@ -1,0 +1,72 @@
+#include "cut.h"
+
+#include <iostream>
+#include <stdexcept>
+
+#include "new_files.h"
+#include "source.h"
+
+namespace fragment {
+
+namespace {
+
+/// The sizes of the fragments: the first `longer` ones have `bytes`, those after them `restBytes`.
+struct Plan {
+    unsigned long long count;
+    unsigned long long longer;
+    unsigned long long bytes;
+    unsigned long long restBytes;
+};
+
+Plan planNumber(const Source& source, const Request& request) {
+    const unsigned long long pieces = request.pieces;
+    if (pieces > source.bytes()) {
+        throw std::runtime_error("-n=" + std::to_string(pieces) + ": " + request.files.front() + " has only " +
+                                 std::to_string(source.bytes()) + " bytes");
+    }
+    const unsigned long long bytes = source.bytes() / pieces;
+    return {pieces, source.bytes() % pieces, bytes + 1, bytes};
+}
+
+Plan planSize(const Source& source, unsigned long long pieceBytes) {
+    const unsigned long long full = (source.bytes() - 1) / pieceBytes;
+    if (full + 1 > mostFragments) {
+        throw std::runtime_error("-s=" + std::to_string(pieceBytes) + ": makes " + std::to_string(full + 1) +
+                                 " fragments, more than " + std::to_string(mostFragments));
+    }
+    return {full + 1, full, pieceBytes, source.bytes() - full * pieceBytes};
+}
+
+std::vector<std::string> fragmentNames(const std::string& base, unsigned long long count) {
+    // createFragmentName writes width + 1 digits: as many as the last index has.
+    const auto width = static_cast<unsigned int>(std::to_string(count - 1).size() - 1);
+    std::vector<std::string> names;
+    for (unsigned long long i = 0; i < count; ++i) {
+        names.push_back(Kelp::createFragmentName(i, base, width));
+    }
+    return names;
+}
+
+}  // namespace
+
+void cut(const Request& request, const CommandLineTool& tool) {
+    const std::string& file = request.files.front();
+    Source source(file);
+    const Plan plan = request.pieces != 0 ? planNumber(source, request) : planSize(source, request.pieceBytes);
+    const std::string base = request.output.empty() ? file + ".part_" : request.output;
+    const std::vector<std::string> names = fragmentNames(base, plan.count);
+
+    NewFiles fragments(names, request.overwrite);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const unsigned long long bytes = i < plan.longer ? plan.bytes : plan.restBytes;
+        tool.print(names[i] + ": " + std::to_string(bytes) + " bytes");
+        fragments.startNext();
+        source.copyTo(fragments, bytes);
+    }
+    source.close();
+    fragments.publish();
+    std::cout << "fragments: " << names.size() << ", bytes: " << source.bytes() << ", first: " << names.front()
+              << ", last: " << names.back() << std::endl;
+}
+
+}  // namespace fragment

@@ -1,0 +1,46 @@
+#include "files.h"
+
+#include <kelplib/Kelp.h>
+
+#include <cerrno>
+#include <stdexcept>
+
+namespace fragment {
+
+std::filesystem::path pathOf(const std::string& name) {
+    try {
+        std::filesystem::path path;
+        Kelp::stringToValue(path, name);
+        return path;
+    } catch (const std::filesystem::filesystem_error&) {
+        throw std::runtime_error(name + ": this name is not in UTF-8");
+    }
+}
+
+bool exists(const std::string& name) {
+    std::error_code ignored;
+    return std::filesystem::exists(std::filesystem::symlink_status(pathOf(name), ignored));
+}
+
+void requirePlainFile(const std::string& name) {
+    std::error_code ignored;
+    const std::filesystem::file_status status = std::filesystem::status(pathOf(name), ignored);
+    if (std::filesystem::is_directory(status)) {
+        throw std::runtime_error(name + " is a directory");
+    }
+    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
+        throw std::runtime_error(name + " is not a regular file");
+    }
+}
+
+void fail(const std::string& what, std::error_code reason) {
+    // The condition is worded alike on every system; the bare code has the system's own words.
+    throw std::runtime_error(what + ": " + reason.default_error_condition().message());
+}
+
+void failOnStream(const std::string& what) {
+    const int reason = errno != 0 ? errno : EIO;
+    fail(what, std::error_code(reason, std::generic_category()));
+}
+
+}  // namespace fragment

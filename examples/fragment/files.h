@@ -1,0 +1,32 @@
+#ifndef FRAGMENT_FILES_H
+#define FRAGMENT_FILES_H
+
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+/// \file
+/// The few things that reading and writing files have in common. Whatever goes wrong leaves as an exception whose text
+/// is the line that the user reads.
+
+namespace fragment {
+
+/// The path of a file named on the command line, read as the library reads a path option: where paths are UTF-16, the
+/// name has to be UTF-8.
+std::filesystem::path pathOf(const std::string& name);
+
+/// Whether anything has this name, be it a link that leads nowhere.
+bool exists(const std::string& name);
+
+/// Refuses a folder, a device and whatever else is no plain file. A name that nothing has passes.
+void requirePlainFile(const std::string& name);
+
+/// Throws "what: the system's reason".
+[[noreturn]] void fail(const std::string& what, std::error_code reason);
+
+/// The same for a stream that has just failed. A stream keeps no reason; the system call under it leaves one in errno.
+[[noreturn]] void failOnStream(const std::string& what);
+
+}  // namespace fragment
+
+#endif

@@ -1,0 +1,16 @@
+#ifndef FRAGMENT_JOIN_H
+#define FRAGMENT_JOIN_H
+
+#include <kelplib/CommandLineTool.h>
+
+#include "request.h"
+
+namespace fragment {
+
+/// Joins fragments into one file and prints a line that says so. One fragment alone stands for itself and all that
+/// follow it.
+void join(const Request& request, const CommandLineTool& tool);
+
+}  // namespace fragment
+
+#endif

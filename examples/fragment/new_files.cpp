@@ -1,0 +1,131 @@
+#include "new_files.h"
+
+#include <stdexcept>
+#include <utility>
+
+#include "files.h"
+
+namespace fragment {
+
+namespace {
+
+std::string unfinished(const std::string& name) {
+    return name + ".unfinished";
+}
+
+/// Where a file that is overwritten waits until all the new ones are in place.
+std::string replaced(const std::string& name) {
+    return name + ".replaced";
+}
+
+void requireFree(const std::string& name, const std::string& advice) {
+    if (exists(name)) {
+        throw std::runtime_error(name + " exists already; " + advice);
+    }
+}
+
+void rename(const std::string& from, const std::string& to) {
+    std::error_code reason;
+    std::filesystem::rename(pathOf(from), pathOf(to), reason);
+    if (reason) {
+        fail("cannot rename " + from, reason);
+    }
+}
+
+}  // namespace
+
+NewFiles::NewFiles(std::vector<std::string> fileNames, bool overwrite) : names(std::move(fileNames)) {
+    for (const std::string& name : names) {
+        requirePlainFile(name);
+        if (!overwrite) {
+            requireFree(name, "-f overwrites it");
+        }
+        // Only an interrupted run leaves these behind. The second one may be somebody's only copy.
+        requireFree(unfinished(name), "remove it first");
+        requireFree(replaced(name), "move it away first");
+    }
+}
+
+NewFiles::~NewFiles() {
+    try {
+        if (!published) {
+            takeBack();
+        }
+    } catch (const std::exception&) {
+        // No memory is left to spell the names: the unfinished files stay, and their name says what they are.
+    }
+}
+
+void NewFiles::startNext() {
+    finishCurrent();
+    const std::string& name = names.at(created);
+    current.open(pathOf(unfinished(name)), std::ios::binary);
+    if (!current) {
+        failOnStream("cannot create " + name);
+    }
+    ++created;
+}
+
+void NewFiles::write(const char* data, std::streamsize count) {
+    if (!current.write(data, count)) {
+        failOnStream("cannot write " + names.at(created - 1));
+    }
+}
+
+void NewFiles::finishCurrent() {
+    if (!current.is_open()) {
+        return;
+    }
+    // What the stream still holds is written now; a disk may be full only here.
+    current.close();
+    if (!current) {
+        failOnStream("cannot write " + names.at(created - 1));
+    }
+}
+
+void NewFiles::publish() {
+    finishCurrent();
+    giveNames();
+    published = true;
+    removeReplaced();
+}
+
+void NewFiles::giveNames() {
+    for (const std::string& name : names) {
+        if (exists(name)) {
+            rename(name, replaced(name));
+        }
+        rename(unfinished(name), name);
+        ++named;
+    }
+}
+
+void NewFiles::removeReplaced() {
+    std::string left;
+    std::error_code firstReason;
+    for (const std::string& name : names) {
+        std::error_code reason;
+        std::filesystem::remove(pathOf(replaced(name)), reason);
+        if (reason && left.empty()) {
+            left = replaced(name);
+            firstReason = reason;
+        }
+    }
+    if (!left.empty()) {
+        fail("cannot remove " + left, firstReason);
+    }
+}
+
+void NewFiles::takeBack() {
+    current.close();
+    std::error_code ignored;
+    for (std::size_t i = 0; i < created; ++i) {
+        const std::string& name = names[i];
+        std::filesystem::remove(pathOf(i < named ? name : unfinished(name)), ignored);
+        if (exists(replaced(name))) {
+            std::filesystem::rename(pathOf(replaced(name)), pathOf(name), ignored);
+        }
+    }
+}
+
+}  // namespace fragment

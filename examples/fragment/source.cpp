@@ -1,0 +1,75 @@
+#include "source.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <filesystem>
+#include <stdexcept>
+#include <utility>
+
+#include "files.h"
+
+namespace fragment {
+
+namespace {
+
+/// What a copy holds in memory, however large the file is.
+constexpr std::size_t bufferBytes = 65536;
+
+}  // namespace
+
+Source::Source(std::string fileName) : name(std::move(fileName)) {
+    requirePlainFile(name);
+    stream.open(pathOf(name), std::ios::binary);
+    if (!stream) {
+        failOnStream("cannot read " + name);
+    }
+    std::error_code reason;
+    size = std::filesystem::file_size(pathOf(name), reason);
+    if (reason) {
+        fail("cannot read " + name, reason);
+    }
+    if (size == 0) {
+        requireEnd();
+        throw std::runtime_error(name + " is empty");
+    }
+}
+
+std::uintmax_t Source::bytes() const {
+    return size;
+}
+
+void Source::copyTo(NewFiles& target, std::uintmax_t count) {
+    std::array<char, bufferBytes> buffer;
+    while (count > 0) {
+        const std::uintmax_t chunk = std::min<std::uintmax_t>(count, buffer.size());
+        errno = 0;
+        if (!stream.read(buffer.data(), static_cast<std::streamsize>(chunk))) {
+            failOnRead();
+        }
+        target.write(buffer.data(), static_cast<std::streamsize>(chunk));
+        count -= chunk;
+    }
+}
+
+void Source::close() {
+    requireEnd();
+    stream.close();
+}
+
+void Source::requireEnd() {
+    errno = 0;
+    if (stream.peek() != std::ifstream::traits_type::eof() || errno != 0) {
+        failOnRead();
+    }
+}
+
+void Source::failOnRead() const {
+    // Some standard libraries take a read that the system refuses for the end of the file. errno tells them apart.
+    if (errno != 0) {
+        failOnStream("cannot read " + name);
+    }
+    throw std::runtime_error(name + " changed while it was read");
+}
+
+}  // namespace fragment

@@ -1,0 +1,38 @@
+#ifndef FRAGMENT_SOURCE_H
+#define FRAGMENT_SOURCE_H
+
+#include <cstdint>
+#include <fstream>
+#include <string>
+
+#include "new_files.h"
+
+namespace fragment {
+
+/// A file that is read once, from its first byte to its last.
+class Source {
+public:
+    /// Opens the file. Refuses what is no plain file, cannot be read or is empty.
+    explicit Source(std::string name);
+
+    /// The size that the file had when it was opened.
+    std::uintmax_t bytes() const;
+
+    /// Appends the next `count` bytes to the file that `target` writes at the moment.
+    void copyTo(NewFiles& target, std::uintmax_t count);
+
+    /// Closes the file when all its bytes are copied. Refuses one that has grown in the meantime.
+    void close();
+
+private:
+    void requireEnd();
+    [[noreturn]] void failOnRead() const;
+
+    std::string name;
+    std::ifstream stream;
+    std::uintmax_t size = 0;
+};
+
+}  // namespace fragment
+
+#endif

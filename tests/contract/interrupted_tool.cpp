@@ -1,0 +1,53 @@
+// A help screen or a sleep under a rain of signals: interrupted_tool screen, or interrupted_tool sleep MILLISECONDS. At the
+// end it says how many signals its handler saw.
+#include <kelplib/CommandLineTool.h>
+#include <sys/time.h>
+
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+#include "platform/platform.h"
+
+namespace {
+
+volatile sig_atomic_t handled = 0;
+
+void count(int /*signal*/) {
+    handled = handled + 1;
+}
+
+/// One signal every 10 ms, without the flag that has the system go on with an interrupted call.
+bool letItRain() {
+    struct sigaction action {};
+    action.sa_handler = count;
+    itimerval period{};
+    period.it_interval.tv_usec = 10'000;
+    period.it_value.tv_usec = 10'000;
+    return sigaction(SIGALRM, &action, nullptr) == 0 && setitimer(ITIMER_REAL, &period, nullptr) == 0;
+}
+
+void printHandled() {
+    std::printf("%d signals\n", static_cast<int>(handled));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const std::string what = argc > 1 ? argv[1] : "";
+    if (std::atexit(printHandled) != 0 || !letItRain()) {
+        return 1;
+    }
+    if (what == "screen") {
+        const CommandLineTool tool(argc, argv, "Waits.");
+        tool.printUsage();
+    }
+    if (what == "sleep" && argc == 3) {
+        const double start = Kelp::platform::monotonicSeconds();
+        Kelp::platform::sleepMilliseconds(static_cast<unsigned int>(std::stoul(argv[2])));
+        std::printf("%.9f\n", Kelp::platform::monotonicSeconds() - start);
+        return 0;
+    }
+    return 2;
+}

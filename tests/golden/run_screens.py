@@ -1,0 +1,61 @@
+#!/usr/bin/env python3
+"""Plays every scenario of a program in a process of its own and compares what it prints, to the byte, with screens/*.txt.
+
+run_screens.py PROGRAM          compares; exit status 1 when anything differs
+run_screens.py PROGRAM --write  writes the screens anew, to be read before they are committed
+
+A screen file shows every byte: \\e is the escape character, \\t a tab, \\r a carriage return, \\\\ a backslash, \\xHH any other
+byte that cannot be seen; "$" marks the end of each line. Its last line is the exit status.
+"""
+
+import difflib
+import pathlib
+import sys
+
+import programs
+
+SCREENS = pathlib.Path(__file__).parent / "screens"
+NAMED = {0x1B: "\\e", 0x09: "\\t", 0x0D: "\\r", 0x5C: "\\\\", 0x0A: "$\n"}
+
+
+def visible(output):
+    """Text in which every byte of the output can be seen."""
+    return "".join(NAMED.get(byte) or (chr(byte) if 0x20 <= byte < 0x7F else f"\\x{byte:02X}") for byte in output)
+
+
+def screen_of(program, scenario):
+    status, output, errors = programs.run(program, scenario)
+    text = visible(output)
+    if text and not text.endswith("\n"):
+        text += "\n"
+    if errors:
+        text += f"standard error:\n{visible(errors)}\n"
+    return f"{text}exit status {status}\n"
+
+
+def main():
+    program, write = sys.argv[1], "--write" in sys.argv[2:]
+    _, output, _ = programs.run(program)
+    scenarios = output.decode().split()
+    failures = []
+    used = set()
+    for scenario in scenarios:
+        path = SCREENS / (scenario.split(".")[0] + ".txt")
+        actual = screen_of(program, scenario)
+        if write and path not in used:
+            path.write_text(actual, encoding="ascii")
+        used.add(path)
+        expected = path.read_text(encoding="ascii") if path.exists() else ""
+        if actual != expected:
+            failures.append(scenario)
+            sys.stdout.writelines(difflib.unified_diff(expected.splitlines(True), actual.splitlines(True),
+                                                       f"screens/{path.name}", scenario))
+    unused = sorted(path.name for path in set(SCREENS.glob("*.txt")) - used)
+    for name in unused:
+        print(f"screens/{name} belongs to no scenario")
+    print(f"{len(scenarios) - len(failures)} of {len(scenarios)} scenarios show their screen")
+    return 1 if failures or unused or len(scenarios) < 60 else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

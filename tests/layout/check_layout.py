@@ -1,0 +1,110 @@
+#!/usr/bin/env python3
+"""Checks the structure of the source tree: check_layout.py FOLDER. Prints what is wrong; exit status 1 if anything is.
+
+- A private header is included from its own folder, or it lies in src/util or src/platform; util does not look up.
+- Examples and the tests of the shared library include the library's public headers only.
+- Headers do not include each other in a circle.
+- The systems' own headers and macros stand in src/platform alone (and the export mark in Export.h).
+- Functions that write without a bound, or that no library should call, do not occur.
+- Every source is listed in the build; nothing is globbed. A source has at most 200 lines (public headers, which are mostly
+  documentation, may have more).
+"""
+
+import pathlib
+import re
+import sys
+
+MOST_LINES = 200
+SHARED_BY_ALL = ("util", "platform")
+PUBLIC_ONLY = ("examples/", "tests/examples/")
+SYSTEM_HEADERS = re.compile(r"<(windows\.h|direct\.h|io\.h|conio\.h|unistd\.h|fcntl\.h|time\.h|pthread\.h|sys/[^>]*)>")
+SYSTEM_CHECKS = re.compile(r"^\s*#\s*(?:el)?if.*\b(_WIN32|_WIN64|__linux__|__unix__|__APPLE__|__MINGW\w*)\b", re.M)
+FORBIDDEN = re.compile(r"(?<![\w.>])(?:std::)?(sprintf|vsprintf|strcpy|strncpy|strcat|strncat|gets|strtok|system|scanf|"
+                       r"sscanf|alloca|rand)\s*\(")
+INCLUDE = re.compile(r'^\s*#\s*include\s+(["<][^">]+[">])', re.M)
+
+
+def without_comments(text):
+    return re.sub(r"//[^\n]*|/\*.*?\*/", "", text, flags=re.S)
+
+
+def room(path):
+    """The folder of src that a path (or an included name) lies in."""
+    parts = path.removeprefix("src/").split("/")
+    return parts[0] if len(parts) > 1 else ""
+
+
+def may_include(path, header):
+    """Whether a file of src may include a private header."""
+    own, other = room(path), room(header)
+    if own == other or other == "platform":
+        return True
+    return other == "util" and own != "platform"
+
+
+def wrong_includes(path, text):
+    for quoted in INCLUDE.findall(text):
+        name = quoted[1:-1]
+        if SYSTEM_HEADERS.fullmatch(quoted) and not path.startswith(("src/platform/", "tests/")):
+            yield f"{path}: {quoted} belongs into src/platform"
+        if quoted[0] == '"' and path.startswith("src/") and not may_include(path, name):
+            yield f"{path}: {quoted} is private to its folder"
+        if quoted[0] == '"' and path.startswith("include/"):
+            yield f"{path}: a public header includes only public ones"
+        if path.startswith(PUBLIC_ONLY) and room(name) in ("platform", "util", "convert", "path", "console", "frame"):
+            yield f"{path}: {quoted} is private to the library"
+
+
+def wrong_text(path, text):
+    if SYSTEM_CHECKS.search(text) and not path.startswith("src/platform/") and path != "include/kelplib/Export.h":
+        yield f"{path}: asks for the system outside src/platform"
+    if path.startswith(("src/", "include/", "examples/")):
+        for name in FORBIDDEN.findall(text):
+            yield f"{path}: calls {name}"
+
+
+def circles(files):
+    """Headers of src that include themselves by way of others."""
+    edges = {path.removeprefix("src/"): [name[1:-1] for name in INCLUDE.findall(text)]
+             for path, text in files.items() if path.startswith("src/") and path.endswith(".h")}
+    for start in edges:
+        seen, rest = set(), list(edges[start])
+        while rest:
+            name = rest.pop()
+            if name not in seen:
+                seen.add(name)
+                rest.extend(edges.get(name, []))
+        if start in seen:
+            yield f"src/{start}: includes itself by way of others"
+
+
+def findings(files, listed):
+    """What is wrong with the files (path to text), given the text of all CMake files."""
+    for path, whole in files.items():
+        text = without_comments(whole)
+        yield from wrong_includes(path, text)
+        yield from wrong_text(path, text)
+        if whole.count("\n") > MOST_LINES and not path.startswith("include/"):
+            yield f"{path}: more than {MOST_LINES} lines"
+        if path.endswith((".cpp", ".c")) and path.rsplit("/", 1)[1] not in listed:
+            yield f"{path}: is not built"
+    yield from circles(files)
+    if re.search(r"file\s*\(\s*GLOB", listed):
+        yield "CMake: sources are listed by hand"
+
+
+def main():
+    root = pathlib.Path(sys.argv[1])
+    folders = ("include", "src", "examples", "tests", "benchmarks")
+    files = {path.relative_to(root).as_posix(): path.read_text(encoding="utf-8")
+             for folder in folders for path in sorted((root / folder).rglob("*")) if path.suffix in (".cpp", ".h", ".c")}
+    cmake_files = [root / "CMakeLists.txt", *root.glob("cmake/*.cmake"),
+                   *(path for folder in folders for path in (root / folder).rglob("CMakeLists.txt"))]
+    listed = "\n".join(path.read_text(encoding="utf-8") for path in cmake_files)
+    wrong = list(findings(files, listed))
+    print("\n".join(wrong) if wrong else f"{len(files)} files stand where they belong")
+    return 1 if wrong or not files else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,69 @@
+#!/usr/bin/env python3
+"""The layout check finds what it promises to find, and nothing else."""
+
+import unittest
+
+import check_layout
+
+LISTED = "a.cpp b.cpp main.c"
+
+
+def found(path, text, listed=LISTED, **others):
+    return list(check_layout.findings({path: text, **others}, listed))
+
+
+class LayoutCheck(unittest.TestCase):
+    def test_accepts_what_is_allowed(self):
+        for path, text in [
+                ("src/frame/a.cpp", '#include "frame/flag_key.h"\n#include "util/b.h"\n#include "platform/platform.h"\n'),
+                ("src/util/a.cpp", '#include <kelplib/Kelp.h>\n#include "util/b.h"\n#include "platform/platform.h"\n'),
+                ("src/platform/a.cpp", "#include <windows.h>\n#ifdef _WIN32\n#endif\n"),
+                ("src/convert/a.cpp", "// calls strcpy( only in this comment\nstd::snprintf(text, size, format);\n"),
+                ("include/kelplib/Export.h", "#elif !defined(_WIN32)\n"),
+                ("tests/contract/a.cpp", "#include <unistd.h>\n"),
+                ("examples/main.c", "#include <kelplib/KelpProgress.h>\n" + "\n" * 199),
+        ]:
+            self.assertEqual(found(path, text), [], path)
+
+    def test_finds_wrong_includes(self):
+        for path, header in [("src/frame/a.cpp", "convert/number_reading.h"), ("src/console/a.cpp", "frame/flag_key.h"),
+                             ("src/util/a.cpp", "frame/flag_key.h"), ("src/platform/a.cpp", "util/ascii_fold.h"),
+                             ("src/path/a.cpp", "console/bar.h")]:
+            self.assertEqual(found(path, f'#include "{header}"\n'), [f'{path}: "{header}" is private to its folder'])
+        self.assertEqual(found("include/kelplib/Kelp.h", '#include "util/b.h"\n'),
+                         ["include/kelplib/Kelp.h: a public header includes only public ones"])
+        self.assertEqual(found("examples/a.cpp", '#include "util/b.h"\n'),
+                         ['examples/a.cpp: "util/b.h" is private to the library'])
+
+    def test_finds_the_systems_outside_the_platform_layer(self):
+        self.assertEqual(found("src/util/a.cpp", "#include <windows.h>\n"),
+                         ["src/util/a.cpp: <windows.h> belongs into src/platform"])
+        self.assertEqual(found("examples/a.cpp", "#include <unistd.h>\n"),
+                         ["examples/a.cpp: <unistd.h> belongs into src/platform"])
+        for line in ("#ifdef _WIN32", "#if defined(__linux__)", "# elif defined(X) || defined(_WIN64)"):
+            self.assertEqual(found("tests/unit/a.cpp", line + "\n"),
+                             ["tests/unit/a.cpp: asks for the system outside src/platform"])
+
+    def test_finds_forbidden_functions(self):
+        for call in ("sprintf(text, format)", "std::strcpy (a, b)", "x = rand()", "gets(line)"):
+            name = call.split("(")[0].split("=")[-1].replace("std::", "").strip()
+            self.assertEqual(found("src/util/a.cpp", f"    {call};\n"), [f"src/util/a.cpp: calls {name}"])
+        self.assertEqual(found("src/util/a.cpp", "snprintf(a); targets(b); file.gets(c);\n"), [])
+
+    def test_finds_circles(self):
+        self.assertEqual(found("src/util/x.h", '#include "util/y.h"\n', **{"src/util/y.h": '#include "util/x.h"\n'}),
+                         ["src/util/x.h: includes itself by way of others",
+                          "src/util/y.h: includes itself by way of others"])
+
+    def test_finds_what_is_not_built_by_hand(self):
+        self.assertEqual(found("src/util/c.cpp", ""), ["src/util/c.cpp: is not built"])
+        self.assertEqual(found("src/util/a.cpp", "", "a.cpp file(GLOB x)"), ["CMake: sources are listed by hand"])
+
+    def test_finds_long_sources(self):
+        self.assertEqual(found("src/util/a.cpp", "\n" * 200), [])
+        self.assertEqual(found("src/util/a.cpp", "\n" * 201), ["src/util/a.cpp: more than 200 lines"])
+        self.assertEqual(found("include/kelplib/Kelp.h", "\n" * 201), [])
+
+
+if __name__ == "__main__":
+    unittest.main()

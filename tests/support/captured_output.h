@@ -1,0 +1,29 @@
+#ifndef KELPLIB_TESTS_CAPTURED_OUTPUT_H
+#define KELPLIB_TESTS_CAPTURED_OUTPUT_H
+
+#include <iostream>
+#include <sstream>
+#include <string>
+
+/// Keeps what is written to std::cout while it lives.
+class CapturedOutput {
+public:
+    CapturedOutput() : original(std::cout.rdbuf(captured.rdbuf())) {}
+
+    ~CapturedOutput() {
+        std::cout.rdbuf(original);
+    }
+
+    CapturedOutput(const CapturedOutput&) = delete;
+    CapturedOutput& operator=(const CapturedOutput&) = delete;
+
+    std::string text() const {
+        return captured.str();
+    }
+
+private:
+    std::ostringstream captured;
+    std::streambuf* original;
+};
+
+#endif

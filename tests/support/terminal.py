@@ -1,0 +1,123 @@
+"""Real terminals for the programs under test: one tmux pane each, read back row by row.
+
+    with terminal.Terminal(program, "--help") as pane:
+        status = pane.wait_for_end()
+        rows = pane.settled_rows(expected)
+
+On Windows the pane holds a console of wine's. Nothing here waits a fixed time: it looks again until what it waits for is
+there, and gives up after LIMIT_SECONDS.
+"""
+
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+
+import programs
+
+LIMIT_SECONDS = 30
+SETTLE_SECONDS = 5
+LOOK_AGAIN_SECONDS = 0.02
+
+# Runs the program with standard error in a file, then tells its exit status in the terminal's title: that reaches tmux
+# behind all that the program has written, and leaves the screen as it is. Asking tmux itself would not do: it now and then
+# misses the end of a program that ends quickly.
+ENDED = "ended with "
+RUN_AND_STAY = f"""
+exec 2>"$0"
+"$@"
+printf '\\033]2;{ENDED}%s\\007' $?
+exec sleep 600
+"""
+
+if shutil.which("tmux") is None:
+    sys.exit("tmux is not installed: the tests in real terminals need it")
+
+
+class Terminal:
+    """A program in a terminal of its own. Standard input and output are the terminal, standard error is kept apart."""
+
+    def __init__(self, program, *arguments, columns=80, rows=24):
+        # A folder of its own for the server's socket: tests at the same time, or inside somebody's tmux, do not meet.
+        self._folder = tempfile.TemporaryDirectory(prefix="kelplib-terminal-")
+        self._errors = pathlib.Path(self._folder.name, "standard-error")
+        self._environment = {name: value for name, value in os.environ.items() if name not in ("TMUX", "TMUX_PANE")}
+        self._environment.update(TERM="screen", LC_ALL="C.UTF-8")
+        self._tmux(
+            "set-option", "-g", "default-terminal", "screen", ";",
+            "set-option", "-g", "status", "off", ";",
+            "new-session", "-d", "-x", str(columns), "-y", str(rows),
+            "sh", "-c", RUN_AND_STAY, str(self._errors), *programs.command(program, *arguments))
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.close()
+
+    def close(self):
+        """Ends the terminal, and the program if it still runs."""
+        self._tmux("kill-server")
+        self._folder.cleanup()
+
+    def rows(self, colours=False):
+        """The screen, one text per row, without the blanks at its end; with colours as escape sequences if asked for."""
+        return self._tmux("capture-pane", "-p", *(["-e"] if colours else [])).split("\n")[:-1]
+
+    def cursor(self):
+        """Column and row of the cursor, from 0."""
+        column, row = self._ask("#{cursor_x} #{cursor_y}").split()
+        return int(column), int(row)
+
+    def errors(self):
+        """The bytes of standard error so far."""
+        return self._errors.read_bytes()
+
+    def type(self, text):
+        """Types a text as a person would."""
+        self._tmux("send-keys", "-l", text)
+
+    def wait_for(self, condition, what):
+        """Waits until condition() is true; `what` names it in the failure."""
+        if not self._comes_true(condition, LIMIT_SECONDS):
+            screen = "\n".join(self.rows())
+            raise AssertionError(f"waited {LIMIT_SECONDS} s in vain for {what}; the screen is\n{screen}")
+
+    def wait_for_text(self, text):
+        """Waits until a row holds the text."""
+        self.wait_for(lambda: any(text in row for row in self.rows()), f"the text {text!r}")
+
+    def wait_for_end(self):
+        """Waits until the program has ended. Returns its exit status, 128 + N if signal N ended it."""
+        self.wait_for(lambda: self._ask("#{pane_title}").startswith(ENDED), "the program's end")
+        return int(self._ask("#{pane_title}").removeprefix(ENDED))
+
+    def settled_rows(self, expected, **options):
+        """The rows as soon as they are the expected ones, or as they are after a while. A console of wine's may draw its
+        program's last words a little after the program's end."""
+        self._comes_true(lambda: self.rows(**options) == expected, SETTLE_SECONDS)
+        return self.rows(**options)
+
+    @staticmethod
+    def _comes_true(condition, limit_seconds):
+        limit = time.monotonic() + limit_seconds
+        while not condition():
+            if time.monotonic() > limit:
+                return False
+            time.sleep(LOOK_AGAIN_SECONDS)
+        return True
+
+    def _ask(self, question):
+        return self._tmux("display-message", "-p", question).rstrip("\n")
+
+    def _tmux(self, *words):
+        socket = str(pathlib.Path(self._folder.name, "socket"))
+        done = subprocess.run(["tmux", "-u", "-S", socket, "-f", "/dev/null", *words], env=self._environment,
+                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                              timeout=LIMIT_SECONDS, check=False)
+        if done.returncode != 0:
+            raise AssertionError(f"tmux {words[0]}: {done.stderr.decode(errors='replace').strip()}")
+        return done.stdout.decode()

@@ -1,0 +1,64 @@
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "all_texts.h"
+#include "convert/number_reading.h"
+#include "digest.h"
+#include "number_types.h"
+
+namespace {
+
+using std::string_view_literals::operator""sv;
+
+constexpr auto letters = "019+-.eEx a\0"sv;
+constexpr std::size_t longest = 5;
+
+template <class T>
+T extractedOver(T old, const std::string& text) {
+    std::stringstream(text) >> old;
+    return old;
+}
+
+/// Whether this library's streams stop at the first character that cannot continue a number, as the standard's
+/// conversion table has it. Some take "abc" into a real number first and then find that the whole is none.
+bool streamsStopWhereTheNumberStops() {
+    return extractedOver(99.0, "12abc") == 12.0;
+}
+
+/// The digest of what is read from all texts, each over 99. Typed in below: the same on every system.
+template <class T>
+constexpr std::uint64_t expectedDigest = 0;
+template <>
+constexpr std::uint64_t expectedDigest<int> = 7162669966019597780U;
+template <>
+constexpr std::uint64_t expectedDigest<unsigned short> = 15232543483640665292U;
+template <>
+constexpr std::uint64_t expectedDigest<unsigned int> = 1840244080429398812U;
+template <>
+constexpr std::uint64_t expectedDigest<unsigned long long> = 7162669966019597780U;
+template <>
+constexpr std::uint64_t expectedDigest<double> = 7621400800250876200U;
+template <>
+constexpr std::uint64_t expectedDigest<float> = 16700485091828929992U;
+
+template <class T>
+class AllShortTexts : public ::testing::Test {};
+
+TYPED_TEST_SUITE(AllShortTexts, NumberTypes, NumberTypeNames);
+
+TYPED_TEST(AllShortTexts, ReadAsAStreamReadsThemAndTheSameOnEverySystem) {
+    // Integers are read alike by the streams of every library.
+    const bool streamsAreAModel = std::is_integral_v<TypeParam> || streamsStopWhereTheNumberStops();
+    Digest digest;
+    forEachText(letters, longest, [&](const std::string& text) {
+        const TypeParam actual = readOver<TypeParam>(99, text);
+        digest.add(bitsOf(actual));
+        if (streamsAreAModel && !this->HasFailure()) {
+            EXPECT_EQ(bitsOf(actual), bitsOf(extractedOver<TypeParam>(99, text))) << shown(text);
+        }
+    });
+    EXPECT_EQ(digest.value(), expectedDigest<TypeParam>);
+}
+
+}  // namespace
