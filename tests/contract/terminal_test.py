@@ -70,7 +70,7 @@ class Rewind(Case):
 
     def test_move_above_the_top(self):
         # A Windows console refuses; a terminal moves as far as it can.
-        for lines in ("6", "32773", "65536", "65541"):
+        for lines in ("6", "65536"):
             with self.subTest(lines):
                 if programs.ON_WINDOWS:
                     self.show(PLATFORM_TOOL, "mark", lines, "5", cursor=(4, 5), errors=b"0\n",

@@ -34,7 +34,7 @@ public:
           valid(std::setlocale(changedCategory, name) != nullptr) {}
 
     ~ScopedCLocale() {
-        std::setlocale(category, original.c_str());
+        static_cast<void>(std::setlocale(category, original.c_str()));
     }
 
     ScopedCLocale(const ScopedCLocale&) = delete;

@@ -8,7 +8,7 @@
 
 namespace {
 
-using std::string_literals::operator""s;
+using namespace std::string_literals;
 
 struct ColorCase {
     std::string text;

@@ -9,7 +9,7 @@
 
 namespace {
 
-using std::string_view_literals::operator""sv;
+using namespace std::string_view_literals;
 
 constexpr auto letters = "019+-.eEx a\0"sv;
 constexpr std::size_t longest = 5;

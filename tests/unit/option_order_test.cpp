@@ -11,8 +11,8 @@
 
 namespace {
 
-using std::string_literals::operator""s;
-using std::string_view_literals::operator""sv;
+using namespace std::string_literals;
+using namespace std::string_view_literals;
 
 static_assert(std::is_empty_v<ci_less> && std::is_default_constructible_v<ci_less>);
 

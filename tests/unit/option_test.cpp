@@ -12,7 +12,7 @@
 
 namespace {
 
-using std::string_literals::operator""s;
+using namespace std::string_literals;
 
 static_assert(!std::is_polymorphic_v<Kelp::Option> && !std::is_polymorphic_v<Kelp::Argument>);
 

@@ -12,7 +12,7 @@
 
 namespace {
 
-using std::string_literals::operator""s;
+using namespace std::string_literals;
 using std::filesystem::path;
 
 constexpr bool pathsAreUtf16 = sizeof(path::value_type) == 2;
@@ -161,7 +161,7 @@ TEST(PathValue, RefusesIllFormedTextsOnlyWherePathsAreUtf16) {
     for (const std::string& sequence : illFormed()) {
         for (const std::string& text :
              {sequence, "a/" + sequence, sequence + "b", "\xF0\x9F\x98\x80" + sequence + "\xC3\xA4"}) {
-            if constexpr (pathsAreUtf16) {
+            if (pathsAreUtf16) {
                 expectRefusal(text);
             } else {
                 path target = "old/path";

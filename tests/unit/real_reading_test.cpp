@@ -6,7 +6,7 @@
 
 namespace {
 
-using std::string_view_literals::operator""sv;
+using namespace std::string_view_literals;
 
 struct RealCase {
     std::string_view text;

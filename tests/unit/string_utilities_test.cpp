@@ -7,7 +7,7 @@
 
 namespace {
 
-using std::string_literals::operator""s;
+using namespace std::string_literals;
 using Strings = std::vector<std::string>;
 
 struct SplitCase {
