@@ -1,7 +1,6 @@
 // The system's own platform layer, one call or one short sequence of calls per run: platform_tool WHAT [NUMBER...].
 // Standard output carries what is under test; what a call of it returned goes to standard error.
 #include <cstdio>
-#include <cstdlib>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -49,22 +48,16 @@ void directory(const Numbers&) {
     std::cout << "<" << platform::currentDirectory() << ">\n";
 }
 
-/// Not through std::cerr: that would flush std::cout first.
+/// Straight out and with nothing else: std::cerr would flush std::cout first.
 void tellResult(int result) {
     static_cast<void>(std::fprintf(stderr, "%d\n", result));
-}
-
-/// A move up in front of an end that loses whatever is unwritten then.
-[[noreturn]] void rewindAndVanish(const Numbers& numbers) {
-    tellResult(platform::rewindCursor(numbers.at(0)));
-    std::_Exit(0);
 }
 
 /// A move up by the number, with unwritten text of both kinds in one buffer.
 void rewind(const Numbers& numbers) {
     std::printf("stdio ");
     std::cout << "stream ";
-    rewindAndVanish(numbers);
+    tellResult(platform::rewindCursor(numbers.at(0)));
 }
 
 /// The same with a buffer for each.

@@ -1,0 +1,39 @@
+#ifndef KELPLIB_TESTS_FLUSH_RECORDER_H
+#define KELPLIB_TESTS_FLUSH_RECORDER_H
+
+#include <iostream>
+#include <streambuf>
+#include <string>
+
+/// Keeps what is written to std::cout while it lives, with a "~" wherever the stream was flushed.
+class FlushRecorder : private std::streambuf {
+public:
+    FlushRecorder() : original(std::cout.rdbuf(this)) {}
+
+    ~FlushRecorder() override {
+        std::cout.rdbuf(original);
+    }
+
+    FlushRecorder(const FlushRecorder&) = delete;
+    FlushRecorder& operator=(const FlushRecorder&) = delete;
+
+    std::string text() const {
+        return recorded;
+    }
+
+private:
+    int_type overflow(int_type character) override {
+        recorded += traits_type::to_char_type(character);
+        return character;
+    }
+
+    int sync() override {
+        recorded += '~';
+        return 0;
+    }
+
+    std::string recorded;
+    std::streambuf* original;
+};
+
+#endif
