@@ -3,6 +3,7 @@
 #include <iostream>
 #include <stdexcept>
 
+#include "files.h"
 #include "new_files.h"
 #include "source.h"
 
@@ -43,6 +44,11 @@ std::vector<std::string> fragmentNames(const std::string& base, unsigned long lo
     std::vector<std::string> names;
     for (unsigned long long i = 0; i < count; ++i) {
         names.push_back(Kelp::createFragmentName(i, base, width));
+    }
+    // A join that follows the numbers would go on into the fragments of an earlier, longer cut.
+    const std::string next = Kelp::createFragmentName(count, base, width);
+    if (next.size() == names.back().size() && exists(next)) {
+        throw std::runtime_error(next + " belongs to another cut; remove that one first");
     }
     return names;
 }

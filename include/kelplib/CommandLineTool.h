@@ -22,7 +22,10 @@
 /// and the help screen are printed on standard output and the exit status is 0, whatever the reason.
 ///
 /// Flags are told apart by their first letter alone: with "-o" registered, --output, --oops and -o=x are all accepted.
-/// "-v" and "-h" are flags like any other in this check; a tool that wants "-v" registers it.
+/// "-v" and "-h" are flags like any other in this check; a tool that wants "-v" registers it. hasOption() and the help and
+/// verbose requests compare whole tokens: --oops is accepted and is no --output.
+///
+/// Values are read with a Kelp::OptionReader of the tool's own.
 ///
 /// A program path with a backslash whose last part has fewer than four characters has no tool name: whatever prints the
 /// banner or the help screen then throws std::out_of_range, the constructors included.
@@ -31,9 +34,10 @@
 class KELP_API CommandLineTool {
 public:
     /// \name Construction
-    /// All texts and records are copied; the vectors are only read. The short forms take no input file for granted, the
-    /// full one demands that the first positional argument names a readable file ("." and texts with "*" pass unopened),
-    /// and looks for it before it looks for a help request.
+    /// All texts and records are copied; the vectors have to be variables and are only read. The short forms demand no
+    /// input file, make the usage line themselves, and put kelplib's copyright line into the banner. The full one demands,
+    /// even with no arguments described, that the first positional argument names a readable file ("." and texts with "*"
+    /// pass unopened), and looks for it before it looks for a help request.
     /// \throws std::logic_error   for a null element of argv, see Kelp::OptionReader
     /// \throws std::out_of_range  see the class
     /// @{
@@ -50,7 +54,7 @@ public:
     /// A tool with everything.
     /// \param usage    what follows the tool's name in the usage line; empty: "[OPTIONS]" and the argument names
     /// \param example  what follows the tool's name in the example line
-    /// \param header   the third line of the banner
+    /// \param header   the banner's line under the tool's name
     CommandLineTool(int argc, char** argv, std::string description, std::string usage, std::string example,
                     std::string header, std::vector<Kelp::Option>& options, std::vector<Kelp::Argument>& arguments);
     /// @}
@@ -77,7 +81,7 @@ public:
     /// \throws std::out_of_range  see the class
     std::string getToolName() const;
 
-    /// Prints the banner: six lines, each flushed.
+    /// Prints the banner, six lines, each flushed: an empty one, a rule, the tool's name, the header, a rule, an empty one.
     /// \throws std::out_of_range  see the class
     void printHeader() const;
     /// Prints the help screen, waits half a second so that a console that closes at once still shows it, and ends the
@@ -111,7 +115,7 @@ public:
     /// @}
 
     /// The position of an option on the command line.
-    /// \param name   the short flag under which the option is registered, in any letter case
+    /// \param name   the short flag under which the option is registered, in any letter case; its long form is none
     /// \param start  first position looked at
     /// \returns the position of the first token that equals one of the option's two forms; 0 when there is none, or when
     ///          no such option is registered
@@ -122,8 +126,8 @@ public:
 
     /// As Kelp::OptionReader::getFirstArgument.
     int getFirstArgument(std::string& out, int start) const;
-    /// Replaces `out` by the positional arguments at or after `start` (0 means 1). In verbose mode a trace line is printed
-    /// first.
+    /// Replaces `out` by the positional arguments at or after `start` (0 means 1). In verbose mode the trace line
+    /// "getFiles()" is printed first; the list form prints nothing.
     /// \returns their number
     int getArguments(std::vector<std::string>& out, int start) const;
     /// The same into a list, without a trace line.

@@ -23,7 +23,8 @@ public:
     /// \param shortFlag    the short form with its dash ("-h"); it names the option in the tool's registry
     /// \param longFlag     the long form with its dashes ("--help")
     /// \param description  one line of help text
-    /// \param marker       kept for the tool that builds the record; the library copies it and never reads it
+    /// \param marker       kept for the tool that builds the record (say, for options that take a value); the library copies
+    ///                     it and never reads it
     Option(std::string shortFlag, std::string longFlag, std::string description, bool marker);
 
     /// Prints the option's block of the help screen and a blank line. The stream is not flushed.
@@ -36,7 +37,8 @@ public:
     bool marker;
 };
 
-/// One positional argument that a tool accepts. A plain record: nothing is checked, any text may be empty.
+/// One positional argument that a tool accepts, for the usage line and the help: how many arguments a command line has is
+/// not checked. A plain record: any text may be empty.
 class KELP_API Argument {
 public:
     /// \param name         the name shown in the usage line and in the help
@@ -66,8 +68,8 @@ struct StringDouble {
 /// The numeric overloads read as a formatted stream of the process's global locale does. With the classic locale (every
 /// tool that never changes it) that means: leading blanks are skipped; an optional sign; decimal digits only, and for the
 /// two real types an optional "." and exponent; reading stops where the number stops and the rest is ignored ("12abc" is
-/// 12, "0x1F" is 0). No digits, a dangling exponent ("1e"), "inf" and "nan" give 0. A number that does not fit becomes
-/// the type's nearest limit, never infinity. An unsigned type negates modulo its range ("-1" is its largest value), but a
+/// 12, "0x1F" is 0). No digits, "inf" and "nan" give 0, and so does a real number whose exponent lacks its digits ("1e").
+/// A number that does not fit becomes the type's nearest limit, never infinity. An unsigned type negates modulo its range ("-1" is its largest value), but a
 /// magnitude beyond the range gives the largest value. An empty or blank text leaves the target as it was, so that a
 /// default survives.
 /// @{
@@ -97,6 +99,8 @@ KELP_API void stringToValue(std::filesystem::path& target, std::string text);
 /// else, the empty token included, is a positional argument. A value belongs to its flag only when it is attached with
 /// "=". Letter case never matters in flags (ASCII letters only). There is no end-of-options marker: "-5" is a flag.
 ///
+/// A tool reads its values with a reader of its own, beside its CommandLineTool.
+///
 /// Positions are token indices. Position 0 doubles as the answer for nothing found; a negative `start` finds nothing.
 /// A reader keeps no pointer into argv. One thread at a time may use it.
 class KELP_API OptionReader {
@@ -113,7 +117,12 @@ public:
     /// The same with the two forms of `option`.
     int hasOption(const Option& option, int start) const;
 
-    /// Converts the value of the first matching flag token at or after `start`.
+    /// Converts the value of the first matching flag token at or after `start`. T is a type that has a stringToValue above.
+    /// Every occurrence of an option, each into a target of its own:
+    ///
+    ///     int next = 1;
+    ///     for (std::string value; (next = reader.getValue("-i", "--input", value, next)) != 0; value.clear()) { ... }
+    ///
     /// A token matches by its first letter alone: -n, -n=5, -nfoo, --n and --number=5 all count as -n, in either case.
     /// The value is the text after the first "="; a flag without "=" converts the empty text.
     /// \param shortFlag, longFlag  names compared with that two-character key; a full long name can therefore never match

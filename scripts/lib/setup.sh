@@ -6,7 +6,7 @@ set -euo pipefail
 
 script=scripts/$(basename "$(readlink -f "$0")")
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."
-export LC_ALL=C.UTF-8 HOME="${HOME:-~}"
+export LC_ALL=C.UTF-8 HOME=${HOME:-~}
 unset LANGUAGE CDPATH
 
 scratch=$(mktemp -d "${TMPDIR:-/tmp}/kelplib.XXXXXX")
@@ -66,6 +66,7 @@ missing_packages() {
 check_cmake() {
     local version
     version=$(cmake --version | sed -n '1s/^cmake version \([0-9]*\.[0-9]*\).*/\1/p')
+    version=${version:-0.0}
     if (( ${version%.*} * 1000 + ${version#*.} < 3025 )); then
         fail "cmake $version is too old; kelplib needs cmake 3.25 or newer"
     fi
@@ -110,4 +111,10 @@ install_missing() {
         [[ -z $packages ]] || fail_with_log "installed, but their programs or files are not where kelplib looks: $packages"
     fi
     check_cmake
+}
+
+# prepare_wine: has wine make its settings, which takes a while the first time, so that no test waits for them.
+prepare_wine() {
+    echo 'Preparing wine'
+    quietly timeout 300 cmake/run-under-wine wineboot || fail_with_log 'wine does not start'
 }

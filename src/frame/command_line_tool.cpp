@@ -5,7 +5,7 @@
 
 namespace {
 
-/// The banner's third line for tools that bring none of their own.
+/// The banner's line under the tool's name, for tools that bring none of their own.
 constexpr char copyrightLine[] = "     Copyright (c) 2026 The kelplib authors, MIT licence";
 static_assert(sizeof copyrightLine - 1 == 56, "the banner is laid out for a line of 56 characters");
 

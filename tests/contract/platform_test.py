@@ -121,8 +121,8 @@ class CurrentDirectory(unittest.TestCase):
     def test_deleted_folder_has_no_name(self):
         folder = self.folder / "deleted"
         folder.mkdir()
-        deleted = subprocess.run(["sh", "-c", 'rmdir "$PWD"; exec "$0" directory', TOOL], cwd=folder, timeout=60, check=True,
-                                 stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        deleted = subprocess.run(["sh", "-c", 'rmdir "$PWD"; exec "$0" directory', TOOL], cwd=folder, timeout=60,
+                                 check=True, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         self.assertEqual((deleted.stdout, deleted.stderr), (b"<>\n", b""))
 
 
@@ -135,7 +135,8 @@ class RewindWithoutConsole(unittest.TestCase):
     """What was unwritten before the call gets written, and nothing else."""
 
     def rewind(self, lines, call="rewind", **options):
-        done = subprocess.run(programs.command(TOOL, call, lines), stdin=subprocess.DEVNULL, timeout=60, check=True, **options)
+        done = subprocess.run(programs.command(TOOL, call, lines), stdin=subprocess.DEVNULL, timeout=60, check=True,
+                              **options)
         return [programs.plain_line_ends(output) for output in (done.stdout, done.stderr) if output is not None]
 
     def rewind_into_one_pipe(self, lines, **options):

@@ -7,8 +7,10 @@ SYSTEM_TOOL is without_output on Windows, interrupted_tool elsewhere.
 import concurrent.futures
 import ctypes
 import os
+import socket
 import subprocess
 import sys
+import tempfile
 import time
 import unittest
 
@@ -26,12 +28,12 @@ def ending_in_help(first_words):
     return first_words + screens.HELP + screens.AFTER_HELP
 
 
-def report(number=b"12, search on from 0", text=b"<nothing>, search on from 0", at=b"--number at 0, --text at 0", first=b"1",
-           arguments=(b".",)):
+def report(number=b"12, search on from 0", text=b"<nothing>, search on from 0", at=b"--number at 0, --text at 0",
+           first=b"1", arguments=(b".",)):
     """What the tool prints about an acceptable command line."""
     listed = b"".join(b"argument <" + argument + b">\n" for argument in arguments)
-    return (b"tool screen_tool\n" + at + b"\nnumber " + number + b"\ntext " + text + b"\nfirst argument at " + first + b"\n" +
-            listed + screens.AFTER_RETURN)
+    return (b"tool screen_tool\n" + at + b"\nnumber " + number + b"\ntext " + text + b"\n"
+            b"first argument at " + first + b"\n" + listed + screens.AFTER_RETURN)
 
 
 def run_together(command_lines):
@@ -67,16 +69,27 @@ class Screens(unittest.TestCase):
                 self.assertEqual(errors, b"")
                 self.assertEqual(status, 0)
 
+    @unittest.skipIf(programs.ON_WINDOWS, "there a file that exists can be opened unless somebody holds it")
+    def test_a_file_that_exists_but_cannot_be_opened(self):
+        with tempfile.TemporaryDirectory() as folder, socket.socket(socket.AF_UNIX) as listener:
+            name = os.path.join(folder, "socket")
+            listener.bind(name)
+            status, output, _ = programs.run(TOOL, name)
+        refusal = f"File {name} doesn't exist. Please insert a valid file name.\n"
+        self.assertEqual((status, output), (0, ending_in_help(refusal.encode())))
+
     def test_acceptable_command_lines(self):
         cases = [
             (["."], report()),
-            ([".", "-n", "--text"], report(number=b"12, search on from 3", text=b"<>, search on from 4",
-                                           at=b"--number at 2, --text at 3")),
-            (["-n=5", ".", "--TEXT=a b=c", "x"], report(number=b"5, search on from 2", text=b"<a b=c>, search on from 4",
-                                                        first=b"2", arguments=(b".", b"x"))),
+            ([".", "-n", "--text"],
+             report(number=b"12, search on from 3", text=b"<>, search on from 4", at=b"--number at 2, --text at 3")),
+            (["-n=5", ".", "--TEXT=a b=c", "x"],
+             report(number=b"5, search on from 2", text=b"<a b=c>, search on from 4", first=b"2",
+                    arguments=(b".", b"x"))),
             (["*.no-such-file"], report(arguments=(b"*.no-such-file",))),
         ]
-        for (words, expected), (status, output, errors) in zip(cases, run_together(words for words, _ in cases), strict=True):
+        results = run_together(words for words, _ in cases)
+        for (words, expected), (status, output, errors) in zip(cases, results, strict=True):
             with self.subTest(words):
                 self.assertEqual(output, expected)
                 self.assertEqual(errors, b"")
@@ -94,9 +107,9 @@ class Tokens(unittest.TestCase):
 
     def test_odd_tokens_arrive_whole(self):
         words = [
-            b"", b" ", b"\t", b"  blanks around  ", b'say "hello"', b"it's", b"back\\slash", b"at the end\\", b"two\\\\",
-            b'before a quote\\"', b"\\\\server\\share", b"=", b"=x", b"a=b", b"%PATH%", b"$HOME", b"*", b"?", b"*.txt",
-            b"two\nlines", b"&|<>^", b"@file", b"/x", b"\x1b[31m", b"",
+            b"", b" ", b"\t", b"  blanks around  ", b'say "hello"', b"it's", b"back\\slash", b"at the end\\",
+            b"two\\\\", b'before a quote\\"', b"\\\\server\\share", b"=", b"=x", b"a=b", b"%PATH%", b"$HOME",
+            b"*", b"?", b"*.txt", b"two\nlines", b"&|<>^", b"@file", b"/x", b"\x1b[31m", b"",
         ]
         self.check(words, report(arguments=[b".", *words]))
 
@@ -125,7 +138,8 @@ class Tokens(unittest.TestCase):
         program = next(os.path.join(folder, TOOL).encode() for folder in os.environ["PATH"].split(os.pathsep))
         libc = ctypes.CDLL(None)
         done = subprocess.run(["never started"], preexec_fn=lambda: libc.execve(program, words, environment),
-                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=60, check=False)
+                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=60,
+                              check=False)
         self.assertEqual(done.stdout, ending_in_help(FILE_MISSING).replace(b"screen_tool", b""))
         self.assertEqual(done.stderr, b"")
         self.assertEqual(done.returncode, 0)
@@ -135,7 +149,8 @@ class HalfSecond(unittest.TestCase):
     def read_help(self):
         """Seconds from the start to the whole screen, and from there to the end."""
         start = time.monotonic()
-        with subprocess.Popen(programs.command(TOOL, ".", "-h"), stdin=subprocess.DEVNULL, stdout=subprocess.PIPE) as process:
+        words = programs.command(TOOL, ".", "-h")
+        with subprocess.Popen(words, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE) as process:
             output = b""
             while len(programs.plain_line_ends(output)) < len(screens.HELP):
                 piece = os.read(process.stdout.fileno(), 65536)
@@ -149,7 +164,7 @@ class HalfSecond(unittest.TestCase):
         return whole - start, end - whole
 
     def test_the_whole_screen_can_be_read_before_the_pause(self):
-        # On a busy machine this script itself may look late: the screen then seems to come late. One timely look is enough.
+        # On a busy machine this script itself may look late, and the screen seem late. One timely look is enough.
         tries = []
         for _ in range(5):
             to_screen, from_screen = self.read_help()
@@ -171,7 +186,8 @@ class HalfSecond(unittest.TestCase):
 
 class NobodyReads(unittest.TestCase):
     def run_with_output(self, words, **options):
-        return subprocess.run(words, stdin=subprocess.DEVNULL, stderr=subprocess.PIPE, timeout=60, check=False, **options)
+        return subprocess.run(words, stdin=subprocess.DEVNULL, stderr=subprocess.PIPE, timeout=60, check=False,
+                              **options)
 
     def test_output_that_takes_nothing(self):
         with open("/dev/full", "wb") as full:

@@ -88,8 +88,8 @@ COLOURED_HELP_ROWS = [
     "",
 ]
 
-# A console that was not asked to interpret escape sequences, as wine's, shows them: each escape character in a column that
-# tmux leaves out, and the rest as text.
+# A console that was not asked to interpret escape sequences, as wine's, shows them: each escape character in a column
+# that tmux leaves out, and the rest as text.
 PLAIN_CONSOLE_HELP_ROWS = [
     "[34m####################################[0m",
     "[37m   screen_tool[0m",

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """What the shared library exports: symbols_test.py NM LIBRARY INCLUDE_FOLDER
 
-LIBRARY is the library that programs are linked with: on Windows the import library. A name is public when the public headers
-declare it; instances of the standard library's templates may stand beside them.
+LIBRARY is the library that programs are linked with: on Windows the import library. A name is public when the public
+headers declare it; instances of the standard library's templates may stand beside them.
 """
 
 import pathlib
@@ -30,8 +30,8 @@ PUT_IN_BY_THE_LINKER = {"__bss_start", "_edata", "_end"}
 
 def exported_symbols():
     dynamic = [] if LIBRARY.endswith(".a") else ["--dynamic"]
-    listing = subprocess.run([NM, *dynamic, "--defined-only", "--demangle", LIBRARY], stdout=subprocess.PIPE, check=True,
-                             encoding="utf-8").stdout
+    listing = subprocess.run([NM, *dynamic, "--defined-only", "--demangle", LIBRARY], stdout=subprocess.PIPE,
+                             check=True, encoding="utf-8").stdout
     lines = [line.split(" ", 2) for line in listing.splitlines() if re.match(r"[0-9a-f]+ [A-Zu] ", line)]
     # Of an import library only the names themselves, not its tables.
     return [symbol for _, kind, symbol in lines if dynamic or kind == "T"]
@@ -73,12 +73,14 @@ class Exports(unittest.TestCase):
     def test_internal_names_are_told_apart(self):
         words = public_words()
         for symbol in ("Kelp::platform::sleepMilliseconds(unsigned int)", "sleepMilliseconds", "Kelp::escape::red",
-                       "Kelp::flagKey[abi:cxx11](std::basic_string<char> const&)", "(anonymous namespace)::copyrightLine",
+                       "Kelp::flagKey[abi:cxx11](std::basic_string<char> const&)",
+                       "(anonymous namespace)::copyrightLine",
                        "int collectArguments<std::vector<std::pair<int, int> > >(Kelp::OptionReader const&)",
                        "typeinfo for Kelp::Internal", "std_like::name()"):
             with self.subTest(symbol):
                 self.assertFalse(is_public(symbol, words))
-        for symbol in ("Kelp::Option::~Option()", "Kelp::Option::operator=(Kelp::Option&&)", "typeinfo for Kelp::Option",
+        for symbol in ("Kelp::Option::~Option()", "Kelp::Option::operator=(Kelp::Option&&)",
+                       "typeinfo for Kelp::Option",
                        "int Kelp::OptionReader::getValue<std::vector<std::pair<int, int> > >(int)",
                        "std::_Rb_tree<int, Kelp::Option>::_M_erase(int)"):
             with self.subTest(symbol):

@@ -76,6 +76,14 @@ class CutTest(FragmentTestCase):
         self.check(b"fragments: 3, bytes: 6, first: in.part_0, last: in.part_2\n", "-n=3", "--force", "in")
         self.assertEqual({"in": b"123456", "in.part_0": b"12", "in.part_1": b"34", "in.part_2": b"56"}, self.contents())
 
+    def test_fragments_of_a_longer_cut(self):
+        self.write("in", b"abcdefghijkl")
+        self.write("in.part_2", b"old")
+        for arguments in (("-n=2", "in"), ("-f", "-n=2", "in"), ("-f", "-s=6", "-o=in.part_", "in")):
+            self.check_refusal(b"in.part_2 belongs to another cut; remove that one first", *arguments)
+        self.write("x10", b"another number of digits")
+        self.assertEqual((0, b""), self.tool("-n=10", "-o=x", "in")[::2])
+
     def test_overwriting_the_input(self):
         self.write("in0", b"123456")
         self.check_refusal(b"in0 exists already; -f overwrites it", "-n=2", "-o=in", "in0")

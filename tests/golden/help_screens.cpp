@@ -108,6 +108,10 @@ std::vector<Scenario> helpScreens() {
          [] {
              startSmallTool({"/h", "/help"});
          }},
+        {"help_hidden_dash",
+         [] {
+             startSmallTool({"--help", "-h"});
+         }},
         {"help_of_other_pair",
          [] {
              startSmallTool({"/h", "/?"});

@@ -12,7 +12,8 @@ import difflib
 import pathlib
 import sys
 
-import programs
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "support"))
+import programs  # noqa: E402
 
 SCREENS = pathlib.Path(__file__).parent / "screens"
 NAMED = {0x1B: "\\e", 0x09: "\\t", 0x0D: "\\r", 0x5C: "\\\\", 0x0A: "$\n"}

@@ -32,8 +32,9 @@ def run(program, *arguments, timeout=60, **options):
 
 @functools.cache
 def _keep_windows_up():
-    """Starts wine's services and keeps them up until the script ends. Otherwise the first program would start them: they
-    then print into its standard error, and hold that open for seconds after its end."""
-    keeper = subprocess.Popen([*EMULATOR, "cmd"], stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+    """Starts wine's services and keeps them up until the script ends. Otherwise the first program would start them, and
+    they would print into its standard error and hold that open for seconds after its end."""
+    keeper = subprocess.Popen([*EMULATOR, "cmd"], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                              stderr=subprocess.DEVNULL)
     atexit.register(keeper.communicate)
     keeper.stdout.read(1)

@@ -4,8 +4,8 @@
         status = pane.wait_for_end()
         rows = pane.settled_rows(expected)
 
-On Windows the pane holds a console of wine's. Nothing here waits a fixed time: it looks again until what it waits for is
-there, and gives up after LIMIT_SECONDS.
+On Windows the pane holds a console of wine's. Nothing here waits a fixed time: it looks again until what it waits for
+is there, and gives up after LIMIT_SECONDS.
 """
 
 import os
@@ -23,8 +23,8 @@ SETTLE_SECONDS = 5
 LOOK_AGAIN_SECONDS = 0.02
 
 # Runs the program with standard error in a file, then tells its exit status in the terminal's title: that reaches tmux
-# behind all that the program has written, and leaves the screen as it is. Asking tmux itself would not do: it now and then
-# misses the end of a program that ends quickly.
+# behind all that the program has written, and leaves the screen as it is. Asking tmux itself would not do: it now and
+# then misses the end of a program that ends quickly.
 ENDED = "ended with "
 RUN_AND_STAY = f"""
 exec 2>"$0"
@@ -64,7 +64,7 @@ class Terminal:
         self._folder.cleanup()
 
     def rows(self, colours=False):
-        """The screen, one text per row, without the blanks at its end; with colours as escape sequences if asked for."""
+        """The screen, one text per row without the blanks at its end; with colours as escape sequences if asked for."""
         return self._tmux("capture-pane", "-p", *(["-e"] if colours else [])).split("\n")[:-1]
 
     def cursor(self):
@@ -96,8 +96,8 @@ class Terminal:
         return int(self._ask("#{pane_title}").removeprefix(ENDED))
 
     def settled_rows(self, expected, **options):
-        """The rows as soon as they are the expected ones, or as they are after a while. A console of wine's may draw its
-        program's last words a little after the program's end."""
+        """The rows as soon as they are the expected ones, or as they are after a while. A console of wine's may draw
+        its program's last words a little after the program's end."""
         self._comes_true(lambda: self.rows(**options) == expected, SETTLE_SECONDS)
         return self.rows(**options)
 

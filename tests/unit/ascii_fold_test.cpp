@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "scoped_locale.h"
+#include "test_locale.h"
+
 namespace {
 
 using Kelp::equalIgnoringAsciiCase;
@@ -23,6 +26,16 @@ TEST(AsciiFold, ComparesWholeTexts) {
     EXPECT_FALSE(equalIgnoringAsciiCase("-ab", "-a"));
     EXPECT_FALSE(equalIgnoringAsciiCase("", "a"));
     EXPECT_FALSE(equalIgnoringAsciiCase("-a", "-b"));
+}
+
+TEST(AsciiFold, IsTheSameInEveryCLocale) {
+    if (testLocaleName() == nullptr) {
+        GTEST_SKIP() << "KELPLIB_TEST_LOCALE is not set";
+    }
+    const ScopedCLocale scope(LC_CTYPE, testLocaleName());
+    ASSERT_TRUE(scope.isValid());
+    EXPECT_FALSE(equalIgnoringAsciiCase("\xC4", "\xE4"));
+    EXPECT_TRUE(equalIgnoringAsciiCase("-A\xC4", "-a\xC4"));
 }
 
 }  // namespace

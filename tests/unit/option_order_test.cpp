@@ -7,7 +7,9 @@
 #include <type_traits>
 
 #include "all_texts.h"
+#include "scoped_locale.h"
 #include "shown_text.h"
+#include "test_locale.h"
 
 namespace {
 
@@ -134,6 +136,17 @@ TEST(OptionOrder, OrdersASet) {
     const std::set<std::string, ci_less> names{"beta", "Alpha", "ALPHA", "gamma", "Beta2", "BETA"};
     EXPECT_EQ(std::vector<std::string>(names.begin(), names.end()),
               (std::vector<std::string>{"Alpha", "beta", "Beta2", "gamma"}));
+}
+
+TEST(OptionOrder, FollowsTheCLocale) {
+    if (testLocaleName() == nullptr) {
+        GTEST_SKIP() << "KELPLIB_TEST_LOCALE is not set";
+    }
+    const ScopedCLocale scope(LC_CTYPE, testLocaleName());
+    ASSERT_TRUE(scope.isValid());
+    EXPECT_FALSE(before("-\xC4", "-\xE4"));
+    EXPECT_FALSE(before("-\xE4", "-\xC4"));
+    EXPECT_TRUE(before("-\xC4", "-\xE5"));
 }
 
 }  // namespace

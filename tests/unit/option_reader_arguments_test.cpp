@@ -96,6 +96,8 @@ TEST(OptionReaderArguments, ToldThatTheFileDoesNotExist) {
     } cases[] = {
         {"no such file", "File no such file doesn't exist. Please insert a valid file name.\n"},
         {"", "File  doesn't exist. Please insert a valid file name.\n"},
+        {".no such file", "File .no such file doesn't exist. Please insert a valid file name.\n"},
+        {"no such file.", "File no such file. doesn't exist. Please insert a valid file name.\n"},
         {"no/such/..", "File no/such/.. doesn't exist. Please insert a valid file name.\n"},
         {"no such ?", "File no such ? doesn't exist. Please insert a valid file name.\n"},
     };
