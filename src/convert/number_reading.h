@@ -27,13 +27,13 @@ template <class T>
 T readInteger(const char* begin, const char* end) {
     using Limits = std::numeric_limits<T>;
     const bool negative = readSign(begin, end);
-    const bool towardsLowest = negative && Limits::is_signed;
-    const unsigned long long limit = static_cast<unsigned long long>(Limits::max()) + (towardsLowest ? 1U : 0U);
+    constexpr auto limit = static_cast<unsigned long long>(Limits::max());
     unsigned long long magnitude = 0;
     for (; begin != end && isDigit(*begin); ++begin) {
         const auto digit = static_cast<unsigned long long>(*begin - '0');
         if (magnitude > (limit - digit) / 10) {
-            return towardsLowest ? Limits::lowest() : Limits::max();
+            // The lowest signed number lies beyond the limit too, and comes out as itself.
+            return negative && Limits::is_signed ? Limits::lowest() : Limits::max();
         }
         magnitude = magnitude * 10 + digit;
     }
