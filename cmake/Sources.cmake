@@ -6,6 +6,7 @@ set(KELPLIB_PUBLIC_HEADERS
 
 set(KELPLIB_SOURCES
     src/console/colored_string.cpp
+    src/convert/localized_text.cpp
     src/convert/path_value.cpp
     src/convert/scalar_values.cpp
     src/frame/command_line_tool.cpp

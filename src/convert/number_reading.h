@@ -8,6 +8,7 @@
 #include <type_traits>
 
 #include "convert/digits.h"
+#include "convert/localized_text.h"
 #include "convert/real_reading.h"
 
 /// Reading one number as the formatted extraction of a stream does, with the same result on every standard library.
@@ -41,16 +42,9 @@ T readInteger(const char* begin, const char* end) {
     return static_cast<T>(negative ? 0 - magnitude : magnitude);
 }
 
-/// Reads one number from `text` into `target`, which keeps its value when the text is blank.
+/// Reads one number as the classic locale does. An empty text leaves the target.
 template <class T>
-void readNumber(T& target, const std::string& text) {
-    if (std::locale() != std::locale::classic()) {
-        // Another locale may bring its own decimal point, grouping, blanks or a whole number facet: only a stream knows.
-        std::stringstream(text) >> target;
-        return;
-    }
-    const char* const end = text.data() + text.size();
-    const char* const begin = skipBlanks(text.data(), end);
+void readClassic(T& target, const char* begin, const char* end) {
     if (begin == end) {
         return;
     }
@@ -58,6 +52,21 @@ void readNumber(T& target, const std::string& text) {
         target = readReal<T>(begin, end);
     } else {
         target = readInteger<T>(begin, end);
+    }
+}
+
+/// Reads one number from `text` into `target`, which keeps its value when the text is blank.
+template <class T>
+void readNumber(T& target, const std::string& text) {
+    const std::locale global;
+    const char* const end = text.data() + text.size();
+    if (global == std::locale::classic()) {
+        readClassic(target, skipBlanks(text.data(), end), end);
+    } else if (hasOwnNumberReader(global)) {
+        std::stringstream(text) >> target;
+    } else {
+        const std::string number = classicNumber(text, global, std::is_floating_point_v<T>);
+        readClassic(target, number.data(), number.data() + number.size());
     }
 }
 

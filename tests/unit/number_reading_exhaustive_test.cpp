@@ -52,7 +52,7 @@ TYPED_TEST(AllShortTexts, ReadAsAStreamReadsThemAndTheSameOnEverySystem) {
     const bool streamsAreAModel = std::is_integral_v<TypeParam> || streamsStopWhereTheNumberStops();
     Digest digest;
     forEachText(letters, longest, [&](const std::string& text) {
-        const TypeParam actual = readOver<TypeParam>(99, text);
+        const auto actual = readOver<TypeParam>(99, text);
         digest.add(bitsOf(actual));
         if (streamsAreAModel && !this->HasFailure()) {
             EXPECT_EQ(bitsOf(actual), bitsOf(extractedOver<TypeParam>(99, text))) << shown(text);

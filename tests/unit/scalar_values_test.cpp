@@ -19,7 +19,7 @@ T convertedOver(T old, const std::string& text) {
 
 TEST(ScalarValues, StringIsAnExactCopy) {
     for (const std::string& text :
-         {""s, " "s, " a "s, "a"s, "\ta\r\n"s, "a\0b"s, "\0"s, "\"q\""s, "\xC3\xA4\xFF"s, std::string(100000, 'x')}) {
+         {""s, " "s, " a "s, "a"s, "\ta\r\n"s, "a\0b"s, "\0"s, "'q'"s, "\xC3\xA4\xFF"s, std::string(100000, 'x')}) {
         EXPECT_EQ(convertedOver<std::string>("old", text), text);
     }
 }

@@ -1,0 +1,116 @@
+#include "convert/localized_text.h"
+
+#include <climits>
+#include <typeinfo>
+
+#include "convert/digits.h"
+
+namespace Kelp {
+
+namespace {
+
+/// What cannot be read as a number; it gives 0.
+constexpr char noNumber[] = "?";
+
+class ClassicNumber {
+public:
+    ClassicNumber(const std::locale& locale, bool isReal)
+        : ClassicNumber(std::use_facet<std::numpunct<char>>(locale), isReal) {}
+
+    std::string read(const char* position, const char* end) {
+        takeSign(position, end);
+        while (position != end && take(*position)) {
+            const bool signMayFollow = *position == 'e' || *position == 'E';
+            ++position;
+            if (signMayFollow) {
+                takeSign(position, end);
+            }
+        }
+        return number;
+    }
+
+private:
+    ClassicNumber(const std::numpunct<char>& punctuation, bool isReal)
+        : real(isReal), point(punctuation.decimal_point()), separator(punctuation.thousands_sep()) {
+        const std::string grouping = punctuation.grouping();
+        grouped = !grouping.empty() && grouping.front() > 0 && grouping.front() != CHAR_MAX;
+    }
+
+    void takeSign(const char*& position, const char* end) {
+        const bool sign = position != end && (*position == '-' || *position == '+');
+        if (sign && *position != point && !isSeparator(*position)) {
+            number += *position++;
+        }
+    }
+
+    /// \returns false at the first character that cannot go on with the number
+    bool take(char character) {
+        if (isSeparator(character)) {
+            return takeSeparator();
+        }
+        if (character == point) {
+            return takeOnce(real && !hasPoint && !hasExponent, hasPoint, '.');
+        }
+        if (isDigit(character)) {
+            number += character;
+            hasDigit = true;
+            digitBefore = true;
+            return true;
+        }
+        return (character == 'e' || character == 'E') && takeOnce(real && hasDigit && !hasExponent, hasExponent, 'e');
+    }
+
+    bool takeSeparator() {
+        if (hasPoint || hasExponent) {
+            return false;
+        }
+        if (!digitBefore) {
+            number = noNumber;
+            return false;
+        }
+        digitBefore = false;
+        return true;
+    }
+
+    bool takeOnce(bool allowed, bool& taken, char classic) {
+        if (allowed) {
+            number += classic;
+            taken = true;
+        }
+        return allowed;
+    }
+
+    bool isSeparator(char character) const {
+        return grouped && character == separator;
+    }
+
+    bool real;
+    char point;
+    char separator;
+    bool grouped = false;
+    bool hasDigit = false;
+    bool hasPoint = false;
+    bool hasExponent = false;
+    bool digitBefore = false;  ///< since the separator before
+    std::string number;
+};
+
+}  // namespace
+
+bool hasOwnNumberReader(const std::locale& locale) {
+    const auto& reader = std::use_facet<std::num_get<char>>(locale);
+    return typeid(reader) != typeid(std::num_get<char>);
+}
+
+std::string classicNumber(const std::string& text, const std::locale& locale, bool real) {
+    const char* const end = text.data() + text.size();
+    const char* const begin =
+        std::use_facet<std::ctype<char>>(locale).scan_not(std::ctype_base::space, text.data(), end);
+    if (begin == end) {
+        return {};
+    }
+    const std::string number = ClassicNumber(locale, real).read(begin, end);
+    return number.empty() ? noNumber : number;
+}
+
+}  // namespace Kelp

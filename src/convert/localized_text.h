@@ -1,0 +1,19 @@
+#ifndef KELPLIB_CONVERT_LOCALIZED_TEXT_H
+#define KELPLIB_CONVERT_LOCALIZED_TEXT_H
+
+#include <locale>
+#include <string>
+
+namespace Kelp {
+
+/// Whether a locale brings a reader of numbers of its own. What that one makes of a text only a stream can tell.
+bool hasOwnNumberReader(const std::locale& locale);
+
+/// The number at the beginning of a text written with a locale's blanks, decimal point and grouping, as the classic locale
+/// writes it. Where a separator stands without digits before it there is no number. Empty for a blank text only.
+/// \param real  whether a decimal point and an exponent belong to the number
+std::string classicNumber(const std::string& text, const std::locale& locale, bool real);
+
+}  // namespace Kelp
+
+#endif
