@@ -16,6 +16,7 @@ struct OnTheStack {
 };
 
 void play(const Scenario& scenario) {
+    std::atexit([] { std::cout << "[exit handlers run]\n"; });
     const OnTheStack object;
     try {
         scenario.run();
@@ -58,7 +59,6 @@ void startFullTool(std::vector<std::string> tokens, const std::string& usage) {
 int main(int argc, char** argv) {
     std::ios::sync_with_stdio(false);
     const std::string wanted = argc > 1 ? argv[1] : "";
-    std::atexit([] { std::cout << "[exit handlers run]\n"; });
     fake_platform::state().onSleep = [](unsigned int milliseconds) {
         std::printf("[pause of %u ms]\n", milliseconds);
         std::fflush(stdout);
