@@ -146,7 +146,8 @@ public:
     void getOptions(std::vector<std::string>& tokens);
 
     /// Checks that the first positional argument at or after `start` (0 means 1) names a file that can be opened for
-    /// reading. "." and every text with a "*" in it pass unopened. A failure is told on standard output.
+    /// reading. "." and every text with a "*" in it pass unopened; a named pipe makes it wait for a writer. A failure
+    /// is told on standard output.
     /// \param file  set to the argument; untouched when there is none
     bool checkFiles(std::string& file, int start);
 

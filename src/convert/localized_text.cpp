@@ -1,6 +1,8 @@
 #include "convert/localized_text.h"
 
+#include <algorithm>
 #include <climits>
+#include <string_view>
 #include <typeinfo>
 
 #include "convert/digits.h"
@@ -95,11 +97,19 @@ private:
     std::string number;
 };
 
+/// Whether the locale widens a character of numbers to another one.
+bool writesNumbersOtherwise(const std::locale& locale) {
+    const auto& characters = std::use_facet<std::ctype<char>>(locale);
+    constexpr std::string_view ofNumbers = "-+xX0123456789abcdefABCDEF";
+    return std::any_of(ofNumbers.begin(), ofNumbers.end(),
+                       [&](char character) { return characters.widen(character) != character; });
+}
+
 }  // namespace
 
-bool hasOwnNumberReader(const std::locale& locale) {
+bool needsStream(const std::locale& locale) {
     const auto& reader = std::use_facet<std::num_get<char>>(locale);
-    return typeid(reader) != typeid(std::num_get<char>);
+    return typeid(reader) != typeid(std::num_get<char>) || writesNumbersOtherwise(locale);
 }
 
 std::string classicNumber(const std::string& text, const std::locale& locale, bool real) {

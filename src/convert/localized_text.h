@@ -6,8 +6,9 @@
 
 namespace Kelp {
 
-/// Whether a locale brings a reader of numbers of its own. What that one makes of a text only a stream can tell.
-bool hasOwnNumberReader(const std::locale& locale);
+/// Whether a locale brings a reader of numbers of its own, or other characters to write them with. What becomes of a text
+/// then only a stream can tell.
+bool needsStream(const std::locale& locale);
 
 /// The number at the beginning of a text written with a locale's blanks, decimal point and grouping, as the classic locale
 /// writes it. Where a separator stands without digits before it there is no number. Empty for a blank text only.

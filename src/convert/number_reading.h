@@ -62,7 +62,7 @@ void readNumber(T& target, const std::string& text) {
     const char* const end = text.data() + text.size();
     if (global == std::locale::classic()) {
         readClassic(target, skipBlanks(text.data(), end), end);
-    } else if (hasOwnNumberReader(global)) {
+    } else if (needsStream(global)) {
         std::stringstream(text) >> target;
     } else {
         const std::string number = classicNumber(text, global, std::is_floating_point_v<T>);

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 #include <charconv>
-#include <clocale>
+#include <cstdio>
 #include <cstdlib>
 #include <limits>
 #include <string>
@@ -42,14 +42,22 @@ inline RealText findReal(const char* begin, const char* end) {
     return {begin, exponentEnd, exponentEnd != position};
 }
 
-/// Converts with the C library, for standard libraries whose from_chars reads no real numbers. Its decimal point is that
-/// of the current C locale. A value too large gives infinity.
+/// The decimal point of the current C locale, seen in a number that is written with it: localeconv is not for several
+/// threads.
+inline std::string decimalPoint() {
+    char half[32];
+    const int length = std::snprintf(half, sizeof half, "%.1f", 0.5);
+    return {half + 1, static_cast<std::size_t>(length) - 2};
+}
+
+/// Converts with the C library, for standard libraries whose from_chars reads no real numbers. A value too large gives
+/// infinity.
 template <class T>
 T convertWithC(const RealText& text) {
     std::string number(text.begin, text.end);
     const std::size_t point = number.find('.');
     if (point != std::string::npos) {
-        number.replace(point, 1, std::localeconv()->decimal_point);
+        number.replace(point, 1, decimalPoint());
     }
     if constexpr (std::is_same_v<T, float>) {
         return std::strtof(number.c_str(), nullptr);

@@ -77,4 +77,20 @@ TEST(LocalizedText, ReadsSignsThatAreSeparatorsAsAStreamDoes) {
     EXPECT_EQ(compareAllTexts<double>("10-+e "), 7748225021676417679U);
 }
 
+/// Writes "-" as "~".
+class Tilde : public std::ctype<char> {
+private:
+    char do_widen(char character) const override {
+        return character == '-' ? '~' : character;
+    }
+};
+
+TEST(LocalizedText, LeavesOtherCharactersToTheStream) {
+    const ScopedGlobalLocale scope(new Tilde);
+    for (const char* const text : {"5", "-5", "~5", "-", "~", "5-", "5~"}) {
+        EXPECT_EQ(readOver<int>(99, text), extractedOver<int>(99, text)) << text;
+        EXPECT_EQ(readOver<double>(99, text), extractedOver<double>(99, text)) << text;
+    }
+}
+
 }  // namespace
