@@ -2,19 +2,33 @@
 set(KELPLIB_PUBLIC_HEADERS
     include/kelplib/CommandLineTool.h
     include/kelplib/Export.h
-    include/kelplib/Kelp.h)
+    include/kelplib/FilePath.h
+    include/kelplib/Kelp.h
+    include/kelplib/KelpProgress.h)
 
 set(KELPLIB_SOURCES
+    src/console/bar_body.cpp
+    src/console/bounded_text.cpp
     src/console/colored_string.cpp
+    src/console/face_frame.cpp
+    src/console/global_progress.cpp
+    src/console/label.cpp
+    src/console/progress_bar.cpp
+    src/console/progress_line.cpp
+    src/console/smiley.cpp
+    src/console/standard_output.cpp
+    src/console/time_left.cpp
     src/convert/localized_text.cpp
     src/convert/path_value.cpp
     src/convert/scalar_values.cpp
     src/frame/command_line_tool.cpp
     src/frame/command_line_tool_checks.cpp
     src/frame/command_line_tool_help.cpp
+    src/frame/command_line_tool_output.cpp
     src/frame/flag_key.cpp
     src/frame/option.cpp
     src/frame/option_reader.cpp
+    src/path/file_path.cpp
     src/util/ascii_fold.cpp
     src/util/string_utilities.cpp)
 

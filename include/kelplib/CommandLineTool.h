@@ -6,6 +6,7 @@
 /// its constructor returns.
 
 #include <kelplib/Export.h>
+#include <kelplib/FilePath.h>
 #include <kelplib/Kelp.h>
 
 #include <cstddef>
@@ -30,7 +31,8 @@
 /// A program path with a backslash whose last part has fewer than four characters has no tool name: whatever prints the
 /// banner or the help screen then throws std::out_of_range, the constructors included.
 ///
-/// Use a tool from one thread. Besides what a comment names, members throw only std::bad_alloc and std::length_error.
+/// Use a tool from one thread, initProgress() and progress() apart. Besides what a comment names, members throw only
+/// std::bad_alloc and std::length_error.
 class KELP_API CommandLineTool {
 public:
     /// \name Construction
@@ -135,6 +137,40 @@ public:
 
     /// A copy of the options given to the full constructor, in their order; empty for tools built otherwise.
     std::vector<Kelp::Option> getOptions() const;
+
+    /// \name Output files
+    /// @{
+
+    /// Replaces `out` by the values of every occurrence of the option registered under "-o", in command-line order, each
+    /// made a path. Without such an option an error line is printed and there are none.
+    /// \param start  has no effect; the whole command line is looked at
+    /// \returns their number
+    /// \throws std::out_of_range  for a name of one character other than "/", see FilePath; `out` holds those before it
+    int getOutFiles(std::vector<FilePath>& out, int start);
+    /// Sets `out` to the first output file.
+    /// \returns false, with `out` unchanged, when there is none
+    /// \throws std::out_of_range  as getOutFiles
+    bool getOutFile(FilePath& out);
+    /// Always true: nobody looks at the file or the disk.
+    bool checkSpace(const FilePath& file) const;
+    /// @}
+
+    /// \name Progress
+    /// The tool's face or bar on the console; see kelplib/KelpProgress.h for both and for the process-wide display that all
+    /// tools of a process share. These two may be called from several threads: each drawing happens whole.
+    /// \throws std::system_error  when the tool's mutex cannot be locked
+    /// @{
+
+    /// Sets the display up, with the face (with MSYSTEM in the environment: with a bar of 37 characters), and starts its
+    /// clock. Call it once before progress(); again, it begins anew.
+    /// \param total       the amount of work
+    /// \param text        the label
+    /// \param max_length  the label's room in characters, see KELP_progress_global_set_text
+    void initProgress(double total, std::string text, unsigned long long max_length);
+    /// Shows that `value` of the total is done; a negative one ends the process where the bar is drawn, see KELP_progress. In verbose mode nothing is drawn, and the label stays, so that the display
+    /// does not mix with trace lines.
+    void progress(double value, std::string text, unsigned long long max_length);
+    /// @}
 
 private:
     std::map<std::string, Kelp::Option, ci_less> options;

@@ -25,7 +25,8 @@ void sleepMilliseconds(unsigned int milliseconds) {
 }
 
 int rewindCursor(unsigned int lines) {
-    std::cout.flush();
+    // Not std::cout.flush(), which throws where a program has asked for that.
+    std::cout.rdbuf()->pubsync();
     std::fflush(stdout);
     if (isatty(STDOUT_FILENO) == 0) {
         const bool closed = fcntl(STDOUT_FILENO, F_GETFD) == -1;

@@ -21,7 +21,8 @@ void sleepMilliseconds(unsigned int milliseconds) {
 }
 
 int rewindCursor(unsigned int lines) {
-    std::cout.flush();
+    // Not std::cout.flush(), which throws where a program has asked for that.
+    std::cout.rdbuf()->pubsync();
     std::fflush(stdout);
     const HANDLE console = GetStdHandle(STD_OUTPUT_HANDLE);
     if (console == nullptr || console == INVALID_HANDLE_VALUE) {

@@ -9,6 +9,7 @@ byte that cannot be seen; "$" marks the end of each line. Its last line is the e
 """
 
 import difflib
+import os
 import pathlib
 import sys
 
@@ -24,8 +25,15 @@ def visible(output):
     return "".join(NAMED.get(byte) or (chr(byte) if 0x20 <= byte < 0x7F else f"\\x{byte:02X}") for byte in output)
 
 
+def environment_of(scenario):
+    """The environment without MSYSTEM, or with the MSYSTEM that the last part of the scenario's name gives."""
+    environment = {name: value for name, value in os.environ.items() if name != "MSYSTEM"}
+    _, assignment, value = scenario.partition(".MSYSTEM=")
+    return {**environment, "MSYSTEM": value} if assignment else environment
+
+
 def screen_of(program, scenario):
-    status, output, errors = programs.run(program, scenario)
+    status, output, errors = programs.run(program, scenario, env=environment_of(scenario))
     text = visible(output)
     if text and not text.endswith("\n"):
         text += "\n"

@@ -27,7 +27,7 @@ void play(const Scenario& scenario) {
 
 std::vector<Scenario> allScenarios() {
     std::vector<Scenario> all = helpScreens();
-    for (const auto& scenarios : {checkScreens(), startUpScreens()}) {
+    for (const auto& scenarios : {checkScreens(), progressScreens(), startUpScreens()}) {
         all.insert(all.end(), scenarios.begin(), scenarios.end());
     }
     return all;

@@ -8,7 +8,8 @@
 #include <vector>
 
 /// One run of a tool, played by a process of its own. What it prints is compared with screens/NAME.txt, where NAME is the
-/// scenario's name up to the first dot: several command lines may have one screen.
+/// scenario's name up to the first dot: several command lines may have one screen. A last part MSYSTEM=VALUE of the name
+/// stands in the environment of its process; the others have no MSYSTEM.
 struct Scenario {
     std::string name;
     std::function<void()> run;
@@ -16,6 +17,7 @@ struct Scenario {
 
 std::vector<Scenario> helpScreens();
 std::vector<Scenario> checkScreens();
+std::vector<Scenario> progressScreens();
 std::vector<Scenario> startUpScreens();
 
 using Options = std::vector<Kelp::Option>;

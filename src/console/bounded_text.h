@@ -1,0 +1,39 @@
+#ifndef KELPLIB_CONSOLE_BOUNDED_TEXT_H
+#define KELPLIB_CONSOLE_BOUNDED_TEXT_H
+
+#include <cstddef>
+#include <string_view>
+
+namespace Kelp {
+
+/// A text that is built in somebody else's buffer and never grows beyond it: what does not fit is cut.
+class BoundedText {
+public:
+    BoundedText(char* buffer, std::size_t size) : begin(buffer), capacity(size) {}
+
+    void append(std::string_view text);
+    void append(char character, std::size_t count);
+
+    /// The number in decimal.
+    void append(int number);
+
+    /// The number with one digit behind the point, as printf's "%.1f" writes it.
+    void appendTenths(double number);
+
+    std::size_t room() const {
+        return capacity - length;
+    }
+
+    std::string_view view() const {
+        return {begin, length};
+    }
+
+private:
+    char* begin;
+    std::size_t capacity;
+    std::size_t length = 0;
+};
+
+}  // namespace Kelp
+
+#endif

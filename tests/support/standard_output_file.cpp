@@ -1,0 +1,50 @@
+#include "standard_output_file.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+
+StandardOutputFile::StandardOutputFile()
+    : path(std::filesystem::temp_directory_path() / ("kelplib-output-" + std::to_string(getpid()))),
+      original(dup(STDOUT_FILENO)) {
+    if (std::fflush(stdout) != 0 || !lead("wb")) {
+        throw std::runtime_error("standard output cannot be led to " + path.string());
+    }
+}
+
+StandardOutputFile::~StandardOutputFile() {
+    // What is still in the buffer, because writing failed, must not come out behind the test.
+    lead("ab");
+    (void)std::fflush(stdout);
+    dup2(original, STDOUT_FILENO);
+    close(original);
+    std::clearerr(stdout);
+    std::error_code ignored;
+    std::filesystem::remove(path, ignored);
+}
+
+std::string StandardOutputFile::arrived() {
+    std::ifstream file(path, std::ios::binary);
+    file.seekg(static_cast<std::streamoff>(seen));
+    std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    seen += text.size();
+    return text;
+}
+
+void StandardOutputFile::fail() {
+    if (std::fflush(stdout) != 0 || !lead("rb")) {
+        throw std::runtime_error("standard output still works");
+    }
+}
+
+bool StandardOutputFile::lead(const char* mode) const {
+    std::FILE* const file = std::fopen(path.string().c_str(), mode);
+    if (file == nullptr) {
+        return false;
+    }
+    const bool done = dup2(fileno(file), STDOUT_FILENO) != -1;
+    return std::fclose(file) == 0 && done;
+}

@@ -1,0 +1,68 @@
+#include <vector>
+
+#include "progress_test.h"
+
+namespace {
+
+class SmileyBlink : public ProgressTest {
+protected:
+    SmileyBlink() {
+        KELP_progress_global_init(2.0, 4, "x", 1);
+    }
+
+    static void callAt(double now, double value) {
+        clock(now);
+        fake_platform::state().sleepsMilliseconds.clear();
+        written([value] { KELP_progress_smile(value); });
+    }
+
+    /// Whether a call at `now` blinks.
+    static bool blinks(double now) {
+        callAt(now, 1.0);
+        return fake_platform::state().sleepsMilliseconds == std::vector<unsigned int>{75};
+    }
+};
+
+TEST_F(SmileyBlink, BlinksWhenTheLastBlinkIsMoreThanFourSecondsAgo) {
+    const struct {
+        double last;
+        double now;
+        bool blinks;
+    } cases[] = {
+        {0.0, 1000.0, true},
+        {1000.0, 1000.0, false},
+        {1000.0, 1003.9999999999999, false},
+        {1000.0, 1004.0, false},
+        {1000.0, 1004.0000000000001, true},
+        {1000.0, 990.0, false},
+        {1000.0, 2000.0, true},
+        {0.0, 0.0, false},
+        {0.0, 3.9999999999999996, false},
+        {0.0, 4.0, false},
+        {0.0, 4.000000000000001, true},
+    };
+    for (const auto& c : cases) {
+        KELP_GlobalProgress.last_blink = c.last;
+        EXPECT_EQ(blinks(c.now), c.blinks) << c.now - c.last << " s after " << c.last;
+        EXPECT_EQ(KELP_GlobalProgress.last_blink, c.blinks ? c.now : c.last) << c.now - c.last << " s after " << c.last;
+    }
+}
+
+TEST_F(SmileyBlink, BlinksAtMostOnceInFourSecondsOfALongRun) {
+    // Ten minutes, four calls a second: every 17th call is the first that is more than 4 s after a blink.
+    for (int call = 0; call < 2400; ++call) {
+        EXPECT_EQ(blinks(1000.0 + call * 0.25), call % 17 == 0) << call;
+    }
+}
+
+TEST_F(SmileyBlink, CountsItsCheerAsABlinkWhenOneIsDue) {
+    KELP_GlobalProgress.last_blink = 1006.0;
+    callAt(1010.0, 2.0);
+    EXPECT_EQ(KELP_GlobalProgress.last_blink, 1006.0) << "4 s are not more than 4 s";
+    callAt(1010.0000000000001, 2.0);
+    EXPECT_EQ(KELP_GlobalProgress.last_blink, 1010.0000000000001);
+    EXPECT_FALSE(blinks(1014.0));
+    EXPECT_TRUE(blinks(1014.0000000000002));
+}
+
+}  // namespace
