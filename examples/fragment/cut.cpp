@@ -5,6 +5,7 @@
 
 #include "files.h"
 #include "new_files.h"
+#include "progress.h"
 #include "source.h"
 
 namespace fragment {
@@ -38,6 +39,19 @@ Plan planSize(const Source& source, unsigned long long pieceBytes) {
     return {full + 1, full, pieceBytes, source.bytes() - full * pieceBytes};
 }
 
+/// The names of the fragments begin so.
+std::string baseName(const Request& request) {
+    if (request.output.empty()) {
+        return request.files.front() + ".part_";
+    }
+    const char last = request.output.back();
+    if (last >= '0' && last <= '9') {
+        throw std::runtime_error(request.output +
+                                 ": ends in a digit, which a join would take for a part of the number");
+    }
+    return request.output;
+}
+
 std::vector<std::string> fragmentNames(const std::string& base, unsigned long long count) {
     // createFragmentName writes width + 1 digits: as many as the last index has.
     const auto width = static_cast<unsigned int>(std::to_string(count - 1).size() - 1);
@@ -55,22 +69,22 @@ std::vector<std::string> fragmentNames(const std::string& base, unsigned long lo
 
 }  // namespace
 
-void cut(const Request& request, const CommandLineTool& tool) {
-    const std::string& file = request.files.front();
-    Source source(file);
+void cut(const Request& request, CommandLineTool& tool) {
+    Source source(request.files.front());
     const Plan plan = request.pieces != 0 ? planNumber(source, request) : planSize(source, request.pieceBytes);
-    const std::string base = request.output.empty() ? file + ".part_" : request.output;
-    const std::vector<std::string> names = fragmentNames(base, plan.count);
+    const std::vector<std::string> names = fragmentNames(baseName(request), plan.count);
 
     NewFiles fragments(names, request.overwrite);
+    Progress progress(tool, "cutting ", source.bytes());
     for (std::size_t i = 0; i < names.size(); ++i) {
         const unsigned long long bytes = i < plan.longer ? plan.bytes : plan.restBytes;
         tool.print(names[i] + ": " + std::to_string(bytes) + " bytes");
         fragments.startNext();
-        source.copyTo(fragments, bytes);
+        source.copyTo(fragments, bytes, progress);
     }
     source.close();
     fragments.publish();
+    progress.finish();
     std::cout << "fragments: " << names.size() << ", bytes: " << source.bytes() << ", first: " << names.front()
               << ", last: " << names.back() << std::endl;
 }

@@ -8,7 +8,7 @@
 namespace fragment {
 
 /// Cuts one file into numbered fragments and prints a line that says so.
-void cut(const Request& request, const CommandLineTool& tool);
+void cut(const Request& request, CommandLineTool& tool);
 
 }  // namespace fragment
 

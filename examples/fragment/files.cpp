@@ -18,8 +18,13 @@ std::filesystem::path pathOf(const std::string& name) {
 }
 
 bool exists(const std::string& name) {
-    std::error_code ignored;
-    return std::filesystem::exists(std::filesystem::symlink_status(pathOf(name), ignored));
+    std::error_code reason;
+    const std::filesystem::file_status status = std::filesystem::symlink_status(pathOf(name), reason);
+    // What is too long for a name is nobody's.
+    if (!std::filesystem::status_known(status) && reason != std::errc::filename_too_long) {
+        fail("cannot look at " + name, reason);
+    }
+    return std::filesystem::exists(status);
 }
 
 void requirePlainFile(const std::string& name) {

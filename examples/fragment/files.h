@@ -15,7 +15,7 @@ namespace fragment {
 /// name has to be UTF-8.
 std::filesystem::path pathOf(const std::string& name);
 
-/// Whether anything has this name, be it a link that leads nowhere.
+/// Whether anything has this name, be it a link that leads nowhere. Fails where nobody may look.
 bool exists(const std::string& name);
 
 /// Refuses a folder, a device and whatever else is no plain file. A name that nothing has passes.

@@ -9,7 +9,7 @@ namespace fragment {
 
 /// Joins fragments into one file and prints a line that says so. One fragment alone stands for itself and all that
 /// follow it.
-void join(const Request& request, const CommandLineTool& tool);
+void join(const Request& request, CommandLineTool& tool);
 
 }  // namespace fragment
 

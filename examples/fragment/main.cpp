@@ -1,6 +1,7 @@
 // fragment: cuts a file into numbered fragments and joins them again.
 
 #include <kelplib/CommandLineTool.h>
+#include <kelplib/KelpProgress.h>
 
 #include <cstdlib>
 #include <exception>
@@ -9,6 +10,7 @@
 #include <stdexcept>
 
 #include "cut.h"
+#include "interruption.h"
 #include "join.h"
 #include "request.h"
 
@@ -21,17 +23,25 @@ void run(int argc, char** argv) {
         {"FRAGMENT", "a fragment to join; one alone stands for itself and all that follow it", true},
     };
     // Help, unknown flags and a missing file end the program in here.
-    const CommandLineTool tool(argc, argv, "Cuts a file into numbered fragments and joins them again.",
-                               "(-n=PIECES | -s=BYTES) [-o=BASE] [-f] [-v] FILE  or  -j -o=FILE [-f] [-v] FRAGMENT...",
-                               "-n=4 film.mp4  (and back: -j -o=film.mp4 film.mp4.part_0)",
-                               "     Numbered fragments of large files", options, arguments);
+    CommandLineTool tool(argc, argv, "Cuts a file into numbered fragments and joins them again.",
+                         "(-n=PIECES | -s=BYTES) [-o=BASE] [-f] [-v] FILE  or  -j -o=FILE [-f] [-v] FRAGMENT...",
+                         "-n=4 film.mp4  (and back: -j -o=film.mp4 film.mp4.part_0)",
+                         "     Numbered fragments of large files", options, arguments);
 
+    // The first file that is opened would take the place of a closed standard output, and get its text.
+    if (KELP_rewind_cursor(0) == -1) {
+        throw std::runtime_error("standard output is closed");
+    }
+    fragment::noteInterruptions();
     Kelp::OptionReader reader(argc, argv);
-    const fragment::Request request = fragment::readRequest(reader, options);
+    const fragment::Request request = fragment::readRequest(reader, tool);
     if (request.join) {
         fragment::join(request, tool);
     } else {
         fragment::cut(request, tool);
+    }
+    if (!std::cout.flush()) {
+        throw std::runtime_error("all files are written, but standard output cannot be");
     }
 }
 
@@ -46,6 +56,9 @@ int main(int argc, char** argv) {
     try {
         run(argc, argv);
         return EXIT_SUCCESS;
+    } catch (const fragment::Interruption& interruption) {
+        report("interrupted");
+        fragment::endBy(interruption);
     } catch (const std::out_of_range&) {
         // The help screen shows the tool's name, and the library finds none in a path such as C:\ab.
         return report("the program path holds no name of at least four letters");

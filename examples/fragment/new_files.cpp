@@ -34,7 +34,8 @@ void rename(const std::string& from, const std::string& to) {
 
 }  // namespace
 
-NewFiles::NewFiles(std::vector<std::string> fileNames, bool overwrite) : names(std::move(fileNames)) {
+NewFiles::NewFiles(std::vector<std::string> fileNames, bool mayOverwrite)
+    : names(std::move(fileNames)), overwrite(mayOverwrite) {
     for (const std::string& name : names) {
         requirePlainFile(name);
         if (!overwrite) {
@@ -48,7 +49,7 @@ NewFiles::NewFiles(std::vector<std::string> fileNames, bool overwrite) : names(s
 
 NewFiles::~NewFiles() {
     try {
-        if (!published) {
+        if (!settled) {
             takeBack();
         }
     } catch (const std::exception&) {
@@ -59,6 +60,7 @@ NewFiles::~NewFiles() {
 void NewFiles::startNext() {
     finishCurrent();
     const std::string& name = names.at(created);
+    requireFree(unfinished(name), "remove it first");
     current.open(pathOf(unfinished(name)), std::ios::binary);
     if (!current) {
         failOnStream("cannot create " + name);
@@ -85,13 +87,24 @@ void NewFiles::finishCurrent() {
 
 void NewFiles::publish() {
     finishCurrent();
-    giveNames();
-    published = true;
+    try {
+        giveNames();
+    } catch (const std::runtime_error& error) {
+        const std::string left = takeBack();
+        if (left.empty()) {
+            throw;
+        }
+        throw std::runtime_error(std::string(error.what()) + "; the file before is now called " + left);
+    }
+    settled = true;
     removeReplaced();
 }
 
 void NewFiles::giveNames() {
     for (const std::string& name : names) {
+        if (!overwrite) {
+            requireFree(name, "-f overwrites it");
+        }
         if (exists(name)) {
             rename(name, replaced(name));
         }
@@ -116,16 +129,33 @@ void NewFiles::removeReplaced() {
     }
 }
 
-void NewFiles::takeBack() {
+/// \returns the first of the files before that could not get its name back, as it is called now; empty when all have
+std::string NewFiles::takeBack() {
+    settled = true;
     current.close();
+    std::string left;
     std::error_code ignored;
     for (std::size_t i = 0; i < created; ++i) {
         const std::string& name = names[i];
         std::filesystem::remove(pathOf(i < named ? name : unfinished(name)), ignored);
         if (exists(replaced(name))) {
-            std::filesystem::rename(pathOf(replaced(name)), pathOf(name), ignored);
+            std::error_code reason;
+            std::filesystem::rename(pathOf(replaced(name)), pathOf(name), reason);
+            if (reason && left.empty()) {
+                left = replaced(name);
+            }
         }
     }
+    return left;
+}
+
+std::string leftover(const std::string& name) {
+    for (const std::string& other : {unfinished(name), replaced(name)}) {
+        if (exists(other)) {
+            return other;
+        }
+    }
+    return {};
 }
 
 }  // namespace fragment

@@ -14,9 +14,9 @@ namespace fragment {
 /// through, takes its unfinished files along and leaves everything else as it was.
 class NewFiles {
 public:
-    /// Nothing is created yet, but every name is looked at: a name in use is refused unless `overwrite` is set, and a
-    /// folder or a device always is.
-    NewFiles(std::vector<std::string> names, bool overwrite);
+    /// Nothing is created yet, but every name is looked at: a name in use is refused unless `mayOverwrite` is set, and a
+    /// folder or a device always is. Names that come into use later are refused when their turn comes.
+    NewFiles(std::vector<std::string> names, bool mayOverwrite);
     ~NewFiles();
     NewFiles(const NewFiles&) = delete;
     NewFiles& operator=(const NewFiles&) = delete;
@@ -35,14 +35,18 @@ private:
     void finishCurrent();
     void giveNames();
     void removeReplaced();
-    void takeBack();
+    std::string takeBack();
 
     std::vector<std::string> names;
+    bool overwrite;
     std::ofstream current;
     std::size_t created = 0;  ///< the first so many files have an unfinished one
     std::size_t named = 0;    ///< the first so many files have their names
-    bool published = false;
+    bool settled = false;     ///< published or taken back
 };
+
+/// A file that an interrupted run has left beside the one of this name; empty when there is none.
+std::string leftover(const std::string& name);
 
 }  // namespace fragment
 

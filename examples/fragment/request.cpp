@@ -67,10 +67,28 @@ unsigned long long readNumber(Kelp::OptionReader& reader, const std::string& fla
     return number;
 }
 
-std::string readOutput(Kelp::OptionReader& reader) {
-    std::string output;
-    if (reader.getValue("-o", "--output", output, firstToken) != 0 && output.empty()) {
+/// The library makes a whole path of the name, with the exception of two kinds of names.
+std::string readOutput(Kelp::OptionReader& reader, CommandLineTool& tool) {
+    std::string name;
+    if (reader.getValue("-o", "--output", name, firstToken) == 0) {
+        return {};
+    }
+    if (name.empty()) {
         throw std::runtime_error("-o=: the name is empty");
+    }
+    if (name.find('*') != std::string::npos) {
+        throw std::runtime_error("-o=" + name + ": no file can be called so, \"*\" stands for a pattern");
+    }
+    std::vector<FilePath> outputs;
+    try {
+        tool.getOutFiles(outputs, firstToken);
+    } catch (const std::out_of_range&) {
+        throw std::runtime_error("-o=" + name + ": a name of one character needs its folder, as in ./" + name);
+    }
+    // The program's own path may look like this flag too, and would come first.
+    std::string output = outputs.back().filePath();
+    if (output.empty()) {
+        throw std::runtime_error("-o=" + name + ": begins like a drive; write the folder before the name");
     }
     return output;
 }
@@ -116,15 +134,15 @@ std::vector<Kelp::Option> acceptedOptions() {
     };
 }
 
-Request readRequest(Kelp::OptionReader& reader, const std::vector<Kelp::Option>& options) {
+Request readRequest(Kelp::OptionReader& reader, CommandLineTool& tool) {
     std::vector<std::string> tokens;
     reader.getOptions(tokens);
-    checkFlags(tokens, options);
+    checkFlags(tokens, tool.getOptions());
 
     Request request;
     request.pieces = readNumber(reader, "-n", "--number", mostFragments);
     request.pieceBytes = readNumber(reader, "-s", "--size", mostBytes);
-    request.output = readOutput(reader);
+    request.output = readOutput(reader, tool);
     request.join = reader.hasOption("-j", "--join", firstToken) != 0;
     request.overwrite = reader.hasOption("-f", "--force", firstToken) != 0;
     reader.getArguments(request.files, firstToken);

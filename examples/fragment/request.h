@@ -1,7 +1,7 @@
 #ifndef FRAGMENT_REQUEST_H
 #define FRAGMENT_REQUEST_H
 
-#include <kelplib/Kelp.h>
+#include <kelplib/CommandLineTool.h>
 
 #include <string>
 #include <vector>
@@ -12,7 +12,7 @@ namespace fragment {
 struct Request {
     unsigned long long pieces = 0;      ///< cut into this many fragments; 0 when not given
     unsigned long long pieceBytes = 0;  ///< cut after every so many bytes; 0 when not given
-    std::string output;                 ///< empty when not given
+    std::string output;                 ///< a whole path; empty when not given
     bool join = false;
     bool overwrite = false;
     std::vector<std::string> files;
@@ -26,7 +26,7 @@ std::vector<Kelp::Option> acceptedOptions();
 
 /// Reads a command line that has passed the library's own checks, and makes those that the library leaves to its tools.
 /// \throws std::runtime_error  with the line that tells the user what is wrong
-Request readRequest(Kelp::OptionReader& reader, const std::vector<Kelp::Option>& options);
+Request readRequest(Kelp::OptionReader& reader, CommandLineTool& tool);
 
 }  // namespace fragment
 

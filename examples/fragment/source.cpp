@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "files.h"
+#include "interruption.h"
 
 namespace fragment {
 
@@ -39,9 +40,10 @@ std::uintmax_t Source::bytes() const {
     return size;
 }
 
-void Source::copyTo(NewFiles& target, std::uintmax_t count) {
+void Source::copyTo(NewFiles& target, std::uintmax_t count, Progress& progress) {
     std::array<char, bufferBytes> buffer;
     while (count > 0) {
+        checkInterruption();
         const std::uintmax_t chunk = std::min<std::uintmax_t>(count, buffer.size());
         errno = 0;
         if (!stream.read(buffer.data(), static_cast<std::streamsize>(chunk))) {
@@ -49,6 +51,7 @@ void Source::copyTo(NewFiles& target, std::uintmax_t count) {
         }
         target.write(buffer.data(), static_cast<std::streamsize>(chunk));
         count -= chunk;
+        progress.advance(chunk);
     }
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "new_files.h"
+#include "progress.h"
 
 namespace fragment {
 
@@ -18,8 +19,9 @@ public:
     /// The size that the file had when it was opened.
     std::uintmax_t bytes() const;
 
-    /// Appends the next `count` bytes to the file that `target` writes at the moment.
-    void copyTo(NewFiles& target, std::uintmax_t count);
+    /// Appends the next `count` bytes to the file that `target` writes at the moment, and tells `progress`.
+    /// \throws Interruption  when somebody wants the process to end
+    void copyTo(NewFiles& target, std::uintmax_t count, Progress& progress);
 
     /// Closes the file when all its bytes are copied. Refuses one that has grown in the meantime.
     void close();

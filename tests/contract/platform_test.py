@@ -75,7 +75,7 @@ class CurrentDirectory(unittest.TestCase):
 
     def name_of(self, folder):
         """The folder's name as the system writes it."""
-        return b"<" + (windows_path(folder) if programs.ON_WINDOWS else os.fsencode(folder)) + b">"
+        return b"<" + (programs.windows_path(folder) if programs.ON_WINDOWS else os.fsencode(folder)) + b">"
 
     def folder_of_length(self, length):
         """A folder below the temporary one whose whole path has that many bytes."""
@@ -114,7 +114,7 @@ class CurrentDirectory(unittest.TestCase):
     @unittest.skipUnless(programs.ON_WINDOWS, "the longest path is another one elsewhere")
     def test_longest_folder_of_a_windows_process_fits(self):
         folder = self.folder_of_length(258 - len("Z:"))
-        self.assertEqual(len(windows_path(folder)), 258)
+        self.assertEqual(len(programs.windows_path(folder)), 258)
         self.assertEqual(self.directory_in(folder), self.name_of(folder))
 
     @unittest.skipIf(programs.ON_WINDOWS, "the current directory cannot be deleted there")
@@ -124,11 +124,6 @@ class CurrentDirectory(unittest.TestCase):
         deleted = subprocess.run(["sh", "-c", 'rmdir "$PWD"; exec "$0" directory', TOOL], cwd=folder, timeout=60,
                                  check=True, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         self.assertEqual((deleted.stdout, deleted.stderr), (b"<>\n", b""))
-
-
-def windows_path(folder):
-    """A folder of this machine as wine's programs see it."""
-    return programs.run("winepath", "-w", folder)[1].removesuffix(b"\n")
 
 
 class RewindWithoutConsole(unittest.TestCase):

@@ -25,11 +25,11 @@ CUTS = [
     (["-n=10"], 10, dict.fromkeys(["in.part_0", "in.part_1", "in.part_2", "in.part_3", "in.part_4", "in.part_5",
                                    "in.part_6", "in.part_7", "in.part_8", "in.part_9"], 1),
      b"fragments: 10, bytes: 10, first: in.part_0, last: in.part_9\n"),
-    (["-s=1", "-o=p"], 11, dict.fromkeys(["p00", "p01", "p02", "p03", "p04", "p05", "p06", "p07", "p08", "p09", "p10"],
+    (["-s=1", "-o=./p"], 11, dict.fromkeys(["p00", "p01", "p02", "p03", "p04", "p05", "p06", "p07", "p08", "p09", "p10"],
                                          1),
-     b"fragments: 11, bytes: 11, first: p00, last: p10\n"),
+     b"fragments: 11, bytes: 11, first: <here>/./p00, last: <here>/./p10\n"),
     (["--output=sub/x=", "-n=2"], 5, {"sub/x=0": 3, "sub/x=1": 2},
-     b"fragments: 2, bytes: 5, first: sub/x=0, last: sub/x=1\n"),
+     b"fragments: 2, bytes: 5, first: <here>/sub/x=0, last: <here>/sub/x=1\n"),
 ]
 
 # The tool copies 65536 bytes at a time.
@@ -57,15 +57,15 @@ class CutTest(FragmentTestCase):
 
     def test_many_fragments(self):
         self.write("in", pseudo_random(101))
-        self.check(b"fragments: 101, bytes: 101, first: x000, last: x100\n", "-s=1", "-o=x", "in")
-        self.check(b"fragments: 101, bytes: 101, joined: back\n", "-j", "-o=back", "x000")
+        self.check(b"fragments: 101, bytes: 101, first: <here>/xy000, last: <here>/xy100\n", "-s=1", "-o=xy", "in")
+        self.check(b"fragments: 101, bytes: 101, joined: <here>/back\n", "-j", "-o=back", "xy000")
         self.assertEqual(pseudo_random(101), self.contents()["back"])
 
     def test_verbose(self):
         self.write("in", b"1234567")
         self.check(b"in.part_0: 4 bytes\nin.part_1: 3 bytes\n"
                    b"fragments: 2, bytes: 7, first: in.part_0, last: in.part_1\n", "-n=2", "-v", "in")
-        self.check(b"in.part_1: 3 bytes\nin.part_0: 4 bytes\nfragments: 2, bytes: 7, joined: out\n",
+        self.check(b"in.part_1: 3 bytes\nin.part_0: 4 bytes\nfragments: 2, bytes: 7, joined: <here>/out\n",
                    "--verbose", "-j", "-o=out", "in.part_1", "in.part_0")
         self.assertEqual(b"5671234", self.contents()["out"])
 
@@ -79,15 +79,15 @@ class CutTest(FragmentTestCase):
     def test_fragments_of_a_longer_cut(self):
         self.write("in", b"abcdefghijkl")
         self.write("in.part_2", b"old")
-        for arguments in (("-n=2", "in"), ("-f", "-n=2", "in"), ("-f", "-s=6", "-o=in.part_", "in")):
-            self.check_refusal(b"in.part_2 belongs to another cut; remove that one first", *arguments)
-        self.write("x10", b"another number of digits")
-        self.assertEqual((0, b""), self.tool("-n=10", "-o=x", "in")[::2])
+        for here, *arguments in ((b"", "-n=2", "in"), (b"", "-f", "-n=2", "in"), (b"<here>/", "-f", "-s=6", "-o=in.part_", "in")):
+            self.check_refusal(here + b"in.part_2 belongs to another cut; remove that one first", *arguments)
+        self.write("xy10", b"another number of digits")
+        self.assertEqual((0, b""), self.tool("-n=10", "-o=xy", "in")[::2])
 
     def test_overwriting_the_input(self):
         self.write("in0", b"123456")
-        self.check_refusal(b"in0 exists already; -f overwrites it", "-n=2", "-o=in", "in0")
-        self.check(b"fragments: 2, bytes: 6, first: in0, last: in1\n", "-n=2", "-o=in", "-f", "in0")
+        self.check_refusal(b"<here>/in0 exists already; -f overwrites it", "-n=2", "-o=in", "in0")
+        self.check(b"fragments: 2, bytes: 6, first: <here>/in0, last: <here>/in1\n", "-n=2", "-o=in", "-f", "in0")
         self.assertEqual({"in0": b"123", "in1": b"456"}, self.contents())
 
     @native_only
@@ -104,7 +104,7 @@ class CutTest(FragmentTestCase):
         os.symlink("elsewhere", self.folder / "in.part_0")
         os.symlink("nowhere", self.folder / "in.part_1")
         self.check_refusal(b"in.part_0 exists already; -f overwrites it", "-n=2", "in")
-        self.check_refusal(b"in.part_1 exists already; -f overwrites it", "-j", "-o=in.part_1", "in", "in")
+        self.check_refusal(b"<here>/in.part_1 exists already; -f overwrites it", "-j", "-o=in.part_1", "in", "in")
         self.check(b"fragments: 2, bytes: 2, first: in.part_0, last: in.part_1\n", "-n=2", "-f", "in")
         self.assertEqual({"in": b"12", "elsewhere": b"mine", "in.part_0": b"1", "in.part_1": b"2"}, self.contents())
 
@@ -127,16 +127,16 @@ class JoinTest(FragmentTestCase):
     def test_named_fragments(self):
         for name, data in [("b", b"bb"), ("a1", b"a"), ("a2", b"z"), ("c", b"\r\n\x1a\0c")]:
             self.write(name, data)
-        self.check(b"fragments: 4, bytes: 10, joined: out\n", "c", "-j", "a1", "-o=out", "b", "b")
+        self.check(b"fragments: 4, bytes: 10, joined: <here>/out\n", "c", "-j", "a1", "-o=out", "b", "b")
         self.assertEqual(b"\r\n\x1a\0cabbbb", self.contents()["out"])
 
     def test_overwriting(self):
         for name in ["a0", "a1", "out"]:
             self.write(name, name.encode())
-        self.check_refusal(b"out exists already; -f overwrites it", "-j", "-o=out", "a0")
-        self.check(b"fragments: 2, bytes: 4, joined: out\n", "-j", "-f", "-o=out", "a0")
-        self.check_refusal(b"a1 exists already; -f overwrites it", "-j", "-o=a1", "a0", "a1")
-        self.check(b"fragments: 3, bytes: 6, joined: a1\n", "-j", "-f", "-o=a1", "a1", "a0", "a1")
+        self.check_refusal(b"<here>/out exists already; -f overwrites it", "-j", "-o=out", "a0")
+        self.check(b"fragments: 2, bytes: 4, joined: <here>/out\n", "-j", "-f", "-o=out", "a0")
+        self.check_refusal(b"<here>/a1 exists already; -f overwrites it", "-j", "-o=a1", "a0", "a1")
+        self.check(b"fragments: 3, bytes: 6, joined: <here>/a1\n", "-j", "-f", "-o=a1", "a1", "a0", "a1")
         self.assertEqual({"a0": b"a0", "a1": b"a1a0a1", "out": b"a0a1"}, self.contents())
 
     def test_following_numbers(self):
@@ -165,18 +165,20 @@ class JoinTest(FragmentTestCase):
                     (self.folder / name).unlink()
 
     def test_gaps(self):
-        for names, first, problem in [
+        for names, first, problem, *output in [
             (["x0", "x2"], "x0", b"x1 is missing"),
             (["x0", "x1", "x9"], "x0", b"x2 is missing"),
             (["p_08", "p_09", "p_11", "p_99"], "p_08", b"p_10 is missing"),
             (["sub/x00", "sub/x02"], "sub/x00", b"sub/x01 is missing"),
+            (["sub/x0"], "sub/x0", b"<here>/sub/x1 would count as one more fragment; choose another name", "sub/x1"),
+            (["x0"], "./x0", b"<here>/sub/../x1 would count as one more fragment; choose another name", "sub/../x1"),
             (["name"], "name", b"name does not end in a number; name all the fragments"),
         ]:
             with self.subTest(names=names):
                 (self.folder / "sub").mkdir(exist_ok=True)
                 for name in names:
                     self.write(name, name.encode())
-                self.check_refusal(problem, "-j", "-o=out", first)
+                self.check_refusal(problem, "-j", "-o=" + "".join(output or ["out"]), first)
                 for name in names:
                     (self.folder / name).unlink()
 
@@ -186,7 +188,7 @@ class JoinTest(FragmentTestCase):
             self.write(name, name.encode())
         self.check_refusal(b"x2 is missing", "-j", "-o=out", "x0")
         (self.folder / "X3").unlink()
-        self.check(b"fragments: 2, bytes: 4, joined: out\n", "-j", "-o=out", "x0")
+        self.check(b"fragments: 2, bytes: 4, joined: <here>/out\n", "-j", "-o=out", "x0")
 
 
 if __name__ == "__main__":

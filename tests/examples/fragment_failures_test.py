@@ -1,7 +1,9 @@
 """The fragment tool when something goes wrong on the way: what it says, and that nothing is lost or left behind."""
 
+import functools
 import os
 import pathlib
+import signal
 import subprocess
 import unittest
 
@@ -13,8 +15,8 @@ if not programs.ON_WINDOWS:
 
 
 def limited(kind, limit):
-    """Options for a run with a limit of the system. A write beyond the file size limit is told as an error."""
-    return {"preexec_fn": lambda: resource.setrlimit(kind, (limit, limit)), "restore_signals": False}
+    """Options for a run with a limit of the system."""
+    return {"preexec_fn": lambda: resource.setrlimit(kind, (limit, limit))}
 
 
 def own_mounts(script, *arguments):
@@ -46,13 +48,13 @@ class InterruptedTest(FragmentTestCase):
         self.data = pseudo_random(400000)
         self.write(self.name, self.data)
 
-    def start(self, *arguments):
+    def start(self, *arguments, **options):
         return subprocess.Popen(programs.command(PROGRAM, "-v", *arguments), cwd=self.folder, bufsize=0, pipesize=4096,
-                                stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+                                stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, **options)
 
-    def start_cut(self):
+    def start_cut(self, **options):
         """A cut into 50 fragments that has opened its input and cannot end."""
-        tool = self.start("-s=8000", "-o=" + self.name + ".", self.name)
+        tool = self.start("-s=8000", "-o=" + self.name + ".", self.name, **options)
         for _ in range(2 * len(self.name)):  # into the line of the second fragment
             tool.stdout.read(1)
         return tool
@@ -85,6 +87,54 @@ class InterruptedTest(FragmentTestCase):
         tool.stdout.read(1)
         self.check_change(tool, name, grow)
 
+    def test_name_taken_meanwhile(self):
+        tool = self.start_cut()
+        self.write(self.name + ".49", b"precious")
+        self.check_problem(tool, f"<here>/{self.name}.49 exists already; -f overwrites it", ".49")
+
+    def test_unfinished_name_taken_meanwhile(self):
+        tool = self.start_cut()
+        self.write(self.name + ".49.unfinished", b"precious")
+        self.check_problem(tool, f"<here>/{self.name}.49.unfinished exists already; remove it first", ".49.unfinished")
+
+    def check_problem(self, tool, problem, suffix):
+        """The tool stops with the problem; nothing is there but its input and the precious file of somebody else."""
+        _, told = tool.communicate()
+        self.assertEqual((1, f"fragment: {problem}\n".encode()),
+                         (tool.returncode, self.without_folder(programs.plain_line_ends(told))))
+        self.assertEqual({self.name: self.data, self.name + suffix: b"precious"}, self.contents())
+
+    @native_only
+    def test_ending_signals(self):
+        for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
+            with self.subTest(number):
+                tool = self.start_cut()
+                tool.send_signal(number)
+                # It ends though nobody reads on.
+                self.assertEqual(-number, tool.wait(timeout=30))
+                self.assertEqual(b"fragment: interrupted\n", tool.communicate()[1])
+                self.assertEqual({self.name: self.data}, self.contents())
+
+    @native_only
+    def test_signals_ignored_from_the_start(self):
+        for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
+            with self.subTest(number):
+                tool = self.start_cut(preexec_fn=functools.partial(signal.signal, number, signal.SIG_IGN))
+                tool.send_signal(number)
+                _, problem = tool.communicate()
+                self.assertEqual((0, b""), (tool.returncode, problem))
+                for name in self.contents().keys() - {self.name}:
+                    (self.folder / name).unlink()
+
+    @native_only
+    def test_reader_that_goes_away(self):
+        tool = self.start_cut()
+        tool.stdout.close()
+        self.assertEqual(b"fragment: interrupted\n", tool.stderr.read())
+        self.assertEqual(-signal.SIGPIPE, tool.wait())
+        self.assertEqual({self.name: self.data}, self.contents())
+        tool.stderr.close()
+
     @native_only
     def test_killed(self):
         tool = self.start_cut()
@@ -102,19 +152,32 @@ class LeftoverTest(FragmentTestCase):
                            ("in.part_1.replaced", b"kept")]:
             self.write(name, data)
         for problem, *arguments in [
-            (b"a.part_1.unfinished exists already; remove it first", "-n=2", "-o=a.part_", "in"),
-            (b"a.part_1.unfinished exists already; remove it first", "-f", "-n=2", "-o=a.part_", "in"),
+            (b"<here>/a.part_1.unfinished exists already; remove it first", "-n=2", "-o=a.part_", "in"),
+            (b"<here>/a.part_1.unfinished exists already; remove it first", "-f", "-n=2", "-o=a.part_", "in"),
             (b"in.part_1.replaced exists already; move it away first", "-f", "-n=2", "in"),
-            (b"in.part_1.replaced exists already; move it away first", "-f", "-j", "-o=in.part_1", "in", "in"),
+            (b"<here>/in.part_1.replaced exists already; move it away first", "-f", "-j", "-o=in.part_1", "in", "in"),
         ]:
             with self.subTest(arguments=arguments):
                 self.check_refusal(problem, *arguments)
+
+    def test_fragments_beside_leftovers(self):
+        problem = b" is left of an interrupted run; the fragments may belong to different cuts"
+        for name in ["f0", "f1", "f2"]:
+            self.write(name, name.encode())
+        for name in ["f0.replaced", "f2.unfinished", "f3.unfinished"]:
+            with self.subTest(name):
+                self.write(name, b"left over")
+                self.check_refusal(name.encode() + problem, "-j", "-o=out", "f0")
+                (self.folder / name).unlink()
+        self.write("f1.replaced", b"left over")
+        self.check_refusal(b"f1.replaced" + problem, "-j", "-o=out", "f0", "f1")
+        self.check(b"fragments: 1, bytes: 2, joined: <here>/out\n", "-j", "-o=out", "f2")
 
     @native_only
     def test_link_under_the_unfinished_name(self):
         self.write("in", b"1234")
         os.symlink("/dev/full", self.folder / "out.unfinished")
-        self.check_refusal(b"out.unfinished exists already; remove it first", "-f", "-j", "-o=out", "in", "in")
+        self.check_refusal(b"<here>/out.unfinished exists already; remove it first", "-f", "-j", "-o=out", "in", "in")
 
     @windows_only
     def test_old_file_that_cannot_be_removed(self):
@@ -122,7 +185,7 @@ class LeftoverTest(FragmentTestCase):
             self.write(name, b"old")
         self.write("in", b"123")
         (self.folder / "in1").chmod(0o444)
-        self.assertEqual((1, b"", b"fragment: cannot remove in1.replaced: Permission denied\n"),
+        self.assertEqual((1, b"", b"fragment: cannot remove <here>/in1.replaced: Permission denied\n"),
                          self.tool("-f", "-n=3", "-o=in", "in"))
         self.assertEqual({"in": b"123", "in0": b"1", "in1": b"2", "in2": b"3", "in1.replaced": b"old"},
                          self.contents())
@@ -136,11 +199,11 @@ class SystemErrorTest(FragmentTestCase):
         self.write("small", b"s" * 1001)
         for problem, *arguments in [
             (b"cannot write in.part_0: File too large", "-f", "-n=2", "in"),
-            (b"cannot write x0: File too large", "-s=100001", "-o=x", "in"),
-            (b"cannot write out: File too large", "-j", "-o=out", "in.part_0", "in"),
-            (b"cannot write in: File too large", "-f", "-j", "-o=in", "in.part_0", "in"),
+            (b"cannot write <here>/xy0: File too large", "-s=100001", "-o=xy", "in"),
+            (b"cannot write <here>/out: File too large", "-j", "-o=out", "in.part_0", "in"),
+            (b"cannot write <here>/in: File too large", "-f", "-j", "-o=in", "in.part_0", "in"),
             # So little that it is written when the file is closed.
-            (b"cannot write x0: File too large", "-n=1", "-o=x", "small"),
+            (b"cannot write <here>/xy0: File too large", "-n=1", "-o=xy", "small"),
             # Missing fragments are told before anything is written.
             (b"cannot read nowhere: No such file or directory", "-j", "-o=out", "in", "nowhere"),
         ]:
@@ -154,6 +217,38 @@ class SystemErrorTest(FragmentTestCase):
         if self.tool("-j", "-o=out", "in", "in", **limit)[0] != 0:
             self.skipTest("this build needs more memory for everything")
         self.check_refusal(b"out of memory", "-n=100000", "-o=" + "x" * 200, "in", **limit)
+
+    def test_full_standard_output(self):
+        self.write("in", b"1234")
+        with open("/dev/full", "wb") as full:
+            done = subprocess.run([PROGRAM, "-n=2", "in"], cwd=self.folder, stdin=subprocess.DEVNULL, stdout=full,
+                                  stderr=subprocess.PIPE, timeout=60, check=False)
+        self.assertEqual((1, b"fragment: all files are written, but standard output cannot be\n"),
+                         (done.returncode, done.stderr))
+        self.assertEqual({"in": b"1234", "in.part_0": b"12", "in.part_1": b"34"}, self.contents())
+
+    def test_closed_standard_output(self):
+        for name in ["f0", "f1"]:
+            self.write(name, name.encode())
+        for arguments in (["-j", "-v", "-o=out", "f0"], ["-n=2", "f0"]):
+            done = subprocess.run(["sh", "-c", 'exec "$0" "$@" >&-', PROGRAM, *arguments], cwd=self.folder, timeout=60,
+                                  stdin=subprocess.DEVNULL, stderr=subprocess.PIPE, check=False)
+            self.assertEqual((1, b"fragment: standard output is closed\n"), (done.returncode, done.stderr))
+        self.assertEqual({"f0": b"f0", "f1": b"f1"}, self.contents())
+
+    def test_program_path_that_looks_like_a_flag(self):
+        self.write("in", b"1234")
+        done = subprocess.run(["-o=evil.", "-n=2", "-o=good.", "in"], executable=PROGRAM, cwd=self.folder, timeout=60,
+                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False)
+        self.assertEqual((0, b""), (done.returncode, done.stderr))
+        self.assertEqual({"in": b"1234", "good.0": b"12", "good.1": b"34"}, self.contents())
+
+    def test_output_among_the_fragments_by_another_way(self):
+        for name in ["f0", "f1"]:
+            self.write(name, name.encode())
+        os.symlink(".", self.folder / "lnk")
+        self.check_refusal(b"<here>/lnk/f2 would count as one more fragment; choose another name",
+                           "-j", "-o=lnk/f2", "f0")
 
     def test_refused_read(self):
         device = "/sys/class/net/lo/speed"
@@ -178,7 +273,29 @@ class SystemErrorTest(FragmentTestCase):
             'status=0; "$@" || status=$?; ls -A disk; cat disk/x2; exit $status',
             str(self.folder), PROGRAM, "-f", "-s=327680", "-o=disk/x", "in")
         self.assertEqual((1, b"x2\nold"), (status, output))
-        self.assertEqual(b"fragment: cannot write disk/x3: No space left on device\n", problem)
+        self.assertEqual(b"fragment: cannot write <here>/disk/x3: No space left on device\n", self.without_folder(problem))
+
+    @unittest.skipUnless("KELPLIB_FAILING_RENAME" in os.environ, "this build loads nothing before the tool")
+    def test_renames_that_fail(self):
+        shim = os.environ["KELPLIB_FAILING_RENAME"]
+        for renames, left, problem in [
+            ("0", {"in.part_0": b"old 0", "in.part_1": b"old 1"}, b"cannot rename in.part_0: Input/output error"),
+            # The first file has been moved away, and cannot be moved back.
+            ("1", {"in.part_0.replaced": b"old 0", "in.part_1": b"old 1"},
+             b"cannot rename in.part_0.unfinished: Input/output error; "
+             b"the file before is now called in.part_0.replaced"),
+            ("3", {"in.part_0.replaced": b"old 0", "in.part_1.replaced": b"old 1"},
+             b"cannot rename in.part_1.unfinished: Input/output error; "
+             b"the file before is now called in.part_0.replaced"),
+        ]:
+            with self.subTest(renames):
+                for name, data in [("in", b"1234"), ("in.part_0", b"old 0"), ("in.part_1", b"old 1")]:
+                    self.write(name, data)
+                self.assertEqual((1, b"", b"fragment: " + problem + b"\n"),
+                                 self.tool("-f", "-n=2", "in", env={**os.environ, "LD_PRELOAD": shim, "RENAMES": renames}))
+                self.assertEqual({"in": b"1234", **left}, self.contents())
+                for name in left:
+                    (self.folder / name).unlink()
 
     @needs_mounts
     def test_file_that_cannot_be_replaced(self):

@@ -2,6 +2,7 @@
 
 import os
 import pathlib
+import re
 import sys
 import tempfile
 import unittest
@@ -31,7 +32,7 @@ class FragmentTestCase(unittest.TestCase):
     def setUp(self):
         temporary = tempfile.TemporaryDirectory()
         self.addCleanup(temporary.cleanup)
-        self.folder = pathlib.Path(temporary.name)
+        self.folder = pathlib.Path(temporary.name).resolve()
 
     def write(self, name, data):
         (self.folder / name).write_bytes(data)
@@ -48,10 +49,19 @@ class FragmentTestCase(unittest.TestCase):
         return found
 
     def tool(self, *arguments, **options):
-        """Runs the tool. It is called "fragment" on both systems."""
+        """Runs the tool. It is called "fragment" on both systems, and its folder "<here>"."""
         if programs.ON_WINDOWS:
-            return programs.run(PROGRAM, *arguments, cwd=self.folder, **options)
-        return programs.run("fragment", *arguments, cwd=self.folder, executable=PROGRAM, **options)
+            result = programs.run(PROGRAM, *arguments, cwd=self.folder, **options)
+        else:
+            result = programs.run("fragment", *arguments, cwd=self.folder, executable=PROGRAM, **options)
+        return result[0], self.without_folder(result[1]), self.without_folder(result[2])
+
+    def without_folder(self, text):
+        """A text of the tool's with "<here>" in place of the folder, in which paths have one delimiter on both systems."""
+        if programs.ON_WINDOWS:
+            folder = re.escape(programs.windows_path(self.folder))
+            return re.sub(folder + rb"\\([^ \n]*)", lambda path: b"<here>/" + path[1].replace(b"\\", b"/"), text)
+        return text.replace(os.fsencode(self.folder) + b"/", b"<here>/")
 
     def check(self, expected_output, *arguments):
         """The tool succeeds and prints exactly this."""

@@ -31,6 +31,12 @@ def run(program, *arguments, timeout=60, **options):
 
 
 @functools.cache
+def windows_path(folder):
+    """A folder of this machine as wine's programs see it."""
+    return run("winepath", "-w", folder)[1].removesuffix(b"\n")
+
+
+@functools.cache
 def _keep_windows_up():
     """Starts wine's services and keeps them up until the script ends. Otherwise the first program would start them, and
     they would print into its standard error and hold that open for seconds after its end."""

@@ -1,0 +1,143 @@
+/* flat_progress: finds the lines of a text that hold a byte outside ASCII.
+ *
+ * A C program on the flat interface alone: it draws the bar through KELP_progress_global and knows nothing else of the
+ * library. Exit status: 0 when every byte is ASCII, 1 when some are not, 2 when the file cannot be read
+ * or the findings cannot be written. */
+
+/* fseeko and ftello, for files that a long cannot measure. */
+#define _POSIX_C_SOURCE 200112L
+#define _FILE_OFFSET_BITS 64
+
+#include <kelplib/KelpProgress.h>
+
+#include <errno.h>
+#include <stdio.h>
+#include <string.h>
+
+/* The bar, its label and the longest time behind it fit into 80 columns. */
+enum { MOST_SHOWN = 10, BAR_WIDTH = 30, LABEL_WIDTH = 18 };
+
+static const double SECONDS_BETWEEN_REDRAWS = 0.05;
+
+struct finding {
+    unsigned long long line;
+    unsigned long long column; /* of the line's first such byte, from 1 */
+    unsigned char byte;
+};
+
+struct report {
+    unsigned long long lines; /* line ends so far */
+    unsigned long long found; /* lines with such a byte */
+    struct finding shown[MOST_SHOWN];
+    unsigned long long column;
+    int line_is_found;
+};
+
+static void examine(struct report* report, const unsigned char* bytes, size_t count) {
+    for (size_t i = 0; i < count; ++i) {
+        ++report->column;
+        if (bytes[i] == '\n') {
+            ++report->lines;
+            report->column = 0;
+            report->line_is_found = 0;
+        } else if (bytes[i] > 127 && !report->line_is_found) {
+            if (report->found < MOST_SHOWN) {
+                const struct finding finding = {report->lines + 1, report->column, bytes[i]};
+                report->shown[report->found] = finding;
+            }
+            ++report->found;
+            report->line_is_found = 1;
+        }
+    }
+}
+
+/* The number of bytes that are left to read; 0 when the file does not tell. */
+static double size_of(FILE* file) {
+    off_t size = -1;
+    if (fseeko(file, 0, SEEK_END) == 0) {
+        size = ftello(file);
+        rewind(file);
+    }
+    return size > 0 ? (double)size : 0.0;
+}
+
+/* Sets the bar up. Returns whether it is to be shown: on a console, and where MSYSTEM tells of a terminal that looks like
+ * a pipe to its programs. Elsewhere the output is for other programs to read. */
+static int set_bar_up(const char* name, double size) {
+    KELP_progress_global_init(size, BAR_WIDTH, "", 0);
+    KELP_progress_global_set_text(name, LABEL_WIDTH);
+    /* The percentage follows the label directly; a blank keeps them apart. The rest of the field is zero. */
+    KELP_GlobalProgress.text[strlen(KELP_GlobalProgress.text)] = ' ';
+    return size > 0.0 && (KELP_rewind_cursor(0) > 0 || KELP_GlobalProgress.terminal_env != NULL);
+}
+
+/* Reads the whole file and shows how far it is. Returns 0, or the system's reason for not reading on. */
+static int examine_file(FILE* file, const char* name, struct report* report) {
+    static unsigned char buffer[65536];
+    const double size = size_of(file);
+    const int shown = set_bar_up(name, size);
+    double done = 0.0;
+    double drawn = 0.0;
+    size_t count;
+    errno = 0;
+    while ((count = fread(buffer, 1, sizeof buffer, file)) > 0) {
+        examine(report, buffer, count);
+        done += (double)count;
+        if (shown && done < size && KELP_time_stamp() - drawn > SECONDS_BETWEEN_REDRAWS) {
+            KELP_progress_global(done);
+            drawn = KELP_time_stamp();
+        }
+    }
+    if (ferror(file)) {
+        const int reason = errno != 0 ? errno : EIO;
+        if (drawn > 0.0) {
+            putchar('\n');
+        }
+        return reason;
+    }
+    if (shown) {
+        KELP_progress_global(size);
+        putchar('\n');
+    }
+    return 0;
+}
+
+static void print(const char* name, const struct report* report) {
+    const unsigned long long shown = report->found < MOST_SHOWN ? report->found : MOST_SHOWN;
+    for (unsigned long long i = 0; i < shown; ++i) {
+        const struct finding* finding = &report->shown[i];
+        printf("%s:%llu:%llu: byte 0x%02X\n", name, finding->line, finding->column, finding->byte);
+    }
+    if (report->found > shown) {
+        printf("... and %llu more lines\n", report->found - shown);
+    }
+    printf("lines with bytes outside ASCII: %llu\n", report->found);
+}
+
+int main(int argc, char** argv) {
+    static struct report report;
+    FILE* file;
+    int reason;
+    if (argc != 2) {
+        fprintf(stderr, "usage: flat_progress FILE\n");
+        return 2;
+    }
+    file = fopen(argv[1], "rb");
+    if (file == NULL) {
+        fprintf(stderr, "flat_progress: cannot open %s: %s\n", argv[1], strerror(errno));
+        return 2;
+    }
+    reason = examine_file(file, argv[1], &report);
+    fclose(file);
+    if (reason != 0) {
+        fflush(stdout);
+        fprintf(stderr, "flat_progress: cannot read %s: %s\n", argv[1], strerror(reason));
+        return 2;
+    }
+    print(argv[1], &report);
+    if (fflush(stdout) != 0 || ferror(stdout)) {
+        fprintf(stderr, "flat_progress: standard output cannot be written\n");
+        return 2;
+    }
+    return report.found > 0 ? 1 : 0;
+}

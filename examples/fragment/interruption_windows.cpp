@@ -1,0 +1,27 @@
+#include "interruption.h"
+
+#include <csignal>
+#include <initializer_list>
+
+namespace {
+
+void (*noteSignal)(int) = nullptr;
+
+}  // namespace
+
+extern "C" {
+/// The system forgets a handler when it calls it.
+static void noteAgainAndAgain(int signal) {
+    std::signal(signal, noteAgainAndAgain);
+    noteSignal(signal);
+}
+}
+
+void fragment::onEndingSignals(void (*note)(int)) {
+    noteSignal = note;
+    for (const int signal : {SIGINT, SIGTERM, SIGBREAK}) {
+        if (std::signal(signal, noteAgainAndAgain) == SIG_IGN) {
+            std::signal(signal, SIG_IGN);
+        }
+    }
+}
