@@ -29,15 +29,20 @@ need_for_demo() {
 
 need_for_tests() {
     need_for_demo
-    needs+=("/usr/src/googletest/CMakeLists.txt googletest" "python3 python3" "tmux tmux")
+    needs+=("/usr/src/googletest/CMakeLists.txt googletest" "python3 python3" "tmux tmux"
+            "/usr/lib/python3/dist-packages/pyte/__init__.py python3-pyte")
+}
+
+need_for_windows() {
+    needs+=("x86_64-w64-mingw32-g++-posix g++-mingw-w64-x86-64-posix" "wine wine wine64")
 }
 
 need_for_all_tests() {
     need_for_tests
+    need_for_windows
     needs+=(
         "clang clang" "clang++ clang" "clang-tidy clang-tidy" "clang-format clang-format"
-        "/usr/lib/llvm-*/include/c++/v1/version libc++-dev" "/usr/lib/llvm-*/lib/libc++abi.so libc++abi-dev"
-        "x86_64-w64-mingw32-g++-posix g++-mingw-w64-x86-64-posix" "wine wine wine64")
+        "/usr/lib/llvm-*/include/c++/v1/version libc++-dev" "/usr/lib/llvm-*/lib/libc++abi.so libc++abi-dev")
 }
 
 # is_there TEST: whether a need is met.
