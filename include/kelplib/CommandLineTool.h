@@ -167,8 +167,9 @@ public:
     /// \param text        the label
     /// \param max_length  the label's room in characters, see KELP_progress_global_set_text
     void initProgress(double total, std::string text, unsigned long long max_length);
-    /// Shows that `value` of the total is done; a negative one ends the process where the bar is drawn, see KELP_progress. In verbose mode nothing is drawn, and the label stays, so that the display
-    /// does not mix with trace lines.
+    /// Shows that `value` of the total is done; a negative one ends the process where the bar is drawn, see KELP_progress.
+    /// In verbose mode nothing is drawn, and the label stays, so that the display does not mix with trace lines. After the
+    /// last call the bar needs a line end; the finished face has the cursor below it.
     void progress(double value, std::string text, unsigned long long max_length);
     /// @}
 

@@ -69,9 +69,9 @@ struct StringDouble {
 /// tool that never changes it) that means: leading blanks are skipped; an optional sign; decimal digits only, and for the
 /// two real types an optional "." and exponent; reading stops where the number stops and the rest is ignored ("12abc" is
 /// 12, "0x1F" is 0). No digits, "inf" and "nan" give 0, and so does a real number whose exponent lacks its digits ("1e").
-/// A number that does not fit becomes the type's nearest limit, never infinity. An unsigned type negates modulo its range ("-1" is its largest value), but a
-/// magnitude beyond the range gives the largest value. An empty or blank text leaves the target as it was, so that a
-/// default survives.
+/// A number that does not fit becomes the type's nearest limit, never infinity. An unsigned type negates modulo its range
+/// ("-1" is its largest value), but a magnitude beyond the range gives the largest value. An empty or blank text leaves
+/// the target as it was, so that a default survives.
 /// @{
 
 /// The target becomes an exact copy of the text.

@@ -48,7 +48,7 @@ KELP_API int KELP_rewind_cursor(unsigned int lines);
 /// `total`. It ends in a carriage return, so that the next call overwrites it; print a line end after the last one.
 /// \param value       the amount done, 0 or more. A negative one is told on standard output and ends the process with exit
 ///                    status 0
-/// \param total       the amount that means 100 %
+/// \param total       the amount that means 100 %; with 0 the line is cut, some 500 characters long
 /// \param width       width of the bar in characters
 /// \param text        the label, directly followed by the percentage
 /// \param start_time  KELP_time_stamp taken when the work began; 0 or less shows no time
