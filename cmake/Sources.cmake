@@ -18,19 +18,29 @@ set(KELPLIB_SOURCES
     src/console/smiley.cpp
     src/console/standard_output.cpp
     src/console/time_left.cpp
+    src/convert/collection_values.cpp
     src/convert/localized_text.cpp
+    src/convert/number_reading.cpp
+    src/convert/number_text.cpp
     src/convert/path_value.cpp
     src/convert/scalar_values.cpp
+    src/convert/value_text.cpp
     src/frame/command_line_tool.cpp
     src/frame/command_line_tool_checks.cpp
     src/frame/command_line_tool_help.cpp
     src/frame/command_line_tool_output.cpp
     src/frame/flag_key.cpp
+    src/frame/install_location.cpp
     src/frame/option.cpp
     src/frame/option_reader.cpp
     src/path/file_path.cpp
     src/util/ascii_fold.cpp
-    src/util/string_utilities.cpp)
+    src/util/flag_scanners.cpp
+    src/util/leading_int.cpp
+    src/util/string_utilities.cpp
+    src/util/tokens.cpp
+    src/util/verbosity.cpp
+    src/util/wait_or_press_key.cpp)
 
 if(WIN32)
     set(KELPLIB_PLATFORM_SOURCES src/platform/platform_windows.cpp)

@@ -186,4 +186,11 @@ private:
     std::vector<Kelp::Argument> argumentList;
 };
 
+/// The path of the main application's tools_configuration.txt, found through PATH: the last entry (they are parted by ";" on
+/// every system) with "tarn" in it, in lower case, less its last 10 characters, and the configuration's place below that.
+/// Every such entry is told on standard output, and so is that there is none, or no PATH. Nobody looks whether the file is
+/// there.
+/// \returns the path; empty when there is no such entry
+KELP_API std::string getFilePath();
+
 #endif

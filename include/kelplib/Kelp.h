@@ -10,9 +10,12 @@
 
 #include <kelplib/Export.h>
 
+#include <array>
 #include <cstddef>
 #include <filesystem>
+#include <set>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace Kelp {
@@ -93,6 +96,32 @@ KELP_API void stringToValue(StringDouble& target, std::string text);
 /// \throws std::filesystem::filesystem_error  where paths are UTF-16 and the text is not well-formed UTF-8 (message
 ///         "Cannot convert character sequence", code std::errc::illegal_byte_sequence); the target is untouched then
 KELP_API void stringToValue(std::filesystem::path& target, std::string text);
+/// @}
+
+/// \name Option text to lists and tuples
+/// The text is cut into pieces as split() does, so empty pieces are dropped and blank ones count. Each is read by the rules
+/// above. Which separator a type has, "," or ":", is a part of its form and told below.
+/// @{
+
+/// The target becomes the pieces between commas, in order, with their blanks.
+KELP_API void stringToValue(std::vector<std::string>& target, std::string text);
+/// The target becomes the set of the pieces between commas, with their blanks.
+KELP_API void stringToValue(std::set<std::string>& target, std::string text);
+/// The target becomes the set of the numbers between commas; a blank or unreadable piece gives 0.
+KELP_API void stringToValue(std::set<int>& target, std::string text);
+/// The target becomes the set of the numbers between colons; a blank or unreadable piece gives 0.
+KELP_API void stringToValue(std::set<double>& target, std::string text);
+/// The target gets as many elements as there are pieces between colons, and each piece is read over the element in its
+/// place: a blank piece leaves that one as it was, so that defaults survive. Elements that are added begin as 0.
+KELP_API void stringToValue(std::vector<int>& target, std::string text);
+KELP_API void stringToValue(std::vector<double>& target, std::string text);
+/// Two numbers between colons, the lower one first; a blank piece gives 0. Untouched unless there are exactly two pieces.
+KELP_API void stringToValue(std::tuple<unsigned int, unsigned int>& target, std::string text);
+KELP_API void stringToValue(std::tuple<float, float>& target, std::string text);
+KELP_API void stringToValue(std::tuple<double, double>& target, std::string text);
+/// Three numbers between colons in the order in which they are written; a blank piece gives 0. Untouched unless there are
+/// exactly three pieces.
+KELP_API void stringToValue(std::tuple<unsigned int, unsigned int, unsigned int>& target, std::string text);
 /// @}
 
 /// A command line as a list of tokens. Token 0 is the program path; a token that begins with "-" is a flag, everything
@@ -206,6 +235,65 @@ KELP_API std::string replaceToQ6Extension(std::string name);
 KELP_API std::string createFragmentName(unsigned long long index, std::string base, unsigned int width);
 /// @}
 
+/// \name Flags without a tool object
+/// For programs that read argv themselves. These have a grammar of their own: a flag of at most two characters ("-n")
+/// matches every token that begins with it, in either letter case (-n, -N=4, -nfoo); a longer one ("--number") only a token
+/// that is the flag itself, or the flag with "=" and a text, in the same letter case.
+///
+/// Positions are indices into argv; 0 doubles as nothing found, so a match at the program path reads as nothing found and
+/// ends the search. A negative `start` counts as 0.
+/// \throws std::logic_error  "basic_string: construction from null is not valid" for a null element of argv, when it is
+///                           looked at
+/// @{
+
+/// The position of the first token at or after `start` that matches; 0 when there is none.
+KELP_API int getNextFlag(int argc, char** argv, std::string flag, int start);
+
+/// Whether some token begins with "-h" or is "--help".
+KELP_API bool getHelpFlag(int argc, char** argv);
+
+/// The value of a two-character flag: what follows it in its token, without a "=" in between (-ofile, -o=file). The next
+/// token is never taken.
+/// \param value  empty for a flag without a value; untouched when there is no flag
+/// \returns the flag's position; 0 when there is none
+/// \throws std::out_of_range  when a token of one character matches
+KELP_API int getStringFlag(int argc, char** argv, std::string flag, std::string& value, int start);
+
+/// Replaces `values` by the values of every occurrence of a two-character flag.
+/// \returns their number
+KELP_API int getMultiStringFlag(int argc, char** argv, std::string flag, std::vector<std::string>& values);
+
+/// The integer behind the "=" of a flag, read as the C library's atoi does: "12abc" is 12, "abc" 0, and what does not fit
+/// becomes the nearest limit. When there is no flag, or not exactly one text behind one "=", an empty line is printed (the
+/// reason stands on it when verbosity() is above 10). With `start` 0 and no flag the program path is read in its place.
+/// \param value  untouched unless a number was read
+/// \returns the flag's position; 0 otherwise
+KELP_API int getIntFlag(int argc, char** argv, std::string flag, int& value, int start);
+
+/// The range a:b of -tr=a:b or --timerange=a:b, read as the C library's atof does, in the order written. The long form
+/// counts when the first short form has no such range.
+/// \returns 1; 0 with `range` untouched when neither has one
+KELP_API int getTimeRangeFlag(int argc, char** argv, std::array<double, 2>& range);
+/// The same for integers, with -sr=a:b or --steprange=a:b.
+KELP_API int getStepRangeFlag(int argc, char** argv, std::array<int, 2>& range);
+
+/// The first token behind the program path that does not begin with "-"; "please_provide_file_name" when there is none.
+KELP_API std::string getFirstFileName(int argc, char** argv);
+
+/// Every token behind the program path that does not begin with "-", the empty ones included.
+KELP_API std::vector<std::string> getAllArguments(int argc, char** argv);
+/// @}
+
+/// The number that the environment variable K_VERBOSITY begins with, 0 without one. The environment is read at the first
+/// call and never again.
+KELP_API int verbosity();
+
+/// Prints the message and a line that says for how long, and waits until a key comes in on standard input (a console hands
+/// it on with Enter) or the seconds are over, whichever is earlier. The end of standard input counts as a key. A wait for
+/// the whole time takes 0.2 s longer; the key pressed after it is taken from standard input too.
+/// \throws std::system_error  when no thread can be started
+KELP_API void waitOrPressKey(unsigned int seconds, std::string message);
+
 }  // namespace Kelp
 
 /// Orders strings ignoring letter case, byte by byte through the C library's tolower: "-a" and "-A" are equivalent. Fit to
@@ -222,6 +310,24 @@ namespace std {
 
 /// The option as "shortFlag, longFlag:", a tab and the description.
 KELP_API std::string to_string(const Kelp::Option& option);
+
+/// \name Values to text
+/// A number becomes the shortest text that reads back to the same double, in fixed or scientific notation, whichever is
+/// shorter, fixed on a tie: "2.5", "100", "1e+20", "1e-05", "-0", "inf", "-nan". No locale plays a part. The separators are
+/// not always those that stringToValue reads.
+/// @{
+
+/// The label, ", " and the number.
+KELP_API std::string to_string(const Kelp::StringDouble& value);
+/// The numbers with ", " between them.
+KELP_API std::string to_string(const std::vector<double>& values);
+/// The texts with ", " between them, not quoted.
+KELP_API std::string to_string(const std::vector<std::string>& values);
+/// A copy.
+KELP_API std::string to_string(const std::string& value);
+/// The two numbers with ":" between them.
+KELP_API std::string to_string(const std::tuple<double, double>& value);
+/// @}
 
 }  // namespace std
 

@@ -112,7 +112,7 @@ bool needsStream(const std::locale& locale) {
     return typeid(reader) != typeid(std::num_get<char>) || writesNumbersOtherwise(locale);
 }
 
-std::string classicNumber(const std::string& text, const std::locale& locale, bool real) {
+std::string classicNumber(std::string_view text, const std::locale& locale, bool real) {
     const char* const end = text.data() + text.size();
     const char* const begin =
         std::use_facet<std::ctype<char>>(locale).scan_not(std::ctype_base::space, text.data(), end);

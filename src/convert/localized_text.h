@@ -3,6 +3,7 @@
 
 #include <locale>
 #include <string>
+#include <string_view>
 
 namespace Kelp {
 
@@ -13,7 +14,7 @@ bool needsStream(const std::locale& locale);
 /// The number at the beginning of a text written with a locale's blanks, decimal point and grouping, as the classic locale
 /// writes it. Where a separator stands without digits before it there is no number. Empty for a blank text only.
 /// \param real  whether a decimal point and an exponent belong to the number
-std::string classicNumber(const std::string& text, const std::locale& locale, bool real);
+std::string classicNumber(std::string_view text, const std::locale& locale, bool real);
 
 }  // namespace Kelp
 

@@ -5,6 +5,7 @@
 #include <locale>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <type_traits>
 
 #include "convert/digits.h"
@@ -55,20 +56,32 @@ void readClassic(T& target, const char* begin, const char* end) {
     }
 }
 
-/// Reads one number from `text` into `target`, which keeps its value when the text is blank.
-template <class T>
-void readNumber(T& target, const std::string& text) {
-    const std::locale global;
-    const char* const end = text.data() + text.size();
-    if (global == std::locale::classic()) {
-        readClassic(target, skipBlanks(text.data(), end), end);
-    } else if (needsStream(global)) {
-        std::stringstream(text) >> target;
-    } else {
-        const std::string number = classicNumber(text, global, std::is_floating_point_v<T>);
-        readClassic(target, number.data(), number.data() + number.size());
+/// Reads numbers as a stream of today's global locale does. One object serves many numbers, because asking the locale takes
+/// longer than reading one.
+class NumberReader {
+public:
+    NumberReader();
+
+    /// Reads one number from `text` into `target`, which keeps its value when the text is blank.
+    template <class T>
+    void read(T& target, std::string_view text) const {
+        if (way == Way::classic) {
+            const char* const end = text.data() + text.size();
+            readClassic(target, skipBlanks(text.data(), end), end);
+        } else if (way == Way::stream) {
+            std::stringstream(std::string(text)) >> target;
+        } else {
+            const std::string number = classicNumber(text, locale, std::is_floating_point_v<T>);
+            readClassic(target, number.data(), number.data() + number.size());
+        }
     }
-}
+
+private:
+    enum class Way { classic, stream, localized };
+
+    std::locale locale;
+    Way way;
+};
 
 }  // namespace Kelp
 

@@ -19,27 +19,27 @@ void stringToValue(char& target, std::string text) {
 }
 
 void stringToValue(int& target, std::string text) {
-    readNumber(target, text);
+    NumberReader().read(target, text);
 }
 
 void stringToValue(unsigned short& target, std::string text) {
-    readNumber(target, text);
+    NumberReader().read(target, text);
 }
 
 void stringToValue(unsigned int& target, std::string text) {
-    readNumber(target, text);
+    NumberReader().read(target, text);
 }
 
 void stringToValue(unsigned long long& target, std::string text) {
-    readNumber(target, text);
+    NumberReader().read(target, text);
 }
 
 void stringToValue(double& target, std::string text) {
-    readNumber(target, text);
+    NumberReader().read(target, text);
 }
 
 void stringToValue(float& target, std::string text) {
-    readNumber(target, text);
+    NumberReader().read(target, text);
 }
 
 void stringToValue(StringDouble& target, std::string text) {

@@ -2,11 +2,11 @@
 
 #include <fstream>
 #include <iostream>
-#include <stdexcept>
 
 #include "frame/flag_key.h"
 #include "util/ascii_fold.h"
 #include "util/escape_sequences.h"
+#include "util/tokens.h"
 
 namespace Kelp {
 
@@ -30,10 +30,7 @@ std::size_t firstPosition(int start) {
 
 OptionReader::OptionReader(int argc, char** argv) {
     for (int i = 0; i < argc; ++i) {
-        if (argv == nullptr || argv[i] == nullptr) {
-            throw std::logic_error("basic_string: construction from null is not valid");
-        }
-        tokens.emplace_back(argv[i]);
+        tokens.push_back(tokenAt(argc, argv, i));
     }
 }
 

@@ -1,21 +1,15 @@
 #include <kelplib/Kelp.h>
 
-#include <algorithm>
 #include <cctype>
 #include <cmath>
+
+#include "util/pieces.h"
 
 namespace Kelp {
 
 std::vector<std::string> split(const std::string& text, char delimiter) {
     std::vector<std::string> pieces;
-    std::size_t begin = 0;
-    while (begin < text.size()) {
-        const std::size_t end = std::min(text.find(delimiter, begin), text.size());
-        if (end > begin) {
-            pieces.emplace_back(text, begin, end - begin);
-        }
-        begin = end + 1;
-    }
+    forEachPiece(text, delimiter, [&pieces](std::string_view piece) { pieces.emplace_back(piece); });
     return pieces;
 }
 

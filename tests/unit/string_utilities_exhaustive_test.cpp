@@ -1,9 +1,8 @@
 #include <gtest/gtest.h>
 #include <kelplib/Kelp.h>
 
-#include <sstream>
-
 #include "all_texts.h"
+#include "pieces_of.h"
 #include "shown_text.h"
 
 namespace {
@@ -13,17 +12,6 @@ using Strings = std::vector<std::string>;
 
 constexpr auto letters = ";a \0"sv;
 constexpr std::size_t longest = 6;
-
-Strings linesOf(const std::string& text, char delimiter) {
-    Strings lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line, delimiter);) {
-        if (!line.empty()) {
-            lines.push_back(line);
-        }
-    }
-    return lines;
-}
 
 /// Tokens letter by letter: a delimiter ends the one before it.
 Strings tokensOf(const std::string& text, const std::string& delimiters) {
@@ -50,7 +38,7 @@ Strings tokensOf(const std::string& text, const std::string& delimiters) {
 TEST(AllShortTextsToCut, SplitAsLinesAreRead) {
     for (const char delimiter : ";a \0x"sv) {
         forEachText(letters, longest, [delimiter](const std::string& text) {
-            const Strings expected = linesOf(text, delimiter);
+            const Strings expected = piecesOf(text, delimiter);
             ASSERT_EQ(Kelp::split(text, delimiter), expected) << shown(text) << delimiter;
             ASSERT_EQ(Kelp::getFirstToken(text, delimiter), expected.empty() ? "" : expected[0])
                 << shown(text) << delimiter;

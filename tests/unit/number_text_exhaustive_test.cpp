@@ -1,0 +1,170 @@
+#include <gtest/gtest.h>
+#include <kelplib/Kelp.h>
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "bit_pattern.h"
+#include "convert/number_text.h"
+
+/// Number texts over the whole range of a double, compared with both notations made in the plainest way.
+namespace {
+
+/// A number above 0 as digits with a point behind the first, times a power of ten.
+struct Decimal {
+    std::string digits;
+    int exponent = 0;
+};
+
+double read(const std::string& text) {
+    // Where paths are wide, the C library's own reading is not exact for every text.
+    if (std::is_same_v<std::filesystem::path::value_type, char>) {
+        return std::strtod(text.c_str(), nullptr);
+    }
+    double number = 0.0;
+    Kelp::stringToValue(number, text);
+    return number;
+}
+
+/// With as few digits as read back.
+Decimal shortestDecimal(double number) {
+    Decimal shortest;
+    char text[32];
+    for (int precision = 16; precision >= 0; --precision) {
+        static_cast<void>(std::snprintf(text, sizeof text, "%.*e", precision, number));
+        if (bitsOf(read(text)) != bitsOf(number)) {
+            break;
+        }
+        const std::string whole = text;
+        const std::size_t mark = whole.find('e');
+        shortest = {whole.substr(0, 1), std::stoi(whole.substr(mark + 1))};
+        if (precision > 0) {
+            shortest.digits += whole.substr(2, mark - 2);
+        }
+    }
+    return shortest;
+}
+
+std::string scientific(const Decimal& number) {
+    std::string text = number.digits;
+    if (text.size() > 1) {
+        text.insert(1, ".");
+    }
+    const int magnitude = std::abs(number.exponent);
+    return text + (number.exponent < 0 ? "e-" : "e+") + (magnitude < 10 ? "0" : "") + std::to_string(magnitude);
+}
+
+std::string fixed(const Decimal& number) {
+    std::string text = number.digits;
+    int integerDigits = number.exponent + 1;
+    for (; integerDigits < 1; ++integerDigits) {
+        text.insert(0, "0");
+    }
+    while (static_cast<int>(text.size()) < integerDigits) {
+        text += "0";
+    }
+    if (static_cast<int>(text.size()) > integerDigits) {
+        text.insert(static_cast<std::size_t>(integerDigits), ".");
+    }
+    return text;
+}
+
+std::string expectedText(double number) {
+    const Decimal decimal = shortestDecimal(std::fabs(number));
+    const std::string shortFixed = fixed(decimal);
+    const std::string shortScientific = scientific(decimal);
+    return (std::signbit(number) ? "-" : "") +
+           (shortFixed.size() <= shortScientific.size() ? shortFixed : shortScientific);
+}
+
+void expectExact(double number) {
+    std::string text;
+    Kelp::appendNumberText(text, number);
+    ASSERT_EQ(bitsOf(read(text)), bitsOf(number)) << text;
+    ASSERT_EQ(text, expectedText(number));
+}
+
+void expectExactBeside(double number) {
+    ASSERT_NO_FATAL_FAILURE(expectExact(std::nextafter(number, 0.0)));
+    ASSERT_NO_FATAL_FAILURE(expectExact(std::nextafter(number, 1e300)));
+}
+
+// Below a power of two the numbers lie closer than above it: fewer digits may read back that are not those to which the
+// number itself is rounded (two to the power of -1017 has one less).
+TEST(NumberTextExhaustive, IsShortestForPowersOfTwo) {
+    for (int exponent = -1074; exponent <= 1023; ++exponent) {
+        const double number = std::ldexp(1.0, exponent);
+        std::string text;
+        Kelp::appendNumberText(text, number);
+        ASSERT_EQ(bitsOf(read(text)), bitsOf(number)) << text;
+        ASSERT_LE(text.size(), expectedText(number).size()) << text;
+        std::string negativeText;
+        Kelp::appendNumberText(negativeText, -number);
+        ASSERT_EQ(negativeText, "-" + text);
+        ASSERT_NO_FATAL_FAILURE(expectExactBeside(number)) << "two to the power of " << exponent;
+    }
+}
+
+TEST(NumberTextExhaustive, IsShortestForPowersOfTen) {
+    for (int exponent = -323; exponent <= 308; ++exponent) {
+        const double number = read("1e" + std::to_string(exponent));
+        ASSERT_NO_FATAL_FAILURE(expectExact(number));
+        ASSERT_NO_FATAL_FAILURE(expectExact(-number));
+        ASSERT_NO_FATAL_FAILURE(expectExactBeside(number));
+    }
+}
+
+TEST(NumberTextExhaustive, IsShortestForIntegersAndTheirThousandths) {
+    for (int i = 0; i <= 20000; ++i) {
+        ASSERT_NO_FATAL_FAILURE(expectExact(i));
+        ASSERT_NO_FATAL_FAILURE(expectExact(100.0 * i));
+        ASSERT_NO_FATAL_FAILURE(expectExact(i / 1000.0));
+    }
+}
+
+double numberOfBits(std::uint64_t bits) {
+    double number = 0.0;
+    static_assert(sizeof number == sizeof bits);
+    std::memcpy(&number, &bits, sizeof number);
+    return number;
+}
+
+/// The same random bits in every run (SplitMix64).
+class RandomBits {
+public:
+    std::uint64_t next() {
+        state += 0x9E3779B97F4A7C15U;
+        std::uint64_t bits = (state ^ (state >> 30U)) * 0xBF58476D1CE4E5B9U;
+        bits = (bits ^ (bits >> 27U)) * 0x94D049BB133111EBU;
+        return bits ^ (bits >> 31U);
+    }
+
+private:
+    std::uint64_t state = 0;
+};
+
+TEST(NumberTextExhaustive, IsShortestForRandomBits) {
+    RandomBits random;
+    for (int i = 0; i < 100000; ++i) {
+        const double number = numberOfBits(random.next());
+        if (std::isfinite(number)) {
+            ASSERT_NO_FATAL_FAILURE(expectExact(number));
+        }
+    }
+}
+
+TEST(NumberTextExhaustive, IsShortestForNumbersBelowTheNormalOnes) {
+    constexpr std::uint64_t fraction = 0xFFFFFFFFFFFFFU;
+    for (std::uint64_t bits = 0; bits <= 2000; ++bits) {
+        ASSERT_NO_FATAL_FAILURE(expectExact(numberOfBits(bits)));
+        ASSERT_NO_FATAL_FAILURE(expectExact(numberOfBits(fraction - bits)));
+    }
+    RandomBits random;
+    for (int i = 0; i < 10000; ++i) {
+        ASSERT_NO_FATAL_FAILURE(expectExact(numberOfBits(random.next() & fraction)));
+    }
+}
+
+}  // namespace

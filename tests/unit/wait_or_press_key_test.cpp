@@ -1,0 +1,134 @@
+#include <gtest/gtest.h>
+#include <kelplib/Kelp.h>
+
+#include <iostream>
+
+#include "fake_keyboard.h"
+#include "fake_platform.h"
+#include "flush_recorder.h"
+
+namespace {
+
+using Sleeps = std::vector<unsigned int>;
+
+class WaitOrPressKey : public ::testing::Test {
+protected:
+    ~WaitOrPressKey() override {
+        fake_platform::reset();
+    }
+
+    /// What is done in each sleep of the calls that follow, given how many they have slept, this one included.
+    template <class Act>
+    static void inEverySleep(Act act) {
+        fake_platform::reset();
+        fake_platform::state().onSleep = [act](unsigned int) { act(fake_platform::state().sleepsMilliseconds.size()); };
+    }
+
+    /// The sleeps of one call.
+    static Sleeps sleepsOf(unsigned int seconds) {
+        fake_platform::state().sleepsMilliseconds.clear();
+        const FlushRecorder output;
+        Kelp::waitOrPressKey(seconds, "");
+        return fake_platform::state().sleepsMilliseconds;
+    }
+
+    FakeKeyboard keyboard;
+};
+
+TEST_F(WaitOrPressKey, SleepsTwiceMoreThanTenTimesASecond) {
+    EXPECT_EQ(sleepsOf(0), Sleeps(2, 100));
+    EXPECT_EQ(sleepsOf(1), Sleeps(12, 100));
+    EXPECT_EQ(sleepsOf(5), Sleeps(52, 100));
+    keyboard.waitForReaders(3);
+}
+
+TEST_F(WaitOrPressKey, EndsAfterOneSleepWhenInputIsWaiting) {
+    keyboard.press();
+    inEverySleep([this](std::size_t) { keyboard.waitForEnds(1); });
+    EXPECT_EQ(sleepsOf(5), Sleeps(1, 100));
+}
+
+TEST_F(WaitOrPressKey, EndsAfterOneSleepAtTheEndOfTheInput) {
+    keyboard.close();
+    inEverySleep([this](std::size_t) { keyboard.waitForEnds(1); });
+    EXPECT_EQ(sleepsOf(5), Sleeps(1, 100));
+}
+
+TEST_F(WaitOrPressKey, EndsAfterTheSleepInWhichAKeyIsPressed) {
+    const struct {
+        unsigned int seconds;
+        std::size_t sleeps;
+    } cases[] = {{5, 1}, {5, 2}, {5, 51}, {5, 52}, {0, 1}, {0, 2}, {4294967295, 60}, {429496730, 60}};
+    int ends = 0;
+    for (const auto& each : cases) {
+        ++ends;
+        inEverySleep([&](std::size_t count) {
+            if (count == each.sleeps) {
+                keyboard.press();
+                keyboard.waitForEnds(ends);
+            }
+        });
+        EXPECT_EQ(sleepsOf(each.seconds), Sleeps(each.sleeps, 100)) << each.seconds << " seconds";
+    }
+}
+
+TEST_F(WaitOrPressKey, LeavesTheNextKeyToAnEarlierWaitThatIsOver) {
+    EXPECT_EQ(sleepsOf(0), Sleeps(2, 100));
+    keyboard.waitForReaders(1);
+    inEverySleep([this](std::size_t count) {
+        keyboard.waitForReaders(2);
+        if (count == 3 || count == 7) {
+            keyboard.press();
+            keyboard.waitForEnds(count == 3 ? 1 : 2);
+        }
+    });
+    EXPECT_EQ(sleepsOf(5), Sleeps(7, 100));
+}
+
+TEST_F(WaitOrPressKey, PrintsItsTwoLinesAndFlushesThem) {
+    const struct {
+        unsigned int seconds;
+        const char* message;
+        const char* printed;
+    } cases[] = {
+        {5, "Look at the result.",
+         "Look at the result.\n~    Press key to continue -- otherwise wait for 5 seconds.\n~"},
+        {0, "", "\n~    Press key to continue -- otherwise wait for 0 seconds.\n~"},
+        {1, "two\nlines", "two\nlines\n~    Press key to continue -- otherwise wait for 1 seconds.\n~"},
+        {4294967295, "x", "x\n~    Press key to continue -- otherwise wait for 4294967295 seconds.\n~"},
+    };
+    int ends = 0;
+    for (const auto& each : cases) {
+        keyboard.press();
+        ++ends;
+        std::string printedBeforeTheFirstSleep;
+        const FlushRecorder output;
+        inEverySleep([&](std::size_t) {
+            printedBeforeTheFirstSleep = output.text();
+            keyboard.waitForEnds(ends);
+        });
+        Kelp::waitOrPressKey(each.seconds, each.message);
+        EXPECT_EQ(printedBeforeTheFirstSleep, each.printed);
+        EXPECT_EQ(output.text(), each.printed);
+    }
+}
+
+TEST_F(WaitOrPressKey, TellsTheSecondsInDecimalWhateverTheStreamIsSetTo) {
+    keyboard.press();
+    inEverySleep([this](std::size_t) { keyboard.waitForEnds(1); });
+    const FlushRecorder output;
+    const std::ios::fmtflags before = std::cout.setf(std::ios::hex | std::ios::showbase, std::ios::basefield);
+    Kelp::waitOrPressKey(30, "x");
+    std::cout.flags(before);
+    EXPECT_EQ(output.text(), "x\n~    Press key to continue -- otherwise wait for 30 seconds.\n~");
+}
+
+TEST_F(WaitOrPressKey, EndsWhenTheInputThrowsAtItsEnd) {
+    keyboard.close();
+    std::cin.exceptions(std::ios::eofbit);
+    inEverySleep([this](std::size_t) { keyboard.waitForEnds(1); });
+    EXPECT_EQ(sleepsOf(5), Sleeps(1, 100));
+    std::cin.exceptions(std::ios::goodbit);
+}
+
+}  // namespace
