@@ -3,9 +3,9 @@
 #include <iostream>
 #include <stdexcept>
 
-#include "files.h"
-#include "new_files.h"
-#include "progress.h"
+#include "../common/files.h"
+#include "../common/new_files.h"
+#include "../common/progress.h"
 #include "source.h"
 
 namespace fragment {
@@ -61,7 +61,7 @@ std::vector<std::string> fragmentNames(const std::string& base, unsigned long lo
     }
     // A join that follows the numbers would go on into the fragments of an earlier, longer cut.
     const std::string next = Kelp::createFragmentName(count, base, width);
-    if (next.size() == names.back().size() && exists(next)) {
+    if (next.size() == names.back().size() && common::exists(next)) {
         throw std::runtime_error(next + " belongs to another cut; remove that one first");
     }
     return names;
@@ -74,8 +74,8 @@ void cut(const Request& request, CommandLineTool& tool) {
     const Plan plan = request.pieces != 0 ? planNumber(source, request) : planSize(source, request.pieceBytes);
     const std::vector<std::string> names = fragmentNames(baseName(request), plan.count);
 
-    NewFiles fragments(names, request.overwrite);
-    Progress progress(tool, "cutting ", source.bytes());
+    common::NewFiles fragments(names, request.overwrite);
+    common::Progress progress(tool, "cutting ", source.bytes());
     for (std::size_t i = 0; i < names.size(); ++i) {
         const unsigned long long bytes = i < plan.longer ? plan.bytes : plan.restBytes;
         tool.print(names[i] + ": " + std::to_string(bytes) + " bytes");

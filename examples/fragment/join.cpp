@@ -5,9 +5,9 @@
 #include <iostream>
 #include <stdexcept>
 
-#include "files.h"
-#include "new_files.h"
-#include "progress.h"
+#include "../common/files.h"
+#include "../common/new_files.h"
+#include "../common/progress.h"
 #include "source.h"
 
 namespace fragment {
@@ -33,11 +33,11 @@ std::string trailingDigits(const Text& name) {
 /// Whether a fragment with a higher number than the missing one exists. A name that ends in such a number is only a
 /// hint: whether base and number name a file is left to the system, which may ignore letter case.
 bool isGap(const std::string& base, const std::string& missing) {
-    const std::filesystem::path folder = pathOf(base + missing).parent_path();
+    const std::filesystem::path folder = common::pathOf(base + missing).parent_path();
     std::error_code reason;
     const std::filesystem::directory_iterator entries(folder.empty() ? "." : folder, reason);
     if (reason) {
-        fail("cannot look beside " + base + missing, reason);
+        common::fail("cannot look beside " + base + missing, reason);
     }
     return std::any_of(begin(entries), end(entries), [&](const std::filesystem::directory_entry& entry) {
         const std::string digits = trailingDigits(entry.path().filename().native());
@@ -45,21 +45,21 @@ bool isGap(const std::string& base, const std::string& missing) {
             return false;
         }
         const std::string number = digits.substr(digits.size() - missing.size());
-        return number > missing && exists(base + number);
+        return number > missing && common::exists(base + number);
     });
 }
 
 bool isSamePath(const std::string& one, const std::string& other) {
     std::error_code oneReason;
     std::error_code otherReason;
-    return std::filesystem::weakly_canonical(std::filesystem::absolute(pathOf(one)), oneReason) ==
-               std::filesystem::weakly_canonical(pathOf(other), otherReason) &&
+    return std::filesystem::weakly_canonical(std::filesystem::absolute(common::pathOf(one)), oneReason) ==
+               std::filesystem::weakly_canonical(common::pathOf(other), otherReason) &&
            !oneReason && !otherReason;
 }
 
 /// Where a run was interrupted, old fragments and new ones may stand beside each other.
 void requireNoLeftover(const std::string& name) {
-    const std::string left = leftover(name);
+    const std::string left = common::leftover(name);
     if (!left.empty()) {
         throw std::runtime_error(left + " is left of an interrupted run; the fragments may belong to different cuts");
     }
@@ -79,7 +79,7 @@ std::vector<std::string> followNumbers(const std::string& first, const std::stri
 
     std::vector<std::string> names{first};
     std::string next = Kelp::createFragmentName(++index, base, width);
-    while (next.size() == first.size() && exists(next)) {
+    while (next.size() == first.size() && common::exists(next)) {
         names.push_back(next);
         next = Kelp::createFragmentName(++index, base, width);
     }
@@ -108,9 +108,9 @@ std::uintmax_t bytesOf(const std::vector<std::string>& names) {
 void join(const Request& request, CommandLineTool& tool) {
     const std::vector<std::string> names =
         request.files.size() == 1 ? followNumbers(request.files.front(), request.output) : request.files;
-    Progress progress(tool, "joining ", bytesOf(names));
+    common::Progress progress(tool, "joining ", bytesOf(names));
 
-    NewFiles joined({request.output}, request.overwrite);
+    common::NewFiles joined({request.output}, request.overwrite);
     joined.startNext();
     std::uintmax_t bytes = 0;
     for (const std::string& name : names) {

@@ -7,8 +7,8 @@
 #include <stdexcept>
 #include <utility>
 
-#include "files.h"
-#include "interruption.h"
+#include "../common/files.h"
+#include "../common/interruption.h"
 
 namespace fragment {
 
@@ -20,15 +20,15 @@ constexpr std::size_t bufferBytes = 65536;
 }  // namespace
 
 Source::Source(std::string fileName) : name(std::move(fileName)) {
-    requirePlainFile(name);
-    stream.open(pathOf(name), std::ios::binary);
+    common::requirePlainFile(name);
+    stream.open(common::pathOf(name), std::ios::binary);
     if (!stream) {
-        failOnStream("cannot read " + name);
+        common::failOnStream("cannot read " + name);
     }
     std::error_code reason;
-    size = std::filesystem::file_size(pathOf(name), reason);
+    size = std::filesystem::file_size(common::pathOf(name), reason);
     if (reason) {
-        fail("cannot read " + name, reason);
+        common::fail("cannot read " + name, reason);
     }
     if (size == 0) {
         requireEnd();
@@ -40,10 +40,10 @@ std::uintmax_t Source::bytes() const {
     return size;
 }
 
-void Source::copyTo(NewFiles& target, std::uintmax_t count, Progress& progress) {
+void Source::copyTo(common::NewFiles& target, std::uintmax_t count, common::Progress& progress) {
     std::array<char, bufferBytes> buffer;
     while (count > 0) {
-        checkInterruption();
+        common::checkInterruption();
         const std::uintmax_t chunk = std::min<std::uintmax_t>(count, buffer.size());
         errno = 0;
         if (!stream.read(buffer.data(), static_cast<std::streamsize>(chunk))) {
@@ -70,7 +70,7 @@ void Source::requireEnd() {
 void Source::failOnRead() const {
     // Some standard libraries take a read that the system refuses for the end of the file. errno tells them apart.
     if (errno != 0) {
-        failOnStream("cannot read " + name);
+        common::failOnStream("cannot read " + name);
     }
     throw std::runtime_error(name + " changed while it was read");
 }

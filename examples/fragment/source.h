@@ -5,8 +5,8 @@
 #include <fstream>
 #include <string>
 
-#include "new_files.h"
-#include "progress.h"
+#include "../common/new_files.h"
+#include "../common/progress.h"
 
 namespace fragment {
 
@@ -21,7 +21,7 @@ public:
 
     /// Appends the next `count` bytes to the file that `target` writes at the moment, and tells `progress`.
     /// \throws Interruption  when somebody wants the process to end
-    void copyTo(NewFiles& target, std::uintmax_t count, Progress& progress);
+    void copyTo(common::NewFiles& target, std::uintmax_t count, common::Progress& progress);
 
     /// Closes the file when all its bytes are copied. Refuses one that has grown in the meantime.
     void close();

@@ -3,7 +3,7 @@
 import os
 import unittest
 
-from fragment_tool import FragmentTestCase, native_only, pseudo_random, windows_only
+from example_tool import ToolTestCase, native_only, pseudo_random, windows_only
 
 # Options, size of the file, sizes of the fragments by name, summary.
 CUTS = [
@@ -40,7 +40,7 @@ ROUND_TRIPS = [
 ]
 
 
-class CutTest(FragmentTestCase):
+class CutTest(ToolTestCase):
     def test_names_and_sizes(self):
         (self.folder / "sub").mkdir()
         for options, size, sizes, summary in CUTS:
@@ -91,6 +91,14 @@ class CutTest(FragmentTestCase):
         self.assertEqual({"in0": b"123", "in1": b"456"}, self.contents())
 
     @native_only
+    def test_permissions_of_overwritten_files(self):
+        self.write("in", b"12")
+        self.write("in.part_0", b"secret")
+        (self.folder / "in.part_0").chmod(0o600)
+        self.check(b"fragments: 2, bytes: 2, first: in.part_0, last: in.part_1\n", "-n=2", "-f", "in")
+        self.assertEqual(0o600, (self.folder / "in.part_0").stat().st_mode & 0o777)
+
+    @native_only
     def test_name_in_utf8(self):
         self.write("gr\u00fcn", b"12")
         self.check("fragments: 2, bytes: 2, first: gr\u00fcn.part_0, last: gr\u00fcn.part_1\n".encode(),
@@ -109,7 +117,7 @@ class CutTest(FragmentTestCase):
         self.assertEqual({"in": b"12", "elsewhere": b"mine", "in.part_0": b"1", "in.part_1": b"2"}, self.contents())
 
 
-class JoinTest(FragmentTestCase):
+class JoinTest(ToolTestCase):
     def test_round_trips(self):
         for size, option in ROUND_TRIPS:
             with self.subTest(size=size, option=option):

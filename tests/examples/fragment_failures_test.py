@@ -8,7 +8,7 @@ import subprocess
 import unittest
 
 import programs
-from fragment_tool import FragmentTestCase, PROGRAM, native_only, pseudo_random, windows_only
+from example_tool import PROGRAM, ToolTestCase, native_only, pseudo_random, windows_only
 
 if not programs.ON_WINDOWS:
     import resource
@@ -39,7 +39,7 @@ def grow(path):
         file.write(b"+")
 
 
-class InterruptedTest(FragmentTestCase):
+class InterruptedTest(ToolTestCase):
     """The tool stops in its trace output, which does not fit into the pipe, until somebody reads it."""
 
     def setUp(self):
@@ -146,7 +146,7 @@ class InterruptedTest(FragmentTestCase):
         self.assertEqual([], [name for name in left if not name.endswith(".unfinished")])
 
 
-class LeftoverTest(FragmentTestCase):
+class LeftoverTest(ToolTestCase):
     def test_files_of_an_interrupted_run(self):
         for name, data in [("in", b"1234"), ("in.part_1", b"old"), ("a.part_1.unfinished", b"half"),
                            ("in.part_1.replaced", b"kept")]:
@@ -192,7 +192,7 @@ class LeftoverTest(FragmentTestCase):
 
 
 @native_only
-class SystemErrorTest(FragmentTestCase):
+class SystemErrorTest(ToolTestCase):
     def test_file_size_limit(self):
         self.write("in", pseudo_random(400000))
         self.write("in.part_0", b"old")

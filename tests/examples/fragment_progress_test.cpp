@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "../../examples/fragment/progress.h"
+#include "../../examples/common/progress.h"
 #include "arguments.h"
 #include "fake_platform.h"
 #include "progress_test.h"
@@ -51,7 +51,7 @@ protected:
             Arguments line{"fragment", flag};
             CommandLineTool tool(line.argc(), line.argv(), "", Kelp::Option("-v", "--verbose", "", false));
             clock(1000.0);
-            fragment::Progress progress(tool, "copying ", 100);
+            common::Progress progress(tool, "copying ", 100);
             clock(halfSeconds);
             progress.advance(50);
             clock(1000.5);
@@ -103,7 +103,7 @@ TEST_F(FragmentProgress, DrawsTenTimesASecond) {
         Arguments line{"fragment"};
         CommandLineTool tool(line.argc(), line.argv(), "");
         clock(1000.0);
-        fragment::Progress progress(tool, "", 10);
+        common::Progress progress(tool, "", 10);
         for (const double now : {1000.3, 1000.39, 1000.41, 1000.5, 1000.52}) {
             clock(now);
             progress.advance(1);

@@ -6,7 +6,7 @@ import shutil
 import unittest
 
 import programs
-from fragment_tool import FragmentTestCase, PROGRAM, native_only, windows_only
+from example_tool import PROGRAM, ToolTestCase, native_only, windows_only
 
 SCREEN = (
     b"\n"
@@ -121,7 +121,7 @@ REFUSED_FILES = [
 ]
 
 
-class CommandLineTest(FragmentTestCase):
+class CommandLineTest(ToolTestCase):
     def setUp(self):
         super().setUp()
         self.write("data.bin", b"d" * 1000)

@@ -1,14 +1,14 @@
-#ifndef FRAGMENT_PROGRESS_H
-#define FRAGMENT_PROGRESS_H
+#ifndef COMMON_PROGRESS_H
+#define COMMON_PROGRESS_H
 
 #include <kelplib/CommandLineTool.h>
 
 #include <cstdint>
 #include <string>
 
-namespace fragment {
+namespace common {
 
-/// Shows on the console how far the copying is, once it has lasted long enough to be wondered about. Into a pipe or a
+/// Shows on the console how far the work is, once it has lasted long enough to be wondered about. Into a pipe or a
 /// file nothing is shown: whoever reads it wants the result.
 class Progress {
 public:
@@ -40,6 +40,6 @@ private:
     bool shown = false;
 };
 
-}  // namespace fragment
+}  // namespace common
 
 #endif

@@ -1,7 +1,7 @@
-#ifndef FRAGMENT_INTERRUPTION_H
-#define FRAGMENT_INTERRUPTION_H
+#ifndef COMMON_INTERRUPTION_H
+#define COMMON_INTERRUPTION_H
 
-namespace fragment {
+namespace common {
 
 /// Somebody wants the process to end.
 struct Interruption {
@@ -21,6 +21,6 @@ void checkInterruption();
 /// Ends the process as the signal would have.
 [[noreturn]] void endBy(const Interruption& interruption);
 
-}  // namespace fragment
+}  // namespace common
 
 #endif

@@ -1,4 +1,4 @@
-"""Running the fragment tool in a folder of its own. A test script is started with the path of the built tool."""
+"""Running an example tool in a folder of its own. A test script is started with the path of the built tool."""
 
 import os
 import pathlib
@@ -24,8 +24,10 @@ def pseudo_random(size):
     return b"".join(words)[:size]
 
 
-class FragmentTestCase(unittest.TestCase):
+class ToolTestCase(unittest.TestCase):
     """Every test has an empty folder in which the tool runs."""
+
+    tool_name = os.path.basename(PROGRAM).removesuffix(".exe")
 
     maxDiff = None
 
@@ -49,11 +51,11 @@ class FragmentTestCase(unittest.TestCase):
         return found
 
     def tool(self, *arguments, **options):
-        """Runs the tool. It is called "fragment" on both systems, and its folder "<here>"."""
+        """Runs the tool. It is called by its plain name on both systems, and its folder "<here>"."""
         if programs.ON_WINDOWS:
             result = programs.run(PROGRAM, *arguments, cwd=self.folder, **options)
         else:
-            result = programs.run("fragment", *arguments, cwd=self.folder, executable=PROGRAM, **options)
+            result = programs.run(self.tool_name, *arguments, cwd=self.folder, executable=PROGRAM, **options)
         return result[0], self.without_folder(result[1]), self.without_folder(result[2])
 
     def without_folder(self, text):
@@ -70,5 +72,5 @@ class FragmentTestCase(unittest.TestCase):
     def check_refusal(self, problem, *arguments, **options):
         """The tool says exactly this in one line, and the folder is as before."""
         before = self.contents()
-        self.assertEqual((1, b"", b"fragment: " + problem + b"\n"), self.tool(*arguments, **options))
+        self.assertEqual((1, b"", self.tool_name.encode() + b": " + problem + b"\n"), self.tool(*arguments, **options))
         self.assertEqual(before, self.contents())

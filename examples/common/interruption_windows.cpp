@@ -17,7 +17,7 @@ static void noteAgainAndAgain(int signal) {
 }
 }
 
-void fragment::onEndingSignals(void (*note)(int)) {
+void common::onEndingSignals(void (*note)(int)) {
     noteSignal = note;
     for (const int signal : {SIGINT, SIGTERM, SIGBREAK}) {
         if (std::signal(signal, noteAgainAndAgain) == SIG_IGN) {

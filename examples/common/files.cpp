@@ -2,10 +2,11 @@
 
 #include <kelplib/Kelp.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <stdexcept>
 
-namespace fragment {
+namespace common {
 
 std::filesystem::path pathOf(const std::string& name) {
     try {
@@ -27,15 +28,37 @@ bool exists(const std::string& name) {
     return std::filesystem::exists(status);
 }
 
-void requirePlainFile(const std::string& name) {
+void requireNoFolder(const std::string& name) {
     std::error_code ignored;
-    const std::filesystem::file_status status = std::filesystem::status(pathOf(name), ignored);
-    if (std::filesystem::is_directory(status)) {
+    if (std::filesystem::is_directory(pathOf(name), ignored)) {
         throw std::runtime_error(name + " is a directory");
     }
+}
+
+void requirePlainFile(const std::string& name) {
+    requireNoFolder(name);
+    std::error_code ignored;
+    const std::filesystem::file_status status = std::filesystem::status(pathOf(name), ignored);
     if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
         throw std::runtime_error(name + " is not a regular file");
     }
+}
+
+std::uintmax_t sizeOf(const std::string& name) {
+    requirePlainFile(name);
+    std::error_code reason;
+    const std::uintmax_t size = std::filesystem::file_size(pathOf(name), reason);
+    if (reason) {
+        fail("cannot read " + name, reason);
+    }
+    return size;
+}
+
+bool arePlainFiles(const std::vector<std::string>& names) {
+    return std::all_of(names.begin(), names.end(), [](const std::string& name) {
+        std::error_code ignored;
+        return std::filesystem::is_regular_file(pathOf(name), ignored);
+    });
 }
 
 void fail(const std::string& what, std::error_code reason) {
@@ -48,4 +71,4 @@ void failOnStream(const std::string& what) {
     fail(what, std::error_code(reason, std::generic_category()));
 }
 
-}  // namespace fragment
+}  // namespace common

@@ -5,7 +5,7 @@
 #include <iostream>
 #include <utility>
 
-namespace fragment {
+namespace common {
 
 namespace {
 
@@ -74,4 +74,4 @@ void Progress::leaveLines(int lines) {
     std::cout << std::flush;
 }
 
-}  // namespace fragment
+}  // namespace common

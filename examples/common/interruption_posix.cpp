@@ -3,7 +3,7 @@
 #include <csignal>
 #include <initializer_list>
 
-void fragment::onEndingSignals(void (*note)(int)) {
+void common::onEndingSignals(void (*note)(int)) {
     // No SA_RESTART: a write that waits for somebody to read ends too. SIGXFSZ is here because a write beyond the limit of
     // file sizes then fails and can be told.
     struct sigaction noting {};

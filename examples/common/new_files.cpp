@@ -5,7 +5,7 @@
 
 #include "files.h"
 
-namespace fragment {
+namespace common {
 
 namespace {
 
@@ -21,6 +21,15 @@ std::string replaced(const std::string& name) {
 void requireFree(const std::string& name, const std::string& advice) {
     if (exists(name)) {
         throw std::runtime_error(name + " exists already; " + advice);
+    }
+}
+
+/// A file that is going to be replaced may not be for everybody to read.
+void keepPermissions(const std::string& name) {
+    std::error_code ignored;
+    const std::filesystem::file_status before = std::filesystem::status(pathOf(name), ignored);
+    if (std::filesystem::is_regular_file(before)) {
+        std::filesystem::permissions(pathOf(unfinished(name)), before.permissions(), ignored);
     }
 }
 
@@ -66,6 +75,7 @@ void NewFiles::startNext() {
         failOnStream("cannot create " + name);
     }
     ++created;
+    keepPermissions(name);
 }
 
 void NewFiles::write(const char* data, std::streamsize count) {
@@ -158,4 +168,4 @@ std::string leftover(const std::string& name) {
     return {};
 }
 
-}  // namespace fragment
+}  // namespace common

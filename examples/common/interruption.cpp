@@ -15,7 +15,7 @@ static void noteSignal(int signal) {
 }
 }
 
-namespace fragment {
+namespace common {
 
 void noteInterruptions() {
     onEndingSignals(noteSignal);
@@ -33,4 +33,4 @@ void endBy(const Interruption& interruption) {
     std::exit(EXIT_FAILURE);
 }
 
-}  // namespace fragment
+}  // namespace common

@@ -1,12 +1,12 @@
-#ifndef FRAGMENT_NEW_FILES_H
-#define FRAGMENT_NEW_FILES_H
+#ifndef COMMON_NEW_FILES_H
+#define COMMON_NEW_FILES_H
 
 #include <cstddef>
 #include <fstream>
 #include <string>
 #include <vector>
 
-namespace fragment {
+namespace common {
 
 /// Files that are written one after the other and appear under their names all together or not at all.
 ///
@@ -48,6 +48,6 @@ private:
 /// A file that an interrupted run has left beside the one of this name; empty when there is none.
 std::string leftover(const std::string& name);
 
-}  // namespace fragment
+}  // namespace common
 
 #endif

@@ -1,0 +1,91 @@
+#include "options.h"
+
+#include <algorithm>
+#include <set>
+#include <stdexcept>
+
+#include "numbers.h"
+
+namespace common {
+
+namespace {
+
+/// The library tells flags apart by their first letter and lets "--nubmer=3" pass as "-n". A tool that wants to be
+/// strict compares the spelling itself. Letter case never matters.
+const Kelp::Option& findOption(const std::string& token, const std::vector<Kelp::Option>& options) {
+    const std::string form = Kelp::toLower(token.substr(0, token.find('=')));
+    const auto found = std::find_if(options.begin(), options.end(), [&form](const Kelp::Option& option) {
+        return form == option.shortFlag || form == option.longFlag;
+    });
+    if (found == options.end()) {
+        throw std::runtime_error(token + ": no such option");
+    }
+    return *found;
+}
+
+}  // namespace
+
+void checkFlags(Kelp::OptionReader& reader, const std::vector<Kelp::Option>& options) {
+    std::vector<std::string> tokens;
+    reader.getOptions(tokens);
+    std::set<std::string> seen;
+    for (std::size_t i = firstToken; i < tokens.size(); ++i) {
+        const std::string& token = tokens[i];
+        if (token.empty() || token.front() != '-') {
+            continue;
+        }
+        const Kelp::Option& option = findOption(token, options);
+        const bool hasValue = token.find('=') != std::string::npos;
+        if (hasValue != option.marker) {
+            throw std::runtime_error(
+                token + (hasValue ? ": this option takes no value" : ": this option needs a value after \"=\""));
+        }
+        if (!seen.insert(option.shortFlag).second) {
+            throw std::runtime_error(option.shortFlag + " is given twice");
+        }
+    }
+}
+
+// The library's conversions report nothing: they make 0 of "abc", 12 of "12abc", a huge number of "-3" and the largest
+// number of a text that is too long. So the text has to be looked at too, and `largest` lies below the largest number.
+unsigned long long readCount(Kelp::OptionReader& reader, const std::string& flag, const std::string& longFlag,
+                             unsigned long long largest) {
+    std::string text;
+    if (reader.getValue(flag, longFlag, text, firstToken) == 0) {
+        return 0;
+    }
+    unsigned long long number = 0;
+    reader.getValue(flag, longFlag, number, firstToken);
+    if (!isDigits(text) || number == 0 || number > largest) {
+        throw std::runtime_error(flag + "=" + text + ": not a whole number from 1 to " + std::to_string(largest));
+    }
+    return number;
+}
+
+// The library makes a whole path of the name, with the exception of two kinds of names.
+std::string readOutput(Kelp::OptionReader& reader, CommandLineTool& tool) {
+    std::string name;
+    if (reader.getValue("-o", "--output", name, firstToken) == 0) {
+        return {};
+    }
+    if (name.empty()) {
+        throw std::runtime_error("-o=: the name is empty");
+    }
+    if (name.find('*') != std::string::npos) {
+        throw std::runtime_error("-o=" + name + ": no file can be called so, \"*\" stands for a pattern");
+    }
+    std::vector<FilePath> outputs;
+    try {
+        tool.getOutFiles(outputs, firstToken);
+    } catch (const std::out_of_range&) {
+        throw std::runtime_error("-o=" + name + ": a name of one character needs its folder, as in ./" + name);
+    }
+    // The program's own path may look like this flag too, and would come first.
+    std::string output = outputs.back().filePath();
+    if (output.empty()) {
+        throw std::runtime_error("-o=" + name + ": begins like a drive; write the folder before the name");
+    }
+    return output;
+}
+
+}  // namespace common

@@ -1,0 +1,44 @@
+#include "run.h"
+
+#include <kelplib/KelpProgress.h>
+
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+#include <new>
+#include <stdexcept>
+
+#include "interruption.h"
+
+namespace common {
+
+namespace {
+
+int report(const std::string& name, const char* problem) {
+    std::cerr << name << ": " << problem << std::endl;
+    return EXIT_FAILURE;
+}
+
+}  // namespace
+
+int runTool(const std::string& name, int (*work)(int, char**), int argc, char** argv) {
+    // The first file that is opened would take the place of a closed standard output, and get its text.
+    if (KELP_rewind_cursor(0) == -1) {
+        return report(name, "standard output is closed");
+    }
+    try {
+        return work(argc, argv);
+    } catch (const Interruption& interruption) {
+        report(name, "interrupted");
+        endBy(interruption);
+    } catch (const std::out_of_range&) {
+        // The help screen shows the tool's name, and the library finds none in a path such as C:\ab.
+        return report(name, "the program path holds no name of at least four letters");
+    } catch (const std::bad_alloc&) {
+        return report(name, "out of memory");
+    } catch (const std::exception& error) {
+        return report(name, error.what());
+    }
+}
+
+}  // namespace common

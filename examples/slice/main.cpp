@@ -1,0 +1,65 @@
+// slice: writes the lines of logs and tables whose times or line numbers lie in a range.
+//
+// It reads its command line with the library's scanners for raw flags alone, without a tool object.
+
+#include <kelplib/Kelp.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "../common/files.h"
+#include "../common/interruption.h"
+#include "../common/run.h"
+#include "help.h"
+#include "output.h"
+#include "request.h"
+#include "selection.h"
+
+namespace {
+
+/// Nothing went wrong, but no line lies in the range.
+constexpr int nothingFound = 2;
+
+int run(const slice::Request& request) {
+    if (!request.output.empty() && common::arePlainFiles(request.inputs)) {
+        // Without an output file there is nothing to tidy up; and where the input is a terminal or a pipe, a note would wait
+        // as long as the input does. Then the signals may do what they always do.
+        common::noteInterruptions();
+    }
+    slice::Output output(request.output, request.overwrite);
+    const slice::Found found = slice::selectLines(request, output);
+    if (found.written == 0) {
+        std::cerr << "slice: " << slice::reasonForNothing(request, found) << std::endl;
+        return nothingFound;
+    }
+    output.finish();
+    if (!request.output.empty() &&
+        !(std::cout << "lines: " << found.written << ", output: " << request.output << std::endl)) {
+        common::failOnStream("the output is written, but standard output cannot be");
+    }
+    return EXIT_SUCCESS;
+}
+
+int work(int argc, char** argv) {
+    // The scanners take the program path for one more token, and a match there hides the ones behind it.
+    std::string name = "slice";
+    std::vector<char*> line{name.data()};
+    line.insert(line.end(), argv + std::min(argc, 1), argv + argc);
+    const int count = static_cast<int>(line.size());
+
+    slice::checkFlags(count, line.data());
+    if (Kelp::getHelpFlag(count, line.data())) {
+        slice::printHelp();
+        return EXIT_SUCCESS;
+    }
+    return run(slice::readRequest(count, line.data()));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    return common::runTool("slice", work, argc, argv);
+}

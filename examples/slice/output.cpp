@@ -1,0 +1,47 @@
+#include "output.h"
+
+#include <cerrno>
+#include <iostream>
+
+#include "../common/files.h"
+
+namespace slice {
+
+Output::Output(const std::string& name, bool mayOverwrite) {
+    if (!name.empty()) {
+        file.emplace(std::vector<std::string>{name}, mayOverwrite);
+    }
+}
+
+bool Output::isBinary() const {
+    return file.has_value();
+}
+
+void Output::write(std::string_view text) {
+    const auto count = static_cast<std::streamsize>(text.size());
+    if (file) {
+        if (!started) {
+            file->startNext();
+            started = true;
+        }
+        file->write(text.data(), count);
+        return;
+    }
+    errno = 0;
+    if (!std::cout.write(text.data(), count)) {
+        common::failOnStream("cannot write standard output");
+    }
+}
+
+void Output::finish() {
+    if (file) {
+        file->publish();
+        return;
+    }
+    errno = 0;
+    if (!std::cout.flush()) {
+        common::failOnStream("cannot write standard output");
+    }
+}
+
+}  // namespace slice

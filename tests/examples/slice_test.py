@@ -1,0 +1,207 @@
+"""The slice tool: which lines it writes, and what its help says."""
+
+import os
+import unittest
+
+import programs
+from example_tool import PROGRAM, ToolTestCase, native_only
+
+HELP = b"""\
+usage: slice (-tr=FROM:TO | -sr=FROM:TO) [-r] [-n=COUNT] [-o=FILE [-f]]
+             (-i=FILE | FILE)...
+
+Writes the lines whose time, or whose line number, lies in a range. Both ends
+belong to it.
+
+  -tr=FROM:TO, --timerange=FROM:TO   the range of times, two numbers
+  -sr=FROM:TO, --steprange=FROM:TO   the range of line numbers, from 1
+  -r        times count from the first one of each file
+  -n=COUNT  stops after so many lines
+  -o=FILE   writes to FILE in place of standard output
+  -f        overwrites FILE
+  -i=FILE   reads FILE, before the files that are named without -i
+  -h, --help  shows this help
+
+A value stands behind its flag and "=". Files are read one after the other;
+line numbers begin anew in each.
+
+A line begins with its time, perhaps behind blanks and "[". A time is
+  a number                    0.25  1e-3  1700000000
+  a clock time                12:34:56  12:34:56.7
+                              the seconds since midnight, here 45296
+  a date, or date and time    2026-11-21  2026-11-21T12:34:56.7+01:00
+                              the seconds since 1970 (date -u +%s -d TIME);
+                              without Z or an offset it is taken as UTC
+and ends at a blank, a comma, a semicolon, "]" or the line's end. A line
+without a time goes with the line before; lines before the first time are
+left out.
+
+Exit status: 0 lines were written, 1 something is wrong, 2 no line lies in the
+range. In the last two cases FILE is as it was before.
+"""
+
+# What a line begins with, its time.
+TIMES = [
+    ("0", "0"), ("0.25 x", "0.25"), ("1e-3,5", "0.001"), ("-4;x", "-4"), ("+7]", "7"), (".5\t1", "0.5"), ("5. x", "5"),
+    ("1700000000\tx", "1700000000"), ("[    0.000123] Linux", "0.000123"), (" [7] x", "7"), ("\t 3 4", "3"),
+    ("00:00:00", "0"), ("12:34:56 x", "45296"), ("12:34:56.7,x", "45296.7"), ("1:02:03", "3723"),
+    ("23:59:60", "86400"), ("23:59:59.999999999", "86399.999999999"), ("12:34:56,7", "45296"),
+    ("1970-01-01T00:00:00Z", "0"), ("1969-12-31T23:59:58.5Z", "-1.5"), ("1969-12-31 23:59:58", "-2"),
+    ("2026-11-21", "1795219200"), ("2026-11-21,5", "1795219200"), ("2026-11-21 status", "1795219200"),
+    ("2026-11-21 12:34:56: x", "1795264496"), ("12:34:56: x", "45296"), ("2026-11-21 12:34:56", "1795264496"),
+    ("2026-11-21T12:34:56", "1795264496"), ("2026-11-21T12:34:56.75Z", "1795264496.75"),
+    ("[2026-11-21T12:34:56]", "1795264496"), ("2026-11-21T12:34:56+01:00", "1795260896"),
+    ("2026-11-21T12:34:56+01 x", "1795260896"), ("2026-11-21 12:34:56.7-0530", "1795284296.7"),
+    ("2024-02-29", "1709164800"), ("2000-02-29", "951782400"), ("1900-03-01", "-2203891200"),
+    ("2024-12-31", "1735603200"), ("2100-02-28", "4107456000"), ("2100-03-01", "4107542400"),
+    ("0001-01-01", "-62135596800"), ("9999-12-31T23:59:59Z", "253402300799"),
+    (98 * " " + "15", "15"), (99 * " " + "15", "1"),
+]
+
+NO_TIMES = [
+    "", "x 1", "nan", "inf", "0x10", "1_000", "12abc", "--5", "+", ".", "e5", "1e999", "(1)", "[", "]", ",1", "1:2",
+    "2026-11-21 25:00:00", "2026-11-21 12:34 x", "2026-11-21 12:34:56-0x m",
+    "12:34", "12:34:5", "24:00:00", "12:60:00", "12:34:61", "12:34:56.", "12:34:56:7", "12:34:56Z", "1:2:3", "123:00:00",
+    "2026-13-01", "2026-00-10", "2026-02-29", "1900-02-29", "2026-04-31", "2026-11-00", "2026-11-32", "0000-01-01",
+    "2026-11-21T", "2026-11-21T25:00:00", "2026-11-21Z", "26-11-21", "2026-1-1", "2026/11/21",
+    "2026-11-21T12:34:56+1", "2026-11-21T12:34:56+24:00", "2026-11-21T12:34:56+01:", "2026-11-21T12:34:56+01:60",
+    100 * " " + "1",
+]
+
+# table has lines 1 to 5, other 1 to 3 and no line end behind the last one; empty has none.
+STEPS = [
+    (["-sr=1:1", "table"], b"1 a\n"), (["-sr=5:5", "table"], b"5 e\n"), (["-sr=2:4", "table"], b"2 b\n3 c\n4 d\n"),
+    (["-sr=4:2000000000", "table"], b"4 d\n5 e\n"), (["--steprange=005:6", "table"], b"5 e\n"),
+    (["-sr=3:9", "other"], b"other 3\n"), (["-sr=3:3", "other", "table"], b"other 3\n3 c\n"),
+    (["table", "-sr=1:1", "-i=other", "empty", "-I=table"], b"other 1\n1 a\n1 a\n"),
+    (["-n=1", "-sr=2:4", "table"], b"2 b\n"), (["-N=3", "-sr=2:4", "table"], b"2 b\n3 c\n4 d\n"),
+    (["-n=4", "-sr=2:4", "table", "other"], b"2 b\n3 c\n4 d\nother 2\n"),
+    (["-n=2000000000", "-sr=5:6", "table"], b"5 e\n"), (["-n=1", "-sr=2:4", "table", "nowhere"], b"2 b\n"),
+]
+
+RANGES = [
+    (["-tr=2:4", "table"], b"2 b\n3 c\n4 d\n"), (["-tr=1.9:2.1", "table"], b"2 b\n"),
+    (["-tr=-1:1", "table"], b"1 a\n"), (["--timerange=4.5:1e9", "table"], b"5 e\n"),
+    (["-tr=0:9", "-n=2", "table", "table"], b"1 a\n2 b\n"), (["-tr=2:2", "table", "other", "table"], b"2 b\n2 b\n"),
+    (["-r", "-tr=0:1", "table"], b"1 a\n2 b\n"), (["-r", "-tr=3.9:4", "table"], b"5 e\n"),
+    (["-tr=0:9", "log"], b"0.1 begins\n  more\n\n0.2 warns\n0.3 ends\n"),
+    (["-tr=0.2:0.2", "log"], b"0.2 warns\n"), (["-tr=0:0.1", "log"], b"0.1 begins\n  more\n\n"),
+    # 0.1 + 0.2 is not 0.3 in binary fractions.
+    (["-r", "-tr=0.2:0.2", "log"], b"0.3 ends\n"), (["-r", "-tr=0.1:0.2", "log"], b"0.2 warns\n0.3 ends\n"),
+    (["-r", "-tr=0:0", "log", "table"], b"0.1 begins\n  more\n\n1 a\n"),
+    (["-r", "-tr=60:60", "clock"], b"2026-11-21 13:00:00 later\n"),
+]
+
+NOTHING = [
+    (["-sr=6:9", "table"], b"no such line; the longest file ends with line 5"),
+    (["-sr=1:9", "empty"], b"there is no line to choose from"),
+    (["-sr=6:9", "other", "table", "empty"], b"no such line; the longest file ends with line 5"),
+    (["-tr=5.1:6", "table"], b"no time lies in the range; all of them lie in 1:5"),
+    (["-tr=-1:0.9", "table", "log"], None),
+    (["-tr=2.5:2.6", "table"], b"no time lies in the range; all of them lie in 1:5"),
+    (["-r", "-tr=4.1:6", "table"], b"no time lies in the range; all of them lie in 0:4"),
+    (["-tr=7:8", "table", "log"], b"no time lies in the range; all of them lie in 0.1:5"),
+    (["-tr=0:9", "other"], b"no line begins with a time; -sr selects lines by their numbers"),
+    (["-tr=0:9", "empty", "empty"], b"there is no line to choose from"),
+]
+
+
+class SliceTest(ToolTestCase):
+    def setUp(self):
+        super().setUp()
+        self.write("table", b"1 a\n2 b\n3 c\n4 d\n5 e\n")
+        self.write("other", b"other 1\nother 2\nother 3")
+        self.write("empty", b"")
+        self.write("log", b"began today\n0.1 begins\n  more\n\n0.2 warns\n0.3 ends\n")
+        self.write("clock", b"2026-11-21 12:59:00 sooner\n2026-11-21 13:00:00 later\n")
+
+    def check_nothing(self, reason, *arguments):
+        before = self.contents()
+        self.assertEqual((2, b"", b"slice: " + reason + b"\n"), self.tool(*arguments))
+        self.assertEqual(before, self.contents())
+
+    def test_help(self):
+        for arguments in (["-h"], ["--help"], ["-H", "-tr=1:2", "nowhere"], ["-tr=x", "-h", "-h"]):
+            with self.subTest(arguments=arguments):
+                self.check(HELP, *arguments)
+
+    def test_times(self):
+        for line, time in TIMES:
+            with self.subTest(line=line, time=time):
+                self.write("line", line.encode())
+                self.check(line.encode() + b"\n", f"-tr={time}:{time}", "line")
+
+    def test_no_times(self):
+        for line in NO_TIMES:
+            with self.subTest(line=line):
+                self.write("line", line.encode() + b"\n")
+                self.check_nothing(b"no line begins with a time; -sr selects lines by their numbers", "-tr=-1e300:1e300", "line")
+
+    def test_selections(self):
+        for arguments, lines in STEPS + RANGES:
+            with self.subTest(arguments=arguments):
+                self.check(lines, *arguments)
+
+    def test_nothing_found(self):
+        for arguments, reason in NOTHING:
+            if reason is None:
+                self.check(b"0.1 begins\n  more\n\n0.2 warns\n0.3 ends\n", *arguments)
+                continue
+            with self.subTest(arguments=arguments):
+                self.check_nothing(reason, *arguments)
+                self.write("out", b"old")
+                self.check_nothing(reason, *arguments, "-o=out", "-f")
+                (self.folder / "out").unlink()
+                self.check_nothing(reason, *arguments, "-o=out")
+
+    def test_long_lines(self):
+        # The tool holds 65536 bytes of a line.
+        for size in (65534, 65535, 65536, 65537, 131069, 131070, 131071, 1000000):
+            for end in (b"", b"\n", b"\nlast", b"\n\n"):
+                with self.subTest(size=size, end=end):
+                    line = b"7 " + (size - 2) * b"x"
+                    self.write("long", b"6\n" + line + end)
+                    self.check(line + b"\n", "-sr=2:2", "long")
+                    self.check(line + (b"\nlast\n" if end == b"\nlast" else b"\n\n" if end == b"\n\n" else b"\n"),
+                               "-tr=7:7", "long")
+
+    def test_bytes_of_output_file(self):
+        text = b"1\r\n2 \x00\x1a\xff\r\n3\r"
+        self.write("in", text)
+        self.check(b"lines: 3, output: out\n", "-o=out", "-sr=1:9", "in")
+        self.assertEqual(text + b"\n", self.contents()["out"])
+        self.check(b"lines: 1, output: out\n", "-O=out", "-F", "-tr=2:2", "in")
+        self.assertEqual(b"2 \x00\x1a\xff\r\n", self.contents()["out"])
+
+    def test_line_ends_of_standard_output(self):
+        self.write("in", b"1\r\n2\r\n")
+        self.assertEqual((0, b"1\n2\n" if programs.ON_WINDOWS else b"1\r\n2\r\n", b""), self.tool("-sr=1:2", "in"))
+
+    def test_overwriting_the_input(self):
+        self.check(b"lines: 2, output: table\n", "-f", "-o=table", "-sr=2:3", "table")
+        self.assertEqual(b"2 b\n3 c\n", self.contents()["table"])
+        self.assertEqual(["clock", "empty", "log", "other", "table"], list(self.contents()))
+
+    def test_no_trace_of_the_scanners(self):
+        self.assertEqual((0, b"1 a\n", b""), self.tool("-sr=1:2", "-n=1", "table", env={**os.environ, "K_VERBOSITY": "11"}))
+
+    @native_only
+    def test_name_in_utf8(self):
+        self.write("gr\u00fcn", b"1\n")
+        self.check(b"1\n", "-sr=1:1", "-i=gr\u00fcn")
+
+    @native_only
+    def test_program_path_that_looks_like_a_flag(self):
+        for path in ("-h", "-tr=1:2", "-n=1", "-i=x"):
+            with self.subTest(path):
+                self.assertEqual((0, b"2 b\n3 c\n", b""), programs.run(
+                    path, "-tr=2:3", "-i=table", cwd=self.folder, executable=PROGRAM))
+
+    @native_only
+    def test_pipe(self):
+        with open(self.folder / "table", "rb") as table:
+            self.assertEqual((0, b"3 c\n", b""), self.tool("-sr=3:3", "/dev/stdin", stdin=table))
+
+
+if __name__ == "__main__":
+    unittest.main()
