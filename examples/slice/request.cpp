@@ -116,8 +116,10 @@ void readRange(int argc, char** argv, Request& request) {
         throw std::runtime_error("-tr and -sr cannot be combined");
     }
     if (!request.byTime && !steps) {
+        // Without a name the library has a text of its own, for programs that go on with it.
+        const bool named = !Kelp::getAllArguments(argc, argv).empty();
         throw std::runtime_error("which lines? Give -tr or -sr, as in: slice -sr=1:10 " +
-                                 Kelp::getFirstFileName(argc, argv));
+                                 (named ? Kelp::getFirstFileName(argc, argv) : "FILE"));
     }
     if (request.byTime) {
         readTimes(argc, argv, request);

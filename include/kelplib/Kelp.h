@@ -111,8 +111,9 @@ KELP_API void stringToValue(std::set<std::string>& target, std::string text);
 KELP_API void stringToValue(std::set<int>& target, std::string text);
 /// The target becomes the set of the numbers between colons; a blank or unreadable piece gives 0.
 KELP_API void stringToValue(std::set<double>& target, std::string text);
-/// The target gets as many elements as there are pieces between colons, and each piece is read over the element in its
-/// place: a blank piece leaves that one as it was, so that defaults survive. Elements that are added begin as 0.
+/// The target gets as many elements as there are pieces between colons, none for an empty text, and each piece is read over
+/// the element in its place: a blank piece leaves that one as it was, so that defaults survive. Elements that are added
+/// begin as 0.
 KELP_API void stringToValue(std::vector<int>& target, std::string text);
 KELP_API void stringToValue(std::vector<double>& target, std::string text);
 /// Two numbers between colons, the lower one first; a blank piece gives 0. Untouched unless there are exactly two pieces.
@@ -253,7 +254,7 @@ KELP_API int getNextFlag(int argc, char** argv, std::string flag, int start);
 KELP_API bool getHelpFlag(int argc, char** argv);
 
 /// The value of a two-character flag: what follows it in its token, without a "=" in between (-ofile, -o=file). The next
-/// token is never taken.
+/// token is never taken. Of a longer flag's token two characters are left out all the same: "output=file".
 /// \param value  empty for a flag without a value; untouched when there is no flag
 /// \returns the flag's position; 0 when there is none
 /// \throws std::out_of_range  when a token of one character matches
@@ -265,7 +266,8 @@ KELP_API int getMultiStringFlag(int argc, char** argv, std::string flag, std::ve
 
 /// The integer behind the "=" of a flag, read as the C library's atoi does: "12abc" is 12, "abc" 0, and what does not fit
 /// becomes the nearest limit. When there is no flag, or not exactly one text behind one "=", an empty line is printed (the
-/// reason stands on it when verbosity() is above 10). With `start` 0 and no flag the program path is read in its place.
+/// reason stands on it when verbosity() is above 10): ask getNextFlag first where the flag is optional. With `start` 0 and
+/// no flag the program path is read in its place.
 /// \param value  untouched unless a number was read
 /// \returns the flag's position; 0 otherwise
 KELP_API int getIntFlag(int argc, char** argv, std::string flag, int& value, int start);
@@ -285,12 +287,15 @@ KELP_API std::vector<std::string> getAllArguments(int argc, char** argv);
 /// @}
 
 /// The number that the environment variable K_VERBOSITY begins with, 0 without one. The environment is read at the first
-/// call and never again.
+/// call and never again. What a level means is the program's choice; the library looks at it in getIntFlag alone. A tool's
+/// verbose mode is another matter.
 KELP_API int verbosity();
 
 /// Prints the message and a line that says for how long, and waits until a key comes in on standard input (a console hands
 /// it on with Enter) or the seconds are over, whichever is earlier. The end of standard input counts as a key. A wait for
-/// the whole time takes 0.2 s longer; the key pressed after it is taken from standard input too.
+/// the whole time takes 0.2 s longer. It still takes the next character that comes in, so standard input is not to be read
+/// after it; a wait that a key ended has taken one character and leaves the rest of the line. Standard output may be a pipe:
+/// the lines go there and the wait is the same.
 /// \throws std::system_error  when no thread can be started
 KELP_API void waitOrPressKey(unsigned int seconds, std::string message);
 

@@ -26,7 +26,7 @@ SCREEN = (
     b"\033[36mOptions:\033[0m\n"
     b"  \033[34m-b, --bins:\033[0m divides the range into COUNT bins of the same width (without it: 10)\n"
     b"\n"
-    b"  \033[34m-c, --columns:\033[0m counts these columns only, as in 1,3 (without it: all)\n"
+    b"  \033[34m-c, --columns:\033[0m counts these columns only, as in 1,3 (without it: all); blanks, commas and semicolons part them\n"
     b"\n"
     b"  \033[34m-e, --edges:\033[0m the edges of the bins in place of -r and -b, as in 0:1:2.5:10\n"
     b"\n"

@@ -12,7 +12,7 @@ if not programs.ON_WINDOWS:
     import resource
 
 REFUSED_FLAGS = [
-    ([], b"which lines? Give -tr or -sr, as in: slice -sr=1:10 please_provide_file_name"),
+    ([], b"which lines? Give -tr or -sr, as in: slice -sr=1:10 FILE"),
     (["table"], b"which lines? Give -tr or -sr, as in: slice -sr=1:10 table"),
     (["-n=5", "-i=table", "other"], b"which lines? Give -tr or -sr, as in: slice -sr=1:10 other"),
     (["-tr=1:2"], b"no file to read is named"),
