@@ -52,7 +52,8 @@ KELP_API int KELP_rewind_cursor(unsigned int lines);
 /// \param width       width of the bar in characters
 /// \param text        the label, directly followed by the percentage
 /// \param start_time  KELP_time_stamp taken when the work began; 0 or less shows no time
-/// \returns 0, or EOF when standard output cannot be written
+/// \returns what flushing standard output gives: 0, or EOF when it fails. A standard output without a buffer has nothing
+///          to flush
 KELP_API int KELP_progress(double value, double total, int width, const char* text, double start_time);
 
 /// Sets the process-wide display up and starts its clock. last_blink stays as it is.

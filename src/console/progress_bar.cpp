@@ -21,7 +21,7 @@ int drawProgressBar(double value, double total, int width, std::string_view labe
     appendProgressLine(line, value, total, width, label, startTime, platform::monotonicSeconds());
     const std::size_t length = line.view().size();
     buffer[length] = '\r';
-    return writeAtOnce({buffer, length + 1});
+    return writeAtOnce({buffer, length + 1}).flushed;
 }
 
 }  // namespace Kelp

@@ -27,7 +27,7 @@ bool takeBlink(double now) {
 /// \returns the number of characters of the frame, or EOF
 int drawFrame(const BoundedText& frame) {
     const std::string_view text = frame.view();
-    return writeAtOnce(text) == 0 ? static_cast<int>(text.size()) : EOF;
+    return writeAtOnce(text).whole ? static_cast<int>(text.size()) : EOF;
 }
 
 int drawRunningFrame(const FaceState& state, bool eyesClosed) {

@@ -4,10 +4,10 @@
 
 namespace Kelp {
 
-int writeAtOnce(std::string_view text) {
-    const bool whole = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
+Written writeAtOnce(std::string_view text) {
+    const bool taken = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
     const int flushed = std::fflush(stdout);
-    return whole ? flushed : EOF;
+    return {taken && flushed == 0, flushed};
 }
 
 }  // namespace Kelp

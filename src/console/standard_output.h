@@ -5,9 +5,14 @@
 
 namespace Kelp {
 
+/// What became of a text.
+struct Written {
+    bool whole;   ///< whether the system has taken all of it
+    int flushed;  ///< the result of flushing standard output: 0, or EOF
+};
+
 /// Writes a line or a frame to standard output, whole, and flushes.
-/// \returns 0, or EOF when it could not be written
-int writeAtOnce(std::string_view text);
+Written writeAtOnce(std::string_view text);
 
 }  // namespace Kelp
 

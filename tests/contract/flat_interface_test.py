@@ -45,7 +45,7 @@ FACE = (b"     _____\n    /     \\         face\n   /  %s  \\\n   > %s <%s\n   \
 
 def play(code, **environment):
     """Runs code in a Python of its own. Returns its exit status, its standard output and its standard error."""
-    clean = {name: value for name, value in os.environ.items() if name != "MSYSTEM"}
+    clean = {name: value for name, value in os.environ.items() if name not in ("MSYSTEM", "PYTHONUNBUFFERED")}
     done = subprocess.run([sys.executable, "-c", PREAMBLE + code, LIBRARY], stdout=subprocess.PIPE,
                           stderr=subprocess.PIPE, stdin=subprocess.DEVNULL, env={**clean, **environment}, timeout=60,
                           check=False)
@@ -76,6 +76,8 @@ class FlatInterface(unittest.TestCase):
         code = ("os.close(1)\nKELP_progress_global_init(10, 5, b'face', 1)\n"
                 "tell(KELP_rewind_cursor(1), KELP_progress(1, 10, 5, b'x', 0), KELP_progress_smile(1) < 0)")
         self.assertEqual(play(code), (0, b"", "-1 -1 True\n"))
+        # The bar tells what flushing gives, and without a buffer there is nothing to flush.
+        self.assertEqual(play(code, PYTHONUNBUFFERED="1"), (0, b"", "-1 0 True\n"))
 
     def test_reads_and_writes_the_object(self):
         code = ("a = KELP_time_stamp()\ntell(KELP_progress_global_init(50, 10, b'a' * 200, 7))\n"
