@@ -1,20 +1,11 @@
 #include <gtest/gtest.h>
 
+#include "collection_types.h"
 #include "locale_facets.h"
 #include "number_types.h"
 #include "scoped_locale.h"
 
 namespace {
-
-using Strings = std::vector<std::string>;
-using Ints = std::vector<int>;
-using IntSet = std::set<int>;
-using Doubles = std::vector<double>;
-using DoubleSet = std::set<double>;
-using UnsignedPair = std::tuple<unsigned int, unsigned int>;
-using UnsignedTriple = std::tuple<unsigned int, unsigned int, unsigned int>;
-using FloatPair = std::tuple<float, float>;
-using DoublePair = std::tuple<double, double>;
 
 TEST(CollectionValuesUnderALocale, TakeItsDecimalPointAndGroups) {
     const ScopedGlobalLocale scope(new Punctuation("\3"));

@@ -2,22 +2,12 @@
 
 #include <cmath>
 
+#include "collection_types.h"
 #include "number_types.h"
 
 namespace {
 
 using namespace std::string_literals;
-
-using Strings = std::vector<std::string>;
-using StringSet = std::set<std::string>;
-using Ints = std::vector<int>;
-using IntSet = std::set<int>;
-using Doubles = std::vector<double>;
-using DoubleSet = std::set<double>;
-using UnsignedPair = std::tuple<unsigned int, unsigned int>;
-using UnsignedTriple = std::tuple<unsigned int, unsigned int, unsigned int>;
-using FloatPair = std::tuple<float, float>;
-using DoublePair = std::tuple<double, double>;
 
 constexpr double largest = 0x1.fffffffffffffp+1023;
 constexpr float largestFloat = 0x1.fffffep+127F;

@@ -171,4 +171,12 @@ TEST_F(IntFlag, ReadsTheProgramPathWhenNothingIsFoundFromTheStart) {
                 {{"a=5", "x"}, "-n", 1, 0, 77, "\n~"}});
 }
 
+TEST_F(IntFlag, ReadsTheProgramPathBehindAnEmptyCommandLine) {
+    Arguments line{"a=5"};
+    int value = 77;
+    EXPECT_EQ(Kelp::getIntFlag(0, line.argv(), "-n", value, 0), 0);
+    EXPECT_EQ(value, 5);
+    EXPECT_THROW(Kelp::getIntFlag(-1, line.argv(), "-n", value, -1), std::logic_error);
+}
+
 }  // namespace

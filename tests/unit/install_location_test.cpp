@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 #include <kelplib/CommandLineTool.h>
 
+#include <cstdlib>
+
 #include "flush_recorder.h"
 #include "scoped_variable.h"
 #include "shown_text.h"
@@ -84,6 +86,14 @@ TEST(InstallLocation, IsNotFoundWithoutItsName) {
          {R"(C:\TARN\bin)", R"(C:\Tarn)", "tar;n", "tar", "abc;x", ";", "/usr/bin:/ta/rn", R"(C:\bin;D:\tools\bin)"}) {
         expectFound({{path, "", "Impossible to find tarn location\n~"}});
     }
+}
+
+TEST(InstallLocation, IsNotFoundInAnEmptyPath) {
+    const ScopedVariable variable("PATH", "");
+    if (std::getenv("PATH") == nullptr) {
+        GTEST_SKIP() << "no variable can be empty here";
+    }
+    expectFound({{"", "", "Impossible to find tarn location\n~"}});
 }
 
 TEST(InstallLocation, NeedsPath) {
