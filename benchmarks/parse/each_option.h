@@ -11,12 +11,13 @@
 #if KELPLIB_BENCHMARK_OPTIONS == 10
 #define KELPLIB_EACH_OPTION(MACRO) KELPLIB_TEN_OPTIONS(MACRO, 0)
 #else
-#define KELPLIB_EACH_OPTION(MACRO)                                                                \
-    KELPLIB_TEN_OPTIONS(MACRO, 0)                                                                 \
-    KELPLIB_TEN_OPTIONS(MACRO, 1)                                                                 \
-    KELPLIB_TEN_OPTIONS(MACRO, 2) KELPLIB_TEN_OPTIONS(MACRO, 3) KELPLIB_TEN_OPTIONS(MACRO, 4)     \
-        KELPLIB_TEN_OPTIONS(MACRO, 5) KELPLIB_TEN_OPTIONS(MACRO, 6) KELPLIB_TEN_OPTIONS(MACRO, 7) \
-            KELPLIB_TEN_OPTIONS(MACRO, 8) KELPLIB_TEN_OPTIONS(MACRO, 9)
+#define KELPLIB_EACH_OPTION(MACRO)                                                            \
+    KELPLIB_TEN_OPTIONS(MACRO, 0)                                                             \
+    KELPLIB_TEN_OPTIONS(MACRO, 1)                                                             \
+    KELPLIB_TEN_OPTIONS(MACRO, 2)                                                             \
+    KELPLIB_TEN_OPTIONS(MACRO, 3)                                                             \
+    KELPLIB_TEN_OPTIONS(MACRO, 4) KELPLIB_TEN_OPTIONS(MACRO, 5) KELPLIB_TEN_OPTIONS(MACRO, 6) \
+        KELPLIB_TEN_OPTIONS(MACRO, 7) KELPLIB_TEN_OPTIONS(MACRO, 8) KELPLIB_TEN_OPTIONS(MACRO, 9)
 #endif
 
 #endif

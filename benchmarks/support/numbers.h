@@ -1,0 +1,40 @@
+#ifndef KELPLIB_BENCHMARKS_NUMBERS_H
+#define KELPLIB_BENCHMARKS_NUMBERS_H
+
+#include <cstddef>
+#include <locale>
+#include <string>
+#include <vector>
+
+/// Numbers of one kind, the same in every run.
+enum class Kind {
+    whole,     ///< 0 to 999999
+    short_,    ///< one decimal, as 12.5
+    decimals,  ///< three decimals, as 1234.125
+    full,      ///< 17 digits
+};
+
+std::vector<double> numbers(Kind kind, std::size_t count);
+
+/// The text of each number, written by a stream with the locale.
+std::vector<std::string> textsOf(const std::vector<double>& values, const std::locale& locale);
+
+/// The texts in one, with ":" between them.
+std::string joined(const std::vector<std::string>& texts);
+
+/// The classic locale but for numbers: "," is the decimal point, "." parts groups of three digits.
+std::locale commaLocale();
+
+/// Makes a locale the global one for its lifetime.
+class GlobalLocale {
+public:
+    explicit GlobalLocale(const std::locale& locale);
+    ~GlobalLocale();
+    GlobalLocale(const GlobalLocale&) = delete;
+    GlobalLocale& operator=(const GlobalLocale&) = delete;
+
+private:
+    std::locale before;
+};
+
+#endif

@@ -1,0 +1,147 @@
+// Text to a list of numbers: kelplib beside from_chars into a vector, the floor, and others; under the classic global locale
+// and under one with other punctuation.
+
+#include <double-conversion/double-conversion.h>
+#include <kelplib/Kelp.h>
+
+#include <charconv>
+#include <cstdlib>
+#include <sstream>
+
+#include "../support/measure.h"
+#include "../support/numbers.h"
+
+namespace {
+
+constexpr std::size_t most = 1000000;
+
+/// A list as text and as the numbers it holds.
+template <class T>
+struct List {
+    List(Kind kind, std::size_t count, const std::locale& writing) : locale(writing) {
+        const std::vector<double> drawn = numbers(kind, count);
+        values.assign(drawn.begin(), drawn.end());
+        text = joined(textsOf(drawn, locale));
+    }
+
+    std::locale locale;
+    std::vector<T> values;
+    std::string text;
+};
+
+template <class T>
+std::vector<T> readWithKelplib(const List<T>& list) {
+    std::vector<T> values;
+    Kelp::stringToValue(values, list.text);
+    return values;
+}
+
+/// Goes over the text, given the number of values; `read` reads one at its first argument and returns where it ends.
+template <class T, class Read>
+std::vector<T> readEach(const List<T>& list, Read read) {
+    std::vector<T> values(list.values.size());
+    const char* position = list.text.data();
+    const char* const end = position + list.text.size();
+    for (T& value : values) {
+        position = read(position, end, value) + 1;
+    }
+    return values;
+}
+
+template <class T>
+std::vector<T> readWithFromChars(const List<T>& list) {
+    return readEach(
+        list, [](const char* begin, const char* end, T& value) { return std::from_chars(begin, end, value).ptr; });
+}
+
+std::vector<int> readWithC(const List<int>& list) {
+    return readEach(list, [](const char* begin, const char* /*end*/, int& value) {
+        char* stop = nullptr;
+        value = static_cast<int>(std::strtol(begin, &stop, 10));
+        return stop;
+    });
+}
+
+std::vector<double> readWithC(const List<double>& list) {
+    return readEach(list, [](const char* begin, const char* /*end*/, double& value) {
+        char* stop = nullptr;
+        value = std::strtod(begin, &stop);
+        return stop;
+    });
+}
+
+std::vector<double> readWithDoubleConversion(const List<double>& list) {
+    using double_conversion::StringToDoubleConverter;
+    static const StringToDoubleConverter converter(StringToDoubleConverter::ALLOW_TRAILING_JUNK, 0, 0, nullptr,
+                                                   nullptr);
+    return readEach(list, [](const char* begin, const char* end, double& value) {
+        int used = 0;
+        value = converter.StringToDouble(begin, static_cast<int>(end - begin), &used);
+        return begin + used;
+    });
+}
+
+template <class T>
+std::vector<T> readWithOneStream(const List<T>& list) {
+    std::vector<T> values;
+    std::istringstream stream(list.text);
+    char colon = 0;
+    for (T value = 0; stream >> value; stream >> colon) {
+        values.push_back(value);
+    }
+    return values;
+}
+
+/// The limit under another locale: a fresh stream, with the global locale, for each value.
+template <class T>
+std::vector<T> readWithFreshStreams(const List<T>& list) {
+    std::vector<T> values;
+    const std::string& text = list.text;
+    for (std::size_t begin = 0; begin < text.size();) {
+        const std::size_t end = std::min(text.find(':', begin), text.size());
+        values.emplace_back();
+        std::istringstream(text.substr(begin, end - begin)) >> values.back();
+        begin = end + 1;
+    }
+    return values;
+}
+
+template <class T>
+void add(const std::string& name, const std::shared_ptr<List<T>>& list, std::vector<T> (*read)(const List<T>&)) {
+    measure(
+        name, list->values.size(),
+        [list, read] {
+            const GlobalLocale locale(list->locale);
+            return read(*list);
+        },
+        [list](const std::vector<T>& values) { return values == list->values; });
+}
+
+template <class T>
+void addKind(const std::string& kind, Kind drawn) {
+    const auto list = std::make_shared<List<T>>(drawn, most, std::locale::classic());
+    add<T>("list/" + kind + "/from_chars", list, readWithFromChars<T>);
+    add<T>("list/" + kind + "/kelplib", list, readWithKelplib<T>);
+    add<T>("list/" + kind + "/string stream", list, readWithOneStream<T>);
+    add<T>("list/" + kind + "/strtol, strtod", list, readWithC);
+    if constexpr (std::is_floating_point_v<T>) {
+        add<T>("list/" + kind + "/double-conversion", list, readWithDoubleConversion);
+    }
+    const auto foreign = std::make_shared<List<T>>(drawn, most, commaLocale());
+    add<T>("locale/" + kind + "/fresh string streams", foreign, readWithFreshStreams<T>);
+    add<T>("locale/" + kind + "/kelplib", foreign, readWithKelplib<T>);
+    for (const std::size_t count : {1000, 10000, 100000, 1000000}) {
+        add<T>("growth/list " + kind + "/" + std::to_string(count) + "/kelplib",
+               std::make_shared<List<T>>(drawn, count, std::locale::classic()), readWithKelplib<T>);
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    addKind<int>("int", Kind::whole);
+    addKind<double>("short", Kind::short_);
+    addKind<double>("17 digits", Kind::full);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+}

@@ -1,0 +1,198 @@
+// Numbers to text: kelplib beside to_chars into one buffer, the floor, and others.
+
+#include <double-conversion/double-conversion.h>
+#include <fmt/compile.h>
+#include <fmt/format.h>
+#include <kelplib/Kelp.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cstdio>
+#include <cstdlib>
+#include <sstream>
+
+#include "../support/measure.h"
+#include "../support/numbers.h"
+
+namespace {
+
+constexpr std::size_t most = 1000000;
+/// Room for any number and the separator behind it.
+constexpr std::size_t roomPerNumber = 26;
+
+using Numbers = std::shared_ptr<const std::vector<double>>;
+using Pair = std::tuple<double, double>;
+
+/// The numbers that stand in a text between ", " or ":", read by the C library.
+bool holds(const std::string& text, const std::vector<double>& values) {
+    const char* position = text.c_str();
+    for (const double value : values) {
+        char* end = nullptr;
+        if (std::strtod(position, &end) != value || end == position) {
+            return false;
+        }
+        position = end + (*end == ',' ? 2 : *end == ':' ? 1 : 0);
+    }
+    return *position == '\0';
+}
+
+void addText(const std::string& name, const Numbers& values, std::string (*write)(const std::vector<double>&)) {
+    measure(
+        name, values->size(), [values, write] { return write(*values); },
+        [values](const std::string& text) { return holds(text, *values); });
+}
+
+std::string writeWithKelplib(const std::vector<double>& values) {
+    return std::to_string(values);
+}
+
+std::string writeWithFmt(const std::vector<double>& values) {
+    fmt::memory_buffer buffer;
+    const char* separator = "";
+    for (const double value : values) {
+        fmt::format_to(std::back_inserter(buffer), FMT_COMPILE("{}{}"), separator, value);
+        separator = ", ";
+    }
+    return fmt::to_string(buffer);
+}
+
+std::string writeWithStream(const std::vector<double>& values) {
+    std::ostringstream stream;
+    stream.precision(17);
+    const char* separator = "";
+    for (const double value : values) {
+        stream << separator << value;
+        separator = ", ";
+    }
+    return stream.str();
+}
+
+std::string writeWithPrintf(const std::vector<double>& values) {
+    std::string text;
+    const char* separator = "";
+    char buffer[32];
+    for (const double value : values) {
+        const int length = std::snprintf(buffer, sizeof buffer, "%s%.17g", separator, value);
+        text.append(buffer, static_cast<std::size_t>(length));
+        separator = ", ";
+    }
+    return text;
+}
+
+std::string writeWithDoubleConversion(const std::vector<double>& values) {
+    const auto& converter = double_conversion::DoubleToStringConverter::EcmaScriptConverter();
+    std::string text;
+    char buffer[32];
+    for (const double value : values) {
+        double_conversion::StringBuilder builder(buffer, sizeof buffer);
+        converter.ToShortest(value, &builder);
+        const auto length = static_cast<std::size_t>(builder.position());
+        text += text.empty() ? "" : ", ";
+        text.append(buffer, length);
+    }
+    return text;
+}
+
+/// The floor writes into a buffer that is there already. Returns where the text ends.
+char* writeWithToChars(const std::vector<double>& values, std::string& buffer) {
+    char* position = buffer.data();
+    char* const end = position + buffer.size();
+    for (const double value : values) {
+        position = std::to_chars(position, end, value).ptr;
+        *position++ = ',';
+        *position++ = ' ';
+    }
+    return position - 2;
+}
+
+char* writePairsWithToChars(const std::vector<Pair>& pairs, std::string& buffer) {
+    char* position = buffer.data();
+    char* const end = position + buffer.size();
+    for (const auto& [first, second] : pairs) {
+        position = std::to_chars(position, end, first).ptr;
+        *position++ = ':';
+        position = std::to_chars(position, end, second).ptr;
+    }
+    return position;
+}
+
+void addFloor(const std::string& name, const Numbers& values) {
+    const auto buffer = std::make_shared<std::string>(values->size() * roomPerNumber, ' ');
+    measure(
+        name, values->size(), [values, buffer] { return writeWithToChars(*values, *buffer); },
+        [values, buffer](const char* end) {
+            return holds(buffer->substr(0, static_cast<std::size_t>(end - buffer->data())), *values);
+        });
+}
+
+void addKind(const std::string& kind, Kind drawn) {
+    const auto values = std::make_shared<const std::vector<double>>(numbers(drawn, most));
+    addFloor("text/" + kind + "/to_chars", values);
+    addText("text/" + kind + "/kelplib", values, writeWithKelplib);
+    addText("text/" + kind + "/fmt", values, writeWithFmt);
+    addText("text/" + kind + "/double-conversion", values, writeWithDoubleConversion);
+    addText("text/" + kind + "/string stream", values, writeWithStream);
+    addText("text/" + kind + "/printf", values, writeWithPrintf);
+}
+
+std::string writePairWithKelplib(const Pair& pair) {
+    return std::to_string(pair);
+}
+
+std::string writePairWithFmt(const Pair& pair) {
+    return fmt::format(FMT_COMPILE("{}:{}"), std::get<0>(pair), std::get<1>(pair));
+}
+
+bool allHold(const std::vector<Pair>& pairs, std::string (*write)(const Pair&)) {
+    return std::all_of(pairs.begin(), pairs.end(), [write](const Pair& pair) {
+        return holds(write(pair), {std::get<0>(pair), std::get<1>(pair)});
+    });
+}
+
+void addPairs(const std::string& library, const std::vector<Pair>& pairs, std::string (*write)(const Pair&)) {
+    measure(
+        "text/pairs/" + library, pairs.size(),
+        [&pairs, write] {
+            std::size_t length = 0;
+            for (const Pair& pair : pairs) {
+                length += write(pair).size();
+            }
+            return length;
+        },
+        [&pairs, write](std::size_t /*length*/) { return allHold(pairs, write); });
+}
+
+/// Pairs of numbers with three decimals.
+std::vector<Pair> drawPairs() {
+    const std::vector<double> drawn = numbers(Kind::decimals, 2 * most);
+    std::vector<Pair> pairs;
+    for (std::size_t i = 0; i < most; ++i) {
+        pairs.emplace_back(drawn[2 * i], drawn[2 * i + 1]);
+    }
+    return pairs;
+}
+
+void addAllPairs(const std::vector<Pair>& pairs) {
+    const auto buffer = std::make_shared<std::string>(pairs.size() * 2 * roomPerNumber, ' ');
+    measure(
+        "text/pairs/to_chars", pairs.size(), [&pairs, buffer] { return writePairsWithToChars(pairs, *buffer); },
+        [buffer](const char* end) { return end > buffer->data(); });
+    addPairs("kelplib", pairs, writePairWithKelplib);
+    addPairs("fmt", pairs, writePairWithFmt);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    addKind("17 digits", Kind::full);
+    addKind("3 decimals", Kind::decimals);
+    addKind("whole", Kind::whole);
+    const std::vector<Pair> pairs = drawPairs();
+    addAllPairs(pairs);
+    for (const std::size_t count : {1000, 10000, 100000, 1000000}) {
+        addText("growth/text 17 digits/" + std::to_string(count) + "/kelplib",
+                std::make_shared<const std::vector<double>>(numbers(Kind::full, count)), writeWithKelplib);
+    }
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+}
