@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# What scripts/demo and scripts/test share: the project's folder, a scratch folder that goes away at the end, and the
+# What the scripts share: the project's folder, a scratch folder that goes away at the end, and the
 # installation of the tools that are missing. Source it; it changes into the project's folder.
 
 set -euo pipefail
@@ -37,8 +37,27 @@ need_for_windows() {
     needs+=("x86_64-w64-mingw32-g++-posix g++-mingw-w64-x86-64-posix" "wine wine wine64")
 }
 
+need_for_guard() {
+    need_for_demo
+    needs+=("python3 python3" "valgrind valgrind")
+}
+
+need_for_benchmarks() {
+    local cmake=/usr/lib/*/cmake
+    need_for_guard
+    needs+=(
+        "gnuplot gnuplot-nox" "/usr/lib/python3/dist-packages/tqdm/__init__.py python3-tqdm"
+        "$cmake/benchmark/benchmarkConfig.cmake libbenchmark-dev" "$cmake/absl/abslConfig.cmake libabsl-dev"
+        "$cmake/boost_program_options-*/*-config.cmake libboost-program-options-dev"
+        "$cmake/double-conversion/double-conversionConfig.cmake libdouble-conversion-dev"
+        "$cmake/fmt/fmt-config.cmake libfmt-dev" "$cmake/gflags/gflags-config.cmake libgflags-dev"
+        "/usr/include/CLI/CLI.hpp libcli11-dev" "/usr/include/cxxopts.hpp libcxxopts-dev"
+        "/usr/include/tclap/CmdLine.h libtclap-dev")
+}
+
 need_for_all_tests() {
     need_for_tests
+    need_for_guard
     need_for_windows
     needs+=(
         "clang clang" "clang++ clang" "clang-tidy clang-tidy" "clang-format clang-format"

@@ -1,0 +1,61 @@
+"""How the cost grows with the command line, the lists and the texts."""
+
+import measuring
+from rows import PARSERS
+from tables import Table, time_text, times
+
+SIZES = (1000, 10000, 100000, 1000000)
+# What grows, and how its figures are named; "{}" is the number of items.
+KINDS = {
+    "tokens, 10 options": "parse/10/{}/kelplib",
+    "tokens, 100 options": "parse/100/{}/kelplib",
+    "list of int": "growth/list int/{}/kelplib",
+    "list of 17 digits": "growth/list 17 digits/{}/kelplib",
+    "numbers to text": "growth/text 17 digits/{}/kelplib",
+    "bytes of one value": "growth/value/{}/kelplib",
+}
+MOST_FOR_OPTIONS = 1.6
+
+
+def growth(measured, _):
+    for options in (10, 100):
+        measured.run(f"parse_{options}", [f"parse/{options}"])
+    measured.run("parse_10", ["growth"])
+    measured.run("read_list", ["growth"])
+    measured.run("write_text", ["growth"])
+    table = Table("Growth", "kelplib's time for one token, value or byte of a text. Where cost is linear it stays the same; caches "
+                  "that no longer hold the data are a part of it.",
+                  ["", *(f"{size:,}" for size in SIZES), "last to first"])
+    for kind, name in KINDS.items():
+        figures = [measured.get(name.format(size)) for size in SIZES]
+        known = [figure.per_item for figure in figures if figure]
+        table.add(kind, *(time_text(figure.per_item) if figure else "" for figure in figures), times(known[-1] / known[0]))
+    ratios = {size: measured[KINDS["tokens, 100 options"].format(size)].seconds
+              / measured[KINDS["tokens, 10 options"].format(size)].seconds for size in SIZES[:3]}
+    table.remark(f"Goal: with 100 options at most {times(MOST_FOR_OPTIONS)} the time with 10: "
+                 + ", ".join(f"{times(ratio)} at {size:,} tokens" for size, ratio in ratios.items())
+                 + (": reached." if max(ratios.values()) <= MOST_FOR_OPTIONS else ": **missed**."))
+    return [table]
+
+
+def curves(measured):
+    """The curves of the two plots: file name, title, axis, and for each curve its points."""
+    tokens = (10, 100, 1000, 10000, 100000)
+
+    def points(name, sizes):
+        return [(size, measured[name.format(size)].per_item * 1e9) for size in sizes if name.format(size) in measured]
+
+    libraries = {library: points(f"parse/10/{{}}/{library}", tokens) for library in ("pass", "kelplib", *PARSERS)}
+    own = {kind: points(name, SIZES) for kind, name in KINDS.items()}
+    return [("benchmarks-parse.svg", "Parsing with 10 options", "tokens", "nanoseconds per token", libraries),
+            ("benchmarks-growth.svg", "Cost of one item in kelplib", "items", "nanoseconds per item", own)]
+
+
+def plot(measured):
+    """Draws the plots into docs. Returns their names."""
+    names = []
+    for name, title, items, unit, lines in curves(measured):
+        measuring.tell(f"  docs/{name}")
+        measuring.draw(name, title, items, unit, lines)
+        names.append(name)
+    return names

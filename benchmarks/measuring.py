@@ -1,0 +1,129 @@
+"""Measuring: programs of Google Benchmark, whole processes, compilations. Every figure is a median."""
+
+import json
+import os
+import pathlib
+import statistics
+import subprocess
+import sys
+import tempfile
+import typing
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+PROGRAMS = ROOT / "build/bench/bin"
+UNITS = {"ns": 1e-9, "us": 1e-6, "ms": 1e-3}
+
+
+class Effort(typing.NamedTuple):
+    """How often things are measured."""
+    repetitions: int
+    seconds: float  # at least, per repetition
+    compilations: int
+
+
+FULL = Effort(9, 0.05, 7)
+QUICK = Effort(3, 0.01, 1)
+
+
+class Figure(typing.NamedTuple):
+    seconds: float  # for one round of the work
+    items: float  # tokens, values or redraws in one round
+    allocations: float
+
+    @property
+    def per_item(self):
+        return self.seconds / self.items
+
+
+def tell(text):
+    print(text, file=sys.stderr, flush=True)
+
+
+class Measured(dict):
+    """The figures of Google Benchmark's programs by their names; each part of a program runs once."""
+
+    def __init__(self, effort):
+        super().__init__()
+        self._effort = effort
+        self._done = set()
+
+    def run(self, program, names):
+        """Measures what begins with one of the names: by turns in random order, so that a disturbance hits all alike."""
+        names = [name for name in names if (program, name) not in self._done]
+        self._done.update((program, name) for name in names)
+        if not names:
+            return
+        tell(f"  {program}: {', '.join(names)}")
+        with tempfile.TemporaryDirectory() as folder:
+            out = pathlib.Path(folder, "out.json")
+            subprocess.run(
+                [PROGRAMS / program, f"--benchmark_filter=^({'|'.join(names)})/", f"--benchmark_out={out}",
+                 "--benchmark_out_format=json", f"--benchmark_repetitions={self._effort.repetitions}",
+                 f"--benchmark_min_time={self._effort.seconds}", "--benchmark_enable_random_interleaving=true"],
+                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, stdin=subprocess.DEVNULL, check=True)
+            self._take(json.loads(out.read_text(encoding="utf-8"))["benchmarks"])
+
+    def _take(self, entries):
+        for entry in entries:
+            if entry.get("error_occurred"):
+                raise SystemExit(f"{entry['name']}: {entry['error_message']}")
+            if entry.get("aggregate_name") == "median":
+                # Beside a terminal's reader the wall clock counts, otherwise the processor's time.
+                name, is_real = entry["run_name"].removesuffix("/real_time"), entry["run_name"].endswith("/real_time")
+                time = entry["real_time" if is_real else "cpu_time"] * UNITS[entry["time_unit"]]
+                self[name] = Figure(time, entry.get("items", 1), entry.get("allocations", 0))
+
+
+def processor_seconds(command):
+    """User and system time of a process with its children."""
+    before = os.times()
+    subprocess.run(command, check=True, stdin=subprocess.DEVNULL)
+    after = os.times()
+    return after.children_user - before.children_user + after.children_system - before.children_system
+
+
+def compile_seconds(sources, effort):
+    """The median of the time that each source (name to path) takes to compile, in alternating order."""
+    times = {name: [] for name in sources}
+    with tempfile.TemporaryDirectory() as folder:
+        for turn in range(effort.compilations):
+            tell(f"  round {turn + 1} of {effort.compilations}")
+            for name in sources if turn % 2 == 0 else reversed(sources):
+                times[name].append(processor_seconds(
+                    ["g++", "-std=c++17", "-O2", f"-I{ROOT}/include", "-c", sources[name], "-o", f"{folder}/object.o"]))
+    return {name: statistics.median(list_of_times) for name, list_of_times in times.items()}
+
+
+def stripped_size(program):
+    """The bytes of a program without its symbols."""
+    with tempfile.TemporaryDirectory() as folder:
+        subprocess.run(["strip", "-o", f"{folder}/stripped", PROGRAMS / program], check=True)
+        return pathlib.Path(folder, "stripped").stat().st_size
+
+
+def tqdm_seconds(effort):
+    """One redraw of tqdm's bar."""
+    done = subprocess.run(["/usr/bin/python3", "-B", ROOT / "benchmarks/redraw/redraw_tqdm.py", str(effort.repetitions)],
+                          stdout=subprocess.PIPE, text=True, check=True)
+    return float(done.stdout)
+
+
+def draw(name, title, items, unit, lines):
+    """A plot in docs: lines (name to points), both axes logarithmic."""
+    blocks = "".join(f"$line{i} << END\n" + "".join(f"{x} {y:.4g}\n" for x, y in points) + "END\n"
+                     for i, points in enumerate(lines.values()))
+    curves = ", ".join(f"$line{i} with linespoints linewidth 2 pointtype 7 pointsize 0.5 title '{line.replace('_', ' ')}'"
+                       for i, line in enumerate(lines))
+    script = f"""{blocks}
+set terminal svg size 760,480 font 'sans-serif,13' background '#ffffff'
+set output '{ROOT}/docs/{name}'
+set title '{title}'
+set xlabel '{items}'
+set ylabel '{unit}'
+set logscale xy
+set format x '10^{{%T}}'
+set grid
+set key outside right noenhanced
+plot {curves}
+"""
+    subprocess.run(["gnuplot"], input=script, text=True, check=True)

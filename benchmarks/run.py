@@ -1,0 +1,95 @@
+#!/usr/bin/env python3
+"""Measures kelplib beside other libraries: run.py [--quick] [NAME...], called by scripts/bench. With names it prints their
+tables; without, it also writes docs/benchmarks.md and the plots."""
+
+import datetime
+import os
+import platform
+import subprocess
+import sys
+import time
+
+import growth
+import measuring
+import rows
+
+ROWS = {"start": rows.start, "compile": rows.compile_tool, "parse": rows.parse, "read": rows.read, "list": rows.read_list,
+        "locale": rows.locale, "text": rows.write_text, "redraw": rows.redraw, "growth": growth.growth}
+PACKAGES = ["libbenchmark-dev", "valgrind", "libcli11-dev", "libcxxopts-dev", "libboost-program-options-dev", "libtclap-dev",
+            "libgflags-dev", "libabsl-dev", "libfmt-dev", "libdouble-conversion-dev", "python3-tqdm"]
+TEXT = """\
+# Benchmarks
+
+Written by `{command}`, which measures on the machine it runs on; nothing here was typed.{roughness}
+
+| | |
+|---|---|
+| machine | {processor}, {cores} cores |
+| system | {system} |
+| compiler | {compiler}, -O3 |
+| date | {date} |
+| other libraries | {packages} |
+
+Each figure is a median. What is compared is measured by turns in random order, so that a disturbance hits all alike. Behind a
+time stands its ratio to the limit: the least that the job can cost, measured in the same run. Every answer was compared with the
+expected one before the clock ran. Instructions are counted by valgrind's callgrind. "–" means that a library cannot
+do the job.
+
+{tables}
+
+## Plots
+
+{plots}
+"""
+
+
+def first_line(*command):
+    return subprocess.run(command, capture_output=True, text=True, check=True).stdout.split("\n")[0]
+
+
+def processor():
+    with open("/proc/cpuinfo", encoding="utf-8") as file:
+        for line in file:
+            if line.startswith("model name"):
+                return line.split(":", 1)[1].strip()
+    return platform.machine()
+
+
+def versions():
+    listed = subprocess.run(["dpkg-query", "-W", "-f=${Package} ${Version}\n", *PACKAGES], capture_output=True, text=True,
+                            check=False).stdout
+    return ", ".join(listed.splitlines()) or "built by hand"
+
+
+def document(tables, plots, quick):
+    return TEXT.format(
+        command="scripts/bench --quick" if quick else "scripts/bench",
+        roughness=" A quick run: the figures are rough." if quick else "",
+        processor=processor(), cores=os.cpu_count(), system=platform.freedesktop_os_release()["PRETTY_NAME"],
+        compiler=first_line("g++", "--version"), date=datetime.date.today().isoformat(), packages=versions(),
+        tables="\n\n".join(table.markdown() for table in tables),
+        plots="\n\n".join(f"![{name}]({name})" for name in plots))
+
+
+def main():
+    quick = "--quick" in sys.argv
+    chosen = [name for name in sys.argv[1:] if name != "--quick"]
+    effort = measuring.QUICK if quick else measuring.FULL
+    measured = measuring.Measured(effort)
+    started = time.monotonic()
+    tables = []
+    for number, name in enumerate(chosen or ROWS, 1):
+        measuring.tell(f"[{number}/{len(chosen or ROWS)}] {name}")
+        made = ROWS[name](measured, effort)
+        print("\n".join(table.plain() for table in made), flush=True)
+        tables += made
+    if not chosen:
+        measuring.tell("\nWriting")
+        text = document(tables, growth.plot(measured), quick)
+        (measuring.ROOT / "docs/benchmarks.md").write_text(text, encoding="utf-8")
+        measuring.tell("  docs/benchmarks.md")
+    measuring.tell(f"Done after {time.monotonic() - started:.0f} s")
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,3 @@
+// A program that does nothing; the C++ runtime is loaded with it. The floor of a start.
+
+int main() {}

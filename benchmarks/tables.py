@@ -1,0 +1,75 @@
+"""Tables of measurements: the limit, kelplib with its goals, and the others."""
+
+KELPLIB = "kelplib"
+
+
+def time_text(seconds):
+    for unit, name in ((1, "s"), (1e-3, "ms"), (1e-6, "µs")):
+        if seconds >= unit:
+            return f"{seconds / unit:.3g} {name}"
+    return f"{seconds * 1e9:.3g} ns"
+
+
+def times(ratio):
+    """A ratio as people write it: x0.97, x5.20, x52."""
+    return f"x{ratio:.2f}" if ratio < 10 else f"x{ratio:,.0f}"
+
+
+class Table:
+    """Lines of texts under a head, with a title and texts around them."""
+
+    def __init__(self, title, text, head):
+        self.title, self.text, self.head = title, text, head
+        self.lines, self.remarks = [], []
+
+    def add(self, *cells):
+        self.lines.append([str(cell) for cell in cells])
+
+    def remark(self, text):
+        self.remarks.append(text)
+
+    def markdown(self):
+        alignment = ["---"] + ["---:"] * (len(self.head) - 1)
+        rows = [self.head, alignment, *self.lines]
+        table = "\n".join("| " + " | ".join(row) + " |" for row in rows)
+        return "\n\n".join([f"## {self.title}", self.text, table, *self.remarks])
+
+    def plain(self):
+        rows = [[cell.replace("**", "") for cell in row] for row in [self.head, *self.lines]]
+        widths = [max(len(row[i]) for row in rows) for i in range(len(self.head))]
+        table = "\n".join("  ".join([row[0].ljust(widths[0]), *(cell.rjust(width) for cell, width in zip(row[1:], widths[1:]))])
+                          for row in rows)
+        return "\n".join([f"\n{self.title}", table, *self.remarks]).replace("**", "")
+
+
+def judged(value, goal, write):
+    """A goal with the word whether the value keeps it."""
+    return f"at most {write(goal)}: {'reached' if value <= goal else '**missed**'}"
+
+
+def compared(title, text, columns, limit, others, goals, seconds):
+    """A table of times with their ratios to the limit. `columns` maps a head to the key of its figures, `goals` a head to
+    the largest ratio wanted; seconds(key, library) is None where a library cannot do the job."""
+
+    def cell(key, library):
+        value = seconds(key, library)
+        return "–" if value is None else f"{time_text(value)} ({times(value / seconds(key, limit))})"
+
+    table = Table(title, text, ["", *columns])
+    table.add(f"limit: {limit}", *(time_text(seconds(key, limit)) for key in columns.values()))
+    table.add(f"**{KELPLIB}**", *(cell(key, KELPLIB) for key in columns.values()))
+    table.add("goal", *(judged(seconds(key, KELPLIB) / seconds(key, limit), goals[head], times) if head in goals else ""
+                        for head, key in columns.items()))
+    for other in others:
+        table.add(other, *(cell(key, other) for key in columns.values()))
+    return table
+
+
+def fastest(table, heads, keys, others, seconds):
+    """Remarks whether kelplib is faster than the others in these columns."""
+    ahead = {head: [other for other in others
+                    if seconds(key, other) is not None and seconds(key, other) <= seconds(key, KELPLIB)]
+             for head, key in zip(heads, keys)}
+    missed = "; ".join(f"{', '.join(names)} at {head}" for head, names in ahead.items() if names)
+    table.remark(f"Goal: faster than all of {', '.join(others)} at {', '.join(heads)}: "
+                 + (f"**missed** ({missed})." if missed else "reached."))
