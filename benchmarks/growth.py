@@ -30,8 +30,8 @@ def growth(measured, _):
         figures = [measured.get(name.format(size)) for size in SIZES]
         known = [figure.per_item for figure in figures if figure]
         table.add(kind, *(time_text(figure.per_item) if figure else "" for figure in figures), times(known[-1] / known[0]))
-    ratios = {size: measured[KINDS["tokens, 100 options"].format(size)].seconds
-              / measured[KINDS["tokens, 10 options"].format(size)].seconds for size in SIZES[:3]}
+    ratios = {size: measured[KINDS["tokens, 100 options"].format(size)].per_item
+              / measured[KINDS["tokens, 10 options"].format(size)].per_item for size in SIZES[:3]}
     table.remark(f"Goal: with 100 options at most {times(MOST_FOR_OPTIONS)} the time with 10: "
                  + ", ".join(f"{times(ratio)} at {size:,} tokens" for size, ratio in ratios.items())
                  + (": reached." if max(ratios.values()) <= MOST_FOR_OPTIONS else ": **missed**."))

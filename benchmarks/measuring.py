@@ -21,7 +21,7 @@ class Effort(typing.NamedTuple):
     compilations: int
 
 
-FULL = Effort(9, 0.05, 7)
+FULL = Effort(9, 0.05, 5)
 QUICK = Effort(3, 0.01, 1)
 
 

@@ -29,7 +29,7 @@ void count(const char* name, Operation operation, IsRight isRight) {
 }
 
 void countParse() {
-    const CommandLine line(10, 1000, Spelling::firstByte);
+    const CommandLine line(10, 1000, Spelling::firstByte, 1);
     std::vector<Kelp::Option> options = parsers::kelplibOptions(10);
     count(
         "parse", [&] { return parsers::kelplib(line, options); },

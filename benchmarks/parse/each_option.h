@@ -16,8 +16,9 @@
     KELPLIB_TEN_OPTIONS(MACRO, 1)                                                             \
     KELPLIB_TEN_OPTIONS(MACRO, 2)                                                             \
     KELPLIB_TEN_OPTIONS(MACRO, 3)                                                             \
-    KELPLIB_TEN_OPTIONS(MACRO, 4) KELPLIB_TEN_OPTIONS(MACRO, 5) KELPLIB_TEN_OPTIONS(MACRO, 6) \
-        KELPLIB_TEN_OPTIONS(MACRO, 7) KELPLIB_TEN_OPTIONS(MACRO, 8) KELPLIB_TEN_OPTIONS(MACRO, 9)
+    KELPLIB_TEN_OPTIONS(MACRO, 4)                                                             \
+    KELPLIB_TEN_OPTIONS(MACRO, 5) KELPLIB_TEN_OPTIONS(MACRO, 6) KELPLIB_TEN_OPTIONS(MACRO, 7) \
+        KELPLIB_TEN_OPTIONS(MACRO, 8) KELPLIB_TEN_OPTIONS(MACRO, 9)
 #endif
 
 #endif

@@ -1,7 +1,9 @@
 // Reading a command line: kelplib beside other libraries, and one look at every byte as the floor.
 
+#include <algorithm>
 #include <deque>
 #include <functional>
+#include <string_view>
 
 #include "../support/measure.h"
 #include "parsers.h"
@@ -21,57 +23,93 @@ unsigned long sumOfBytes(const CommandLine& line) {
     return sum;
 }
 
-std::string nameFor(const std::string& library, std::size_t tokens) {
-    return "parse/" + std::to_string(optionCount) + "/" + std::to_string(tokens) + "/" + library;
-}
-
-void addFloor(std::size_t tokens, const CommandLine& line) {
-    measure(
-        nameFor("pass", tokens), tokens, [&line] { return sumOfBytes(line); },
-        [](unsigned long sum) { return sum > 0; });
-}
-
-void addParser(const std::string& library, std::size_t tokens, const Answer& expected,
-               const std::function<Answer()>& parse) {
-    measure(nameFor(library, tokens), tokens, parse, [&expected](const Answer& answer) { return answer == expected; });
-}
-
-void addOthers(std::size_t tokens, const CommandLine& line, const Answer& first, const Answer& last) {
-    addParser("getopt_long", tokens, first, [&line] { return parsers::getoptLong(line, optionCount); });
-    addParser("CLI11", tokens, first, [&line] { return parsers::cli11(line, optionCount); });
-    addParser("cxxopts", tokens, first, [&line] { return parsers::cxxopts(line, optionCount); });
-    // Takes quadratic time: half a minute for 100,000 tokens.
-    if (tokens <= 10000) {
-        addParser("Boost.Program_options", tokens, first,
-                  [&line] { return parsers::boostProgramOptions(line, optionCount); });
+/// Command lines of one size with what is to be read from them. Short ones are many, so that the processor cannot learn them
+/// by heart.
+class Lines {
+public:
+    Lines(std::size_t tokens, Spelling spelling) {
+        const std::size_t count = std::max<std::size_t>(fewestTokens / tokens, 1);
+        for (unsigned i = 0; i < count; ++i) {
+            lines.emplace_back(optionCount, tokens, spelling, i);
+        }
     }
-    addParser("TCLAP", tokens, first, [&line] { return parsers::tclap(line, optionCount); });
-    addParser("gflags", tokens, last, [&line] { return parsers::gflags(line); });
-    addParser("Abseil flags", tokens, last, [&line] { return parsers::abseil(line); });
+
+    /// Measures `parse`, a function of a command line; `expect` gives what it should return.
+    template <class Parse, class Expect>
+    void measureEach(const std::string& name, std::size_t tokens, Parse parse, Expect expect) const {
+        measure(
+            name, tokens * lines.size(),
+            [this, parse] {
+                for (const CommandLine& line : lines) {
+                    auto result = parse(line);
+                    benchmark::DoNotOptimize(result);
+                }
+                return lines.size();
+            },
+            [this, parse, expect](std::size_t /*count*/) {
+                return std::all_of(lines.begin(), lines.end(),
+                                   [&](const CommandLine& line) { return parse(line) == expect(line); });
+            });
+    }
+
+private:
+    static constexpr std::size_t fewestTokens = 1000;
+
+    std::deque<CommandLine> lines;
+};
+
+/// The sum once more, written another way.
+unsigned long plainSum(const CommandLine& line) {
+    unsigned long sum = 0;
+    for (int i = 0; i < line.argc(); ++i) {
+        for (const char byte : std::string_view(line.argv()[i])) {
+            sum += static_cast<unsigned char>(byte);
+        }
+    }
+    return sum;
 }
 
 /// Everything that is measured with one number of tokens.
-struct Row {
+class Row {
+public:
     explicit Row(std::size_t count)
         : tokens(count),
-          own(optionCount, tokens, Spelling::firstByte),
-          others(optionCount, tokens, Spelling::word),
-          options(parsers::kelplibOptions(optionCount)),
-          first(own.first()),
-          last(own.last()) {}
+          own(tokens, Spelling::firstByte),
+          others(tokens, Spelling::word),
+          options(parsers::kelplibOptions(optionCount)) {}
 
     void add() {
-        addFloor(tokens, own);
-        addParser("kelplib", tokens, first, [this] { return parsers::kelplib(own, options); });
-        addOthers(tokens, others, first, last);
+        own.measureEach(nameFor("pass"), tokens, sumOfBytes, plainSum);
+        own.measureEach(
+            nameFor("kelplib"), tokens, [this](const CommandLine& line) { return parsers::kelplib(line, options); },
+            std::mem_fn(&CommandLine::first));
+        addOther("getopt_long", parsers::getoptLong);
+        addOther("CLI11", parsers::cli11);
+        addOther("cxxopts", parsers::cxxopts);
+        addOther("TCLAP", parsers::tclap);
+        // Takes quadratic time: half a minute for 100,000 tokens.
+        if (tokens <= 10000) {
+            addOther("Boost.Program_options", parsers::boostProgramOptions);
+        }
+        others.measureEach(nameFor("gflags"), tokens, parsers::gflags, std::mem_fn(&CommandLine::last));
+        others.measureEach(nameFor("Abseil flags"), tokens, parsers::abseil, std::mem_fn(&CommandLine::last));
+    }
+
+private:
+    std::string nameFor(const std::string& library) const {
+        return "parse/" + std::to_string(optionCount) + "/" + std::to_string(tokens) + "/" + library;
+    }
+
+    void addOther(const std::string& library, Answer (*parse)(const CommandLine&, std::size_t)) {
+        others.measureEach(
+            nameFor(library), tokens, [parse](const CommandLine& line) { return parse(line, optionCount); },
+            std::mem_fn(&CommandLine::first));
     }
 
     std::size_t tokens;
-    CommandLine own;
-    CommandLine others;
+    Lines own;
+    Lines others;
     std::vector<Kelp::Option> options;
-    Answer first;
-    Answer last;
 };
 
 /// One option with a long value.

@@ -48,9 +48,10 @@ std::string nameOf(std::size_t number, Spelling spelling) {
     return {first, static_cast<char>('0' + number / 10), static_cast<char>('0' + number % 10)};
 }
 
-CommandLine::CommandLine(std::size_t options, std::size_t count, Spelling spelling)
-    : tokens{"tool"}, firstValues(options), lastValues(options) {
-    std::mt19937 random(12);
+CommandLine::CommandLine(std::size_t options, std::size_t count, Spelling spelling, unsigned number)
+    : firstValues(options), lastValues(options) {
+    addToken("tool");
+    std::mt19937 random(number);
     const std::vector<bool> isFlag = flagPlaces(random, options, count);
     const auto flags = static_cast<std::size_t>(std::count(isFlag.begin(), isFlag.end(), true));
     const std::size_t distance = std::max<std::size_t>(flags / options, 1);
@@ -58,7 +59,7 @@ CommandLine::CommandLine(std::size_t options, std::size_t count, Spelling spelli
     for (const bool wanted : isFlag) {
         if (!wanted) {
             positionals.push_back(word(random, 5, 20));
-            tokens.push_back(positionals.back());
+            addToken(positionals.back());
             continue;
         }
         // Every option in its turn, and between two of them some that stood there before.
@@ -67,14 +68,23 @@ CommandLine::CommandLine(std::size_t options, std::size_t count, Spelling spelli
         addFlag(option, nameOf(option, spelling), word(random, 1, 14));
         ++flag;
     }
-    for (std::string& token : tokens) {
-        pointers.push_back(token.data());
+    setPointers();
+}
+
+void CommandLine::setPointers() {
+    for (std::size_t begin = 0; begin < text.size(); begin = text.find('\0', begin) + 1) {
+        pointers.push_back(text.data() + begin);
     }
     pointers.push_back(nullptr);
 }
 
+void CommandLine::addToken(const std::string& token) {
+    text += token;
+    text += '\0';
+}
+
 void CommandLine::addFlag(std::size_t option, const std::string& name, const std::string& value) {
-    tokens.push_back("--" + name + "=" + value);
+    addToken("--" + name + "=" + value);
     if (firstValues[option].empty()) {
         firstValues[option] = value;
     }
@@ -82,7 +92,7 @@ void CommandLine::addFlag(std::size_t option, const std::string& name, const std
 }
 
 int CommandLine::argc() const {
-    return static_cast<int>(tokens.size());
+    return static_cast<int>(pointers.size()) - 1;
 }
 
 char** CommandLine::argv() const {

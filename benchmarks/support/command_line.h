@@ -24,7 +24,8 @@ class CommandLine {
 public:
     /// Every option stands on the line as long as there are tokens for them, spread over it. About half of the tokens are
     /// positional arguments, as far as the options leave room for them. Tokens have 5 to 20 bytes.
-    CommandLine(std::size_t options, std::size_t tokens, Spelling spelling);
+    /// \param number  another one gives another line
+    CommandLine(std::size_t options, std::size_t tokens, Spelling spelling, unsigned number);
     CommandLine(const CommandLine&) = delete;
     CommandLine& operator=(const CommandLine&) = delete;
 
@@ -37,9 +38,12 @@ public:
     Answer last() const;
 
 private:
+    void addToken(const std::string& token);
     void addFlag(std::size_t option, const std::string& name, const std::string& value);
+    void setPointers();
 
-    std::vector<std::string> tokens;
+    /// The tokens one behind the other, as a process gets them.
+    std::string text;
     mutable std::vector<char*> pointers;
     std::vector<std::string> firstValues;
     std::vector<std::string> lastValues;

@@ -18,15 +18,32 @@ constexpr std::size_t most = 1000000;
 /// A list as text and as the numbers it holds.
 template <class T>
 struct List {
-    List(Kind kind, std::size_t count, const std::locale& writing) : locale(writing) {
-        const std::vector<double> drawn = numbers(kind, count);
-        values.assign(drawn.begin(), drawn.end());
-        text = joined(textsOf(drawn, locale));
-    }
-
-    std::locale locale;
     std::vector<T> values;
     std::string text;
+};
+
+/// A list that is made when it is first wanted: not every run measures all.
+template <class T>
+class LazyList {
+public:
+    LazyList(Kind drawnKind, std::size_t size, const std::locale& writing)
+        : locale(writing), count(size), kind(drawnKind) {}
+
+    const List<T>& get() {
+        if (list.values.empty()) {
+            const std::vector<double> drawn = numbers(kind, count);
+            list.values.assign(drawn.begin(), drawn.end());
+            list.text = joined(textsOf(drawn, locale));
+        }
+        return list;
+    }
+
+    const std::locale locale;
+    const std::size_t count;
+
+private:
+    Kind kind;
+    List<T> list;
 };
 
 template <class T>
@@ -107,19 +124,19 @@ std::vector<T> readWithFreshStreams(const List<T>& list) {
 }
 
 template <class T>
-void add(const std::string& name, const std::shared_ptr<List<T>>& list, std::vector<T> (*read)(const List<T>&)) {
+void add(const std::string& name, const std::shared_ptr<LazyList<T>>& list, std::vector<T> (*read)(const List<T>&)) {
     measure(
-        name, list->values.size(),
+        name, list->count,
         [list, read] {
             const GlobalLocale locale(list->locale);
-            return read(*list);
+            return read(list->get());
         },
-        [list](const std::vector<T>& values) { return values == list->values; });
+        [list](const std::vector<T>& values) { return values == list->get().values; });
 }
 
 template <class T>
 void addKind(const std::string& kind, Kind drawn) {
-    const auto list = std::make_shared<List<T>>(drawn, most, std::locale::classic());
+    const auto list = std::make_shared<LazyList<T>>(drawn, most, std::locale::classic());
     add<T>("list/" + kind + "/from_chars", list, readWithFromChars<T>);
     add<T>("list/" + kind + "/kelplib", list, readWithKelplib<T>);
     add<T>("list/" + kind + "/string stream", list, readWithOneStream<T>);
@@ -127,12 +144,12 @@ void addKind(const std::string& kind, Kind drawn) {
     if constexpr (std::is_floating_point_v<T>) {
         add<T>("list/" + kind + "/double-conversion", list, readWithDoubleConversion);
     }
-    const auto foreign = std::make_shared<List<T>>(drawn, most, commaLocale());
+    const auto foreign = std::make_shared<LazyList<T>>(drawn, most, commaLocale());
     add<T>("locale/" + kind + "/fresh string streams", foreign, readWithFreshStreams<T>);
     add<T>("locale/" + kind + "/kelplib", foreign, readWithKelplib<T>);
     for (const std::size_t count : {1000, 10000, 100000, 1000000}) {
         add<T>("growth/list " + kind + "/" + std::to_string(count) + "/kelplib",
-               std::make_shared<List<T>>(drawn, count, std::locale::classic()), readWithKelplib<T>);
+               std::make_shared<LazyList<T>>(drawn, count, std::locale::classic()), readWithKelplib<T>);
     }
 }
 
