@@ -18,7 +18,8 @@ def _prefix():
 def _run(command, options, folder):
     done = subprocess.run(
         [*_prefix(), shutil.which("valgrind"), "--tool=callgrind", f"--callgrind-out-file={folder}/out", *options, *command],
-        stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, stdin=subprocess.DEVNULL, text=True, check=False)
+        stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, stdin=subprocess.DEVNULL, cwd="/",
+        text=True, check=False)
     if done.returncode != 0:
         raise SystemExit(f"{pathlib.Path(command[0]).name}: exit status {done.returncode}\n{done.stderr}")
 

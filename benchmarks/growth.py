@@ -23,8 +23,8 @@ def growth(measured, _):
     measured.run("parse_10", ["growth"])
     measured.run("read_list", ["growth"])
     measured.run("write_text", ["growth"])
-    table = Table("Growth", "kelplib's time for one token, value or byte of a text. Where cost is linear it stays the same; caches "
-                  "that no longer hold the data are a part of it.",
+    table = Table("Growth", "kelplib's time for one token, value or byte of a text. Where cost is linear it stays the same, but "
+                  "for caches that no longer hold the data and large blocks of memory, which the system hands out anew each time.",
                   ["", *(f"{size:,}" for size in SIZES), "last to first"])
     for kind, name in KINDS.items():
         figures = [measured.get(name.format(size)) for size in SIZES]

@@ -85,6 +85,7 @@ def judged(name, now, before):
 def main():
     renew = sys.argv[1:2] == ["--renew"]
     folder, compiler = sys.argv[2 if renew else 1:]
+    folder = pathlib.Path(folder).resolve()
     here = surroundings(compiler)
     if renew:
         write_baseline({**here, **counted(folder)})

@@ -1,8 +1,8 @@
 """Measuring: programs of Google Benchmark, whole processes, compilations. Every figure is a median."""
 
 import json
-import os
 import pathlib
+import resource
 import statistics
 import subprocess
 import sys
@@ -76,10 +76,10 @@ class Measured(dict):
 
 def processor_seconds(command):
     """User and system time of a process with its children."""
-    before = os.times()
+    before = resource.getrusage(resource.RUSAGE_CHILDREN)
     subprocess.run(command, check=True, stdin=subprocess.DEVNULL)
-    after = os.times()
-    return after.children_user - before.children_user + after.children_system - before.children_system
+    after = resource.getrusage(resource.RUSAGE_CHILDREN)
+    return after.ru_utime - before.ru_utime + after.ru_stime - before.ru_stime
 
 
 def compile_seconds(sources, effort):
@@ -112,7 +112,7 @@ def draw(name, title, items, unit, lines):
     """A plot in docs: lines (name to points), both axes logarithmic."""
     blocks = "".join(f"$line{i} << END\n" + "".join(f"{x} {y:.4g}\n" for x, y in points) + "END\n"
                      for i, points in enumerate(lines.values()))
-    curves = ", ".join(f"$line{i} with linespoints linewidth 2 pointtype 7 pointsize 0.5 title '{line.replace('_', ' ')}'"
+    curves = ", ".join(f"$line{i} with linespoints linewidth 2 pointtype 7 pointsize 0.5 title '{line}'"
                        for i, line in enumerate(lines))
     script = f"""{blocks}
 set terminal svg size 760,480 font 'sans-serif,13' background '#ffffff'

@@ -93,7 +93,7 @@ def parse_table(measured, options, goals, text):
 
     table = compared(f"Parsing with {options} options", text, columns, "pass", PARSERS, goals, seconds)
     large = {head: key for head, key in columns.items() if int(key) >= 1000}
-    fastest(table, large, large.values(), PARSERS, seconds)
+    fastest(table, large, large.values(), PARSERS, seconds, "every other library")
     table.remark("Boost.Program_options takes quadratic time and is left out at 100,000 tokens.")
     return table
 
@@ -136,7 +136,7 @@ def write_text(measured, _):
                      "with three decimals, each by `std::to_string` of a tuple; the time per value or pair. The limit writes the shortest "
                      "digits into one buffer that is there already. The stream and printf write 17 digits; they and "
                      "double-conversion have no pairs.", columns, "to_chars", others, goals, seconds)
-    fastest(table, columns, columns.values(), ["fmt"], seconds)
+    fastest(table, columns, columns.values(), ["fmt"], seconds, "fmt")
     return [table]
 
 

@@ -65,11 +65,11 @@ def compared(title, text, columns, limit, others, goals, seconds):
     return table
 
 
-def fastest(table, heads, keys, others, seconds):
-    """Remarks whether kelplib is faster than the others in these columns."""
+def fastest(table, heads, keys, others, seconds, name):
+    """Remarks whether kelplib is faster than the others, which `name` stands for, in these columns."""
     ahead = {head: [other for other in others
                     if seconds(key, other) is not None and seconds(key, other) <= seconds(key, KELPLIB)]
              for head, key in zip(heads, keys)}
     missed = "; ".join(f"{', '.join(names)} at {head}" for head, names in ahead.items() if names)
-    table.remark(f"Goal: faster than all of {', '.join(others)} at {', '.join(heads)}: "
+    table.remark(f"Goal: faster than {name} at {', '.join(heads)}: "
                  + (f"**missed** ({missed})." if missed else "reached."))

@@ -3,22 +3,20 @@
 
 /// KELPLIB_EACH_OPTION(MACRO): MACRO(00) to MACRO(09), or to MACRO(99), as KELPLIB_BENCHMARK_OPTIONS says; for libraries
 /// whose flags are global variables.
-#define KELPLIB_TEN_OPTIONS(MACRO, ten) \
-    MACRO(ten##0)                       \
-    MACRO(ten##1)                       \
-    MACRO(ten##2) MACRO(ten##3) MACRO(ten##4) MACRO(ten##5) MACRO(ten##6) MACRO(ten##7) MACRO(ten##8) MACRO(ten##9)
 
-#if KELPLIB_BENCHMARK_OPTIONS == 10
-#define KELPLIB_EACH_OPTION(MACRO) KELPLIB_TEN_OPTIONS(MACRO, 0)
-#else
-#define KELPLIB_EACH_OPTION(MACRO)                                                            \
-    KELPLIB_TEN_OPTIONS(MACRO, 0)                                                             \
-    KELPLIB_TEN_OPTIONS(MACRO, 1)                                                             \
-    KELPLIB_TEN_OPTIONS(MACRO, 2)                                                             \
-    KELPLIB_TEN_OPTIONS(MACRO, 3)                                                             \
-    KELPLIB_TEN_OPTIONS(MACRO, 4)                                                             \
-    KELPLIB_TEN_OPTIONS(MACRO, 5) KELPLIB_TEN_OPTIONS(MACRO, 6) KELPLIB_TEN_OPTIONS(MACRO, 7) \
-        KELPLIB_TEN_OPTIONS(MACRO, 8) KELPLIB_TEN_OPTIONS(MACRO, 9)
-#endif
+// clang-format off
+#define KELPLIB_TEN(MACRO, ten) \
+    MACRO(ten##0) MACRO(ten##1) MACRO(ten##2) MACRO(ten##3) MACRO(ten##4) \
+    MACRO(ten##5) MACRO(ten##6) MACRO(ten##7) MACRO(ten##8) MACRO(ten##9)
+
+#define KELPLIB_OPTIONS_10(MACRO) KELPLIB_TEN(MACRO, 0)
+#define KELPLIB_OPTIONS_100(MACRO) \
+    KELPLIB_TEN(MACRO, 0) KELPLIB_TEN(MACRO, 1) KELPLIB_TEN(MACRO, 2) KELPLIB_TEN(MACRO, 3) KELPLIB_TEN(MACRO, 4) \
+    KELPLIB_TEN(MACRO, 5) KELPLIB_TEN(MACRO, 6) KELPLIB_TEN(MACRO, 7) KELPLIB_TEN(MACRO, 8) KELPLIB_TEN(MACRO, 9)
+// clang-format on
+
+#define KELPLIB_JOIN(left, right) left##right
+#define KELPLIB_OPTIONS(count) KELPLIB_JOIN(KELPLIB_OPTIONS_, count)
+#define KELPLIB_EACH_OPTION KELPLIB_OPTIONS(KELPLIB_BENCHMARK_OPTIONS)
 
 #endif

@@ -131,7 +131,7 @@ void addLongValue(std::size_t bytes) {
 
 int main(int argc, char** argv) {
     std::deque<Row> rows;
-    for (const std::size_t tokens : {10, 100, 1000, 10000, 100000}) {
+    for (const std::size_t tokens : {10U, 100U, 1000U, 10000U, 100000U}) {
         // Every option is to stand on the line.
         if (tokens >= optionCount) {
             rows.emplace_back(tokens);
@@ -140,7 +140,7 @@ int main(int argc, char** argv) {
     for (Row& row : rows) {
         row.add();
     }
-    for (const std::size_t bytes : {1000, 10000, 100000, 1000000}) {
+    for (const std::size_t bytes : {1000U, 10000U, 100000U, 1000000U}) {
         addLongValue(bytes);
     }
     benchmark::Initialize(&argc, argv);

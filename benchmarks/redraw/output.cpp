@@ -25,7 +25,7 @@ int newTerminal() {
 
 }  // namespace
 
-Redirection::Redirection(int descriptor) : before(-1) {
+Redirection::Redirection(int descriptor) {
     std::fflush(stdout);
     before = valid(dup(STDOUT_FILENO));
     valid(dup2(descriptor, STDOUT_FILENO));

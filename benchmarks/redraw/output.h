@@ -13,7 +13,7 @@ public:
     Redirection& operator=(const Redirection&) = delete;
 
 private:
-    int before;
+    int before = -1;
 };
 
 /// A terminal of our own, with a thread that reads what is written to it.

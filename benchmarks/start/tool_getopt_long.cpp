@@ -4,6 +4,14 @@
 
 #include "settings.h"
 
+namespace {
+
+int numberIn(const char* text) {
+    return static_cast<int>(std::strtol(text, nullptr, 10));
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
     static const option options[] = {
         {"output", required_argument, nullptr, 'o'},
@@ -25,16 +33,16 @@ int main(int argc, char** argv) {
                 settings.output = optarg;
                 break;
             case 'n':
-                settings.number = std::atoi(optarg);
+                settings.number = numberIn(optarg);
                 break;
             case 'r':
-                settings.ratio = std::atof(optarg);
+                settings.ratio = std::strtod(optarg, nullptr);
                 break;
             case 'w':
-                settings.width = std::atoi(optarg);
+                settings.width = numberIn(optarg);
                 break;
             case 't':
-                settings.threads = std::atoi(optarg);
+                settings.threads = numberIn(optarg);
                 break;
             case 's':
                 settings.separator = optarg;

@@ -44,7 +44,7 @@ protected:
 }  // namespace
 
 std::vector<double> numbers(Kind kind, std::size_t count) {
-    std::mt19937 random(12);
+    std::mt19937 random(static_cast<unsigned>(kind) + 1);
     std::vector<double> values;
     while (values.size() < count) {
         const double value = numberOf(kind, random);
@@ -53,6 +53,31 @@ std::vector<double> numbers(Kind kind, std::size_t count) {
         }
     }
     return values;
+}
+
+LazyNumbers::LazyNumbers(Kind kind, std::size_t size) : drawnKind(kind), count(size) {}
+
+std::size_t LazyNumbers::size() const {
+    return count;
+}
+
+const std::vector<double>& LazyNumbers::get() {
+    if (values.empty()) {
+        values = numbers(drawnKind, count);
+    }
+    return values;
+}
+
+bool holds(const std::string& text, const std::vector<double>& values) {
+    const char* position = text.c_str();
+    for (const double value : values) {
+        char* end = nullptr;
+        if (std::strtod(position, &end) != value || end == position) {
+            return false;
+        }
+        position = end + (*end == ',' ? 2 : *end == ':' ? 1 : 0);
+    }
+    return *position == '\0';
 }
 
 std::vector<std::string> textsOf(const std::vector<double>& values, const std::locale& locale) {

@@ -16,6 +16,23 @@ enum class Kind {
 
 std::vector<double> numbers(Kind kind, std::size_t count);
 
+/// Numbers that are drawn when they are first wanted: not every run measures all.
+class LazyNumbers {
+public:
+    LazyNumbers(Kind kind, std::size_t count);
+
+    std::size_t size() const;
+    const std::vector<double>& get();
+
+private:
+    Kind drawnKind;
+    std::size_t count;
+    std::vector<double> values;
+};
+
+/// Whether a text holds these numbers and nothing else, with ", " or ":" between them, as the C library reads them.
+bool holds(const std::string& text, const std::vector<double>& values);
+
 /// The text of each number, written by a stream with the locale.
 std::vector<std::string> textsOf(const std::vector<double>& values, const std::locale& locale);
 

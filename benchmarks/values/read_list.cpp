@@ -147,7 +147,7 @@ void addKind(const std::string& kind, Kind drawn) {
     const auto foreign = std::make_shared<LazyList<T>>(drawn, most, commaLocale());
     add<T>("locale/" + kind + "/fresh string streams", foreign, readWithFreshStreams<T>);
     add<T>("locale/" + kind + "/kelplib", foreign, readWithKelplib<T>);
-    for (const std::size_t count : {1000, 10000, 100000, 1000000}) {
+    for (const std::size_t count : {1000U, 10000U, 100000U, 1000000U}) {
         add<T>("growth/list " + kind + "/" + std::to_string(count) + "/kelplib",
                std::make_shared<LazyList<T>>(drawn, count, std::locale::classic()), readWithKelplib<T>);
     }

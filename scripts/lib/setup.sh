@@ -43,7 +43,7 @@ need_for_guard() {
 }
 
 need_for_benchmarks() {
-    local cmake=/usr/lib/*/cmake
+    local cmake='/usr/lib/*/cmake'
     need_for_guard
     needs+=(
         "gnuplot gnuplot-nox" "/usr/lib/python3/dist-packages/tqdm/__init__.py python3-tqdm"

@@ -21,6 +21,7 @@ class LayoutCheck(unittest.TestCase):
                 ("src/convert/a.cpp", "// calls strcpy( only in this comment\nstd::snprintf(text, size, format);\n"),
                 ("include/kelplib/Export.h", "#elif !defined(_WIN32)\n"),
                 ("tests/contract/a.cpp", "#include <unistd.h>\n"),
+                ("benchmarks/redraw/a.cpp", "#include <unistd.h>\n"),
                 ("examples/main.c", "#include <kelplib/KelpProgress.h>\n" + "\n" * 199),
         ]:
             self.assertEqual(found(path, text), [], path)
@@ -34,6 +35,8 @@ class LayoutCheck(unittest.TestCase):
                          ["include/kelplib/Kelp.h: a public header includes only public ones"])
         self.assertEqual(found("examples/a.cpp", '#include "util/b.h"\n'),
                          ['examples/a.cpp: "util/b.h" is private to the library'])
+        self.assertEqual(found("benchmarks/parse/a.cpp", '#include "util/b.h"\n'),
+                         ['benchmarks/parse/a.cpp: "util/b.h" is private to the library'])
 
     def test_finds_the_systems_outside_the_platform_layer(self):
         self.assertEqual(found("src/util/a.cpp", "#include <windows.h>\n"),
