@@ -6,6 +6,24 @@ set(KELPLIB_PUBLIC_HEADERS
     include/kelplib/Kelp.h
     include/kelplib/KelpProgress.h)
 
+include(CheckCXXSourceCompiles)
+check_cxx_source_compiles("
+    #include <string>
+    static_assert(__GLIBCXX__ > 0);
+    int main() {}"
+    KELPLIB_USES_LIBSTDCXX)
+# Where <iostream> costs every tool's start something, the streams are made ready at their first use.
+check_cxx_source_compiles("
+    #include <ostream>
+    namespace std { extern ostream cout; }
+    int main() { static const std::ios_base::Init ready; std::cout.flush(); }"
+    KELPLIB_STREAMS_ON_DEMAND)
+if(KELPLIB_STREAMS_ON_DEMAND)
+    set(KELPLIB_STREAMS_SOURCE src/platform/standard_streams_on_demand.cpp)
+else()
+    set(KELPLIB_STREAMS_SOURCE src/platform/standard_streams_plain.cpp)
+endif()
+
 set(KELPLIB_SOURCES
     src/console/bar_body.cpp
     src/console/bounded_text.cpp
@@ -33,6 +51,7 @@ set(KELPLIB_SOURCES
     src/frame/install_location.cpp
     src/frame/option.cpp
     src/frame/option_reader.cpp
+    src/frame/token_mark.cpp
     src/path/file_path.cpp
     src/util/ascii_fold.cpp
     src/util/flag_scanners.cpp
@@ -43,7 +62,7 @@ set(KELPLIB_SOURCES
     src/util/wait_or_press_key.cpp)
 
 if(WIN32)
-    set(KELPLIB_PLATFORM_SOURCES src/platform/platform_windows.cpp)
+    set(KELPLIB_PLATFORM_SOURCES src/platform/platform_windows.cpp ${KELPLIB_STREAMS_SOURCE})
 else()
-    set(KELPLIB_PLATFORM_SOURCES src/platform/platform_posix.cpp)
+    set(KELPLIB_PLATFORM_SOURCES src/platform/platform_posix.cpp ${KELPLIB_STREAMS_SOURCE})
 endif()

@@ -1,8 +1,7 @@
 #include <kelplib/CommandLineTool.h>
 
-#include <iostream>
-
 #include "frame/flag_key.h"
+#include "platform/standard_streams.h"
 
 namespace {
 
@@ -51,7 +50,7 @@ void CommandLineTool::checkForInvalidFlags() {
         }
         const std::string key = Kelp::flagKey(token);
         if (options.find(key) == options.end()) {
-            std::cout << "Invalid flag " << key << ". List of valid flags: " << std::endl;
+            Kelp::standardOutput() << "Invalid flag " << key << ". List of valid flags: " << std::endl;
             printUsage();
         }
     }
@@ -72,7 +71,7 @@ int CommandLineTool::getFirstArgument(std::string& out, int start) const {
 
 int CommandLineTool::getArguments(std::vector<std::string>& out, int start) const {
     if (reader.getVerbose()) {
-        std::cout << "getFiles()" << std::endl;
+        Kelp::standardOutput() << "getFiles()" << std::endl;
     }
     return collectArguments(reader, out, start);
 }

@@ -1,10 +1,10 @@
 #include <kelplib/CommandLineTool.h>
 
 #include <cstdlib>
-#include <iostream>
 #include <stdexcept>
 
 #include "platform/platform.h"
+#include "platform/standard_streams.h"
 #include "util/ascii_fold.h"
 #include "util/escape_sequences.h"
 
@@ -39,45 +39,48 @@ std::string CommandLineTool::getToolName() const {
 }
 
 void CommandLineTool::printHeader() const {
-    std::cout << std::endl;
-    std::cout << getColoredString(rule, blue) << std::endl;
-    std::cout << getColoredString("\t" + getToolName(), white) << std::endl;
-    std::cout << getColoredString(header, white) << std::endl;
-    std::cout << getColoredString(rule, blue) << std::endl;
-    std::cout << std::endl;
+    Kelp::standardOutput() << std::endl;
+    Kelp::standardOutput() << getColoredString(rule, blue) << std::endl;
+    Kelp::standardOutput() << getColoredString("\t" + getToolName(), white) << std::endl;
+    Kelp::standardOutput() << getColoredString(header, white) << std::endl;
+    Kelp::standardOutput() << getColoredString(rule, blue) << std::endl;
+    Kelp::standardOutput() << std::endl;
 }
 
 void CommandLineTool::help() const {
-    const auto printHeading = [](const char* heading) { std::cout << getColoredString(heading, cyan) << std::endl; };
+    const auto printHeading = [](const char* heading) {
+        Kelp::standardOutput() << getColoredString(heading, cyan) << std::endl;
+    };
 
-    std::cout << getColoredString(description, cyan) << std::endl;
+    Kelp::standardOutput() << getColoredString(description, cyan) << std::endl;
     printHeading("Usage:");
     if (!usage.empty()) {
-        std::cout << "  " << getToolName() << " " << usage << std::endl;
+        Kelp::standardOutput() << "  " << getToolName() << " " << usage << std::endl;
     } else {
-        std::cout << "  " << getToolName() << " [OPTIONS] ";
+        Kelp::standardOutput() << "  " << getToolName() << " [OPTIONS] ";
         for (const Kelp::Argument& argument : argumentList) {
-            std::cout << argument.name << (argument.repeated ? "..." : "") << " ";
+            Kelp::standardOutput() << argument.name << (argument.repeated ? "..." : "") << " ";
         }
-        std::cout << std::endl;
+        Kelp::standardOutput() << std::endl;
     }
-    std::cout << "\n";
+    Kelp::standardOutput() << "\n";
     printHeading("Options:");
     for (const auto& [key, option] : options) {
         option.printIndented(optionWidth, lineWidth);
     }
-    std::cout << "\n";
+    Kelp::standardOutput() << "\n";
     printHeading("Arguments:");
     for (const Kelp::Argument& argument : argumentList) {
         argument.printIndented(optionWidth, lineWidth);
     }
-    std::cout << "\n";
+    Kelp::standardOutput() << "\n";
     printHeading("Example:");
-    std::cout << "  " << Kelp::escape::blue << getToolName() << Kelp::escape::reset << " " << example << std::endl;
+    Kelp::standardOutput() << "  " << Kelp::escape::blue << getToolName() << Kelp::escape::reset << " " << example
+                           << std::endl;
 
     // The pause keeps a console that closes with the process readable. A reader at the other end of a pipe has the whole
     // screen before it begins.
-    std::cout.flush();
+    Kelp::standardOutput().flush();
     Kelp::platform::sleepMilliseconds(pauseMilliseconds);
     std::exit(0);
 }
@@ -93,6 +96,6 @@ void CommandLineTool::addExampleText(const std::string& text) {
 
 void CommandLineTool::print(std::string text) const {
     if (reader.getVerbose()) {
-        std::cout << text << std::endl;
+        Kelp::standardOutput() << text << std::endl;
     }
 }

@@ -1,7 +1,7 @@
 #include <kelplib/CommandLineTool.h>
 #include <kelplib/KelpProgress.h>
 
-#include <iostream>
+#include "platform/standard_streams.h"
 
 namespace {
 
@@ -15,7 +15,7 @@ int CommandLineTool::getOutFiles(std::vector<FilePath>& out, int /*start*/) {
     out.clear();
     const auto found = options.find(outputKey);
     if (found == options.end()) {
-        std::cout << "ERROR: no argument found: " << outputKey << std::endl;
+        Kelp::standardOutput() << "ERROR: no argument found: " << outputKey << std::endl;
         return 0;
     }
     const Kelp::Option& option = found->second;

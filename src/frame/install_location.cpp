@@ -1,7 +1,8 @@
 #include <kelplib/CommandLineTool.h>
 
 #include <cstdlib>
-#include <iostream>
+
+#include "platform/standard_streams.h"
 
 namespace {
 
@@ -20,18 +21,18 @@ std::string configurationBeside(const std::string& entry) {
 std::string getFilePath() {
     const char* const path = std::getenv("PATH");
     if (path == nullptr) {
-        std::cout << "Impossible to read environment variable PATH" << std::endl;
+        Kelp::standardOutput() << "Impossible to read environment variable PATH" << std::endl;
         return {};
     }
     std::string result;
     for (const std::string& entry : Kelp::split(path, ';')) {
         if (entry.find("tarn") != std::string::npos) {
-            std::cout << "tarn location: " << entry << std::endl;
+            Kelp::standardOutput() << "tarn location: " << entry << std::endl;
             result = configurationBeside(entry);
         }
     }
     if (result.empty()) {
-        std::cout << "Impossible to find tarn location" << std::endl;
+        Kelp::standardOutput() << "Impossible to find tarn location" << std::endl;
     }
     return result;
 }

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cctype>
-#include <iostream>
 #include <utility>
 
+#include "platform/standard_streams.h"
 #include "util/escape_sequences.h"
 
 namespace Kelp {
@@ -13,15 +13,15 @@ Option::Option(std::string shortForm, std::string longForm, std::string helpText
     : shortFlag(std::move(shortForm)), longFlag(std::move(longForm)), description(std::move(helpText)), marker(mark) {}
 
 void Option::printIndented(std::size_t /*width*/, std::size_t /*lineWidth*/) const {
-    std::cout << "  " << escape::blue << shortFlag << ", " << longFlag << ":" << escape::reset << " " << description
-              << "\n\n";
+    standardOutput() << "  " << escape::blue << shortFlag << ", " << longFlag << ":" << escape::reset << " "
+                     << description << "\n\n";
 }
 
 Argument::Argument(std::string shownName, std::string helpText, bool mayRepeat)
     : name(std::move(shownName)), description(std::move(helpText)), repeated(mayRepeat) {}
 
 void Argument::printIndented(std::size_t /*width*/, std::size_t /*lineWidth*/) const {
-    std::cout << "  " << escape::blue << name << ":" << escape::reset << " " << description << "\n\n";
+    standardOutput() << "  " << escape::blue << name << ":" << escape::reset << " " << description << "\n\n";
 }
 
 }  // namespace Kelp

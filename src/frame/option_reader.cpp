@@ -1,9 +1,9 @@
 #include <kelplib/Kelp.h>
 
 #include <fstream>
-#include <iostream>
 
 #include "frame/flag_key.h"
+#include "platform/standard_streams.h"
 #include "util/ascii_fold.h"
 #include "util/escape_sequences.h"
 #include "util/tokens.h"
@@ -92,16 +92,16 @@ void OptionReader::getOptions(std::vector<std::string>& out) {
 
 bool OptionReader::checkFiles(std::string& file, int start) {
     if (getFirstArgument(file, start) == 0) {
-        std::cout << "\n"
-                  << escape::red << "File missing, please insert the name of the file." << escape::reset << "\n"
-                  << std::endl;
+        standardOutput() << "\n"
+                         << escape::red << "File missing, please insert the name of the file." << escape::reset << "\n"
+                         << std::endl;
         return false;
     }
     if (file == "." || file.find('*') != std::string::npos) {
         return true;
     }
     if (!std::ifstream(file).is_open()) {
-        std::cout << "File " << file << " doesn't exist. Please insert a valid file name." << std::endl;
+        standardOutput() << "File " << file << " doesn't exist. Please insert a valid file name." << std::endl;
         return false;
     }
     return true;

@@ -6,7 +6,8 @@
 #include <cerrno>
 #include <cstdio>
 #include <ctime>
-#include <iostream>
+
+#include "platform/standard_streams.h"
 
 namespace Kelp::platform {
 
@@ -25,8 +26,8 @@ void sleepMilliseconds(unsigned int milliseconds) {
 }
 
 int rewindCursor(unsigned int lines) {
-    // Not std::cout.flush(), which throws where a program has asked for that.
-    std::cout.rdbuf()->pubsync();
+    // Not flush(), which throws where a program has asked for that.
+    standardOutput().rdbuf()->pubsync();
     std::fflush(stdout);
     if (isatty(STDOUT_FILENO) == 0) {
         const bool closed = fcntl(STDOUT_FILENO, F_GETFD) == -1;

@@ -4,7 +4,8 @@
 #include <windows.h>
 
 #include <cstdio>
-#include <iostream>
+
+#include "platform/standard_streams.h"
 
 namespace Kelp::platform {
 
@@ -21,8 +22,8 @@ void sleepMilliseconds(unsigned int milliseconds) {
 }
 
 int rewindCursor(unsigned int lines) {
-    // Not std::cout.flush(), which throws where a program has asked for that.
-    std::cout.rdbuf()->pubsync();
+    // Not flush(), which throws where a program has asked for that.
+    standardOutput().rdbuf()->pubsync();
     std::fflush(stdout);
     const HANDLE console = GetStdHandle(STD_OUTPUT_HANDLE);
     if (console == nullptr || console == INVALID_HANDLE_VALUE) {

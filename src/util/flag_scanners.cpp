@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <iostream>
 #include <type_traits>
 
+#include "platform/standard_streams.h"
 #include "util/leading_int.h"
 #include "util/tokens.h"
 
@@ -29,9 +29,9 @@ bool matches(const std::string& token, const std::string& flag) {
 /// A quiet tool still gets the line end.
 int reportNoInt(const std::string& reason) {
     if (verbosity() > verbosityOfScanners) {
-        std::cout << reason;
+        standardOutput() << reason;
     }
-    std::cout << std::endl;
+    standardOutput() << std::endl;
     return 0;
 }
 

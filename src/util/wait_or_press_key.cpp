@@ -1,11 +1,11 @@
 #include <kelplib/Kelp.h>
 
 #include <atomic>
-#include <iostream>
 #include <memory>
 #include <thread>
 
 #include "platform/platform.h"
+#include "platform/standard_streams.h"
 
 namespace {
 
@@ -15,14 +15,14 @@ constexpr unsigned long long pollsPerSecond = 10;
 }  // namespace
 
 void Kelp::waitOrPressKey(unsigned int seconds, std::string message) {
-    std::cout << message << std::endl;
-    std::cout << "    Press key to continue -- otherwise wait for " << std::to_string(seconds) << " seconds."
-              << std::endl;
+    Kelp::standardOutput() << message << std::endl;
+    Kelp::standardOutput() << "    Press key to continue -- otherwise wait for " << std::to_string(seconds)
+                           << " seconds." << std::endl;
     // Every call has a flag of its own: the reader of an earlier one may still wait, and takes a later key for itself.
     const auto pressed = std::make_shared<std::atomic<bool>>(false);
     std::thread reader([pressed] {
         try {
-            std::cin.ignore();
+            Kelp::standardInput().ignore();
         } catch (const std::ios_base::failure&) {
             // Where a program lets its input throw, the end of it is still its end.
         }
