@@ -51,6 +51,7 @@ set(KELPLIB_SOURCES
     src/frame/install_location.cpp
     src/frame/option.cpp
     src/frame/option_reader.cpp
+    src/frame/token_mark.cpp
     src/path/file_path.cpp
     src/util/ascii_fold.cpp
     src/util/flag_scanners.cpp

@@ -16,7 +16,10 @@
 #include <set>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
+
+class CommandLineTool;
 
 namespace Kelp {
 
@@ -29,6 +32,15 @@ public:
     /// \param marker       kept for the tool that builds the record (say, for options that take a value); the library copies
     ///                     it and never reads it
     Option(std::string shortFlag, std::string longFlag, std::string description, bool marker);
+    /// The same from literals (null: an empty text). A list of options then compiles to a fraction of the code.
+    Option(const char* shortFlag, const char* longFlag, const char* description, bool marker);
+
+    // Copied and moved member by member. The code for it stands in the library once, not in every tool.
+    Option(const Option&);
+    Option(Option&&) noexcept;
+    Option& operator=(const Option&);
+    Option& operator=(Option&&) noexcept;
+    ~Option();
 
     /// Prints the option's block of the help screen and a blank line. The stream is not flushed.
     /// \param width, lineWidth  accepted for the caller's convenience; the layout does not depend on them
@@ -48,6 +60,15 @@ public:
     /// \param description  one line of help text
     /// \param repeated     true when the argument may be given several times; the usage line then puts "..." after the name
     Argument(std::string name, std::string description, bool repeated);
+    /// The same from literals.
+    Argument(const char* name, const char* description, bool repeated);
+
+    // As with Option.
+    Argument(const Argument&);
+    Argument(Argument&&) noexcept;
+    Argument& operator=(const Argument&);
+    Argument& operator=(Argument&&) noexcept;
+    ~Argument();
 
     /// Prints the argument's block of the help screen and a blank line. The stream is not flushed.
     /// \param width, lineWidth  accepted for the caller's convenience; the layout does not depend on them
@@ -188,9 +209,13 @@ public:
     std::string getNameTool() const;
 
 private:
+    friend class ::CommandLineTool;
+
+    int findOption(const std::string& shortFlag, const std::string& longFlag, int start) const;
     int findValue(const std::string& shortFlag, const std::string& longFlag, std::string& text, int start) const;
 
     std::vector<std::string> tokens;
+    std::string marks;  ///< one character for each token, by which the queries find theirs
     bool verbose = false;
 };
 
@@ -199,7 +224,7 @@ int OptionReader::getValue(std::string shortFlag, std::string longFlag, T& value
     std::string text;
     const int next = findValue(shortFlag, longFlag, text, start);
     if (next != 0) {
-        stringToValue(value, text);
+        stringToValue(value, std::move(text));
     }
     return next;
 }

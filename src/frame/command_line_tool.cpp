@@ -13,17 +13,35 @@ static_assert(sizeof copyrightLine - 1 == 56, "the banner is laid out for a line
 constexpr bool withoutFileCheck = true;
 constexpr bool withFileCheck = false;
 
+void checkFileAndHelp(CommandLineTool& tool, bool noFileCheck) {
+    if (!noFileCheck) {
+        tool.checkMandatoryArgs();
+    }
+    tool.checkForHelp();
+}
+
+void checkFlags(CommandLineTool& tool) {
+    tool.checkForVerbose();
+    tool.checkForInvalidFlags();
+}
+
+/// What init does, on a reader that has just been built from the same argv and need not be built again.
+void startUp(CommandLineTool& tool, bool noFileCheck) {
+    checkFileAndHelp(tool, noFileCheck);
+    checkFlags(tool);
+}
+
 }  // namespace
 
 CommandLineTool::CommandLineTool(int argc, char** argv, std::string about)
     : description(std::move(about)), header(copyrightLine), reader(argc, argv) {
-    init(argc, argv, withoutFileCheck);
+    startUp(*this, withoutFileCheck);
 }
 
 CommandLineTool::CommandLineTool(int argc, char** argv, std::string about, const Kelp::Option& option)
     : description(std::move(about)), header(copyrightLine), reader(argc, argv) {
     registerOption(option);
-    init(argc, argv, withoutFileCheck);
+    startUp(*this, withoutFileCheck);
 }
 
 CommandLineTool::CommandLineTool(int argc, char** argv, std::string about, const Kelp::Option& first,
@@ -31,13 +49,13 @@ CommandLineTool::CommandLineTool(int argc, char** argv, std::string about, const
     : description(std::move(about)), header(copyrightLine), reader(argc, argv) {
     registerOption(first);
     registerOption(second);
-    init(argc, argv, withoutFileCheck);
+    startUp(*this, withoutFileCheck);
 }
 
 CommandLineTool::CommandLineTool(int argc, char** argv, std::string about, std::vector<Kelp::Option>& accepted)
     : description(std::move(about)), header(copyrightLine), reader(argc, argv) {
     registerOptions(accepted);
-    init(argc, argv, withoutFileCheck);
+    startUp(*this, withoutFileCheck);
 }
 
 CommandLineTool::CommandLineTool(int argc, char** argv, std::string about, std::string usageText,
@@ -51,25 +69,20 @@ CommandLineTool::CommandLineTool(int argc, char** argv, std::string about, std::
       optionList(accepted),
       argumentList(arguments) {
     registerOptions(accepted);
-    init(argc, argv, withFileCheck);
+    startUp(*this, withFileCheck);
 }
 
 void CommandLineTool::init(int argc, char** argv, bool noFileCheck) {
-    if (!noFileCheck) {
-        checkMandatoryArgs();
-    }
-    checkForHelp();
+    checkFileAndHelp(*this, noFileCheck);
     if (argc > 1) {
         reader = Kelp::OptionReader(argc, argv);
     }
-    checkForVerbose();
-    checkForInvalidFlags();
+    checkFlags(*this);
 }
 
 void CommandLineTool::registerOption(Kelp::Option option) {
     optionWidth = std::max(optionWidth, option.longFlag.size());
-    std::string key = option.shortFlag;
-    options.emplace(std::move(key), std::move(option));
+    options.try_emplace(option.shortFlag, std::move(option));
 }
 
 void CommandLineTool::registerOptions(std::vector<Kelp::Option>& accepted) {

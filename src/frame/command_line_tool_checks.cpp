@@ -1,21 +1,14 @@
 #include <kelplib/CommandLineTool.h>
 
+#include <bitset>
+#include <iterator>
+
 #include "frame/flag_key.h"
 #include "platform/standard_streams.h"
 
 namespace {
 
 constexpr int fromProgramPath = 0;
-
-template <class Container>
-int collectArguments(const Kelp::OptionReader& reader, Container& out, int start) {
-    out.clear();
-    std::string argument;
-    for (int i = reader.getFirstArgument(argument, start); i != 0; i = reader.getFirstArgument(argument, i + 1)) {
-        out.push_back(argument);
-    }
-    return static_cast<int>(out.size());
-}
 
 }  // namespace
 
@@ -42,10 +35,15 @@ void CommandLineTool::checkMandatoryArgs() {
 }
 
 void CommandLineTool::checkForInvalidFlags() {
-    std::vector<std::string> tokens;
-    reader.getOptions(tokens);
-    for (const std::string& token : tokens) {
-        if (!Kelp::isFlag(token)) {
+    // Long command lines repeat few keys, so each is looked up once. Not those of "-", "--" and "---": their letters tell
+    // less than their keys.
+    std::bitset<256> accepted;
+    for (const std::string& token : reader.tokens) {
+        if (token.empty() || token.front() != '-') {
+            continue;
+        }
+        const auto letter = static_cast<unsigned char>(Kelp::keyLetter(token.c_str()));
+        if (accepted.test(letter)) {
             continue;
         }
         const std::string key = Kelp::flagKey(token);
@@ -53,6 +51,7 @@ void CommandLineTool::checkForInvalidFlags() {
             Kelp::standardOutput() << "Invalid flag " << key << ". List of valid flags: " << std::endl;
             printUsage();
         }
+        accepted.set(letter, letter != '\0' && letter != '-');
     }
 }
 
@@ -73,11 +72,16 @@ int CommandLineTool::getArguments(std::vector<std::string>& out, int start) cons
     if (reader.getVerbose()) {
         Kelp::standardOutput() << "getFiles()" << std::endl;
     }
-    return collectArguments(reader, out, start);
+    out.clear();
+    reader.getArguments(out, start);
+    return static_cast<int>(out.size());
 }
 
 int CommandLineTool::getArguments(std::list<std::string>& out, int start) const {
-    return collectArguments(reader, out, start);
+    std::vector<std::string> arguments;
+    reader.getArguments(arguments, start);
+    out.assign(std::make_move_iterator(arguments.begin()), std::make_move_iterator(arguments.end()));
+    return static_cast<int>(out.size());
 }
 
 std::vector<Kelp::Option> CommandLineTool::getOptions() const {

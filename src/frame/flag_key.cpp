@@ -2,14 +2,10 @@
 
 namespace Kelp {
 
-bool isFlag(const std::string& token) {
-    return !token.empty() && token.front() == '-';
-}
-
-std::string flagKey(const std::string& token) {
-    std::string key = token.substr(0, 2);
-    if (key == "--") {
-        key[1] = token.size() > 2 ? token[2] : '\0';
+std::string flagKey(const std::string& flag) {
+    std::string key = flag.substr(0, 2);
+    if (key.size() > 1) {
+        key[1] = keyLetter(flag.c_str());
     }
     return key;
 }

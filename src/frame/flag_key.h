@@ -5,12 +5,14 @@
 
 namespace Kelp {
 
-/// Whether a token stands for a flag and not for a positional argument.
-bool isFlag(const std::string& token);
+/// The character by which a flag token is told apart: what follows its dash, or its two dashes. NUL for "-" and "--".
+inline char keyLetter(const char* flag) {
+    return flag[1] == '-' ? flag[2] : flag[1];
+}
 
-/// The key by which a token is told apart: its first two characters, or a dash and the third one after "--". So "--output"
-/// and "-o=x" share the key "-o". The key of "--" is a dash and a NUL: read as a C string it is "-", printed it is both.
-std::string flagKey(const std::string& token);
+/// A flag token's key: its first two characters, or a dash and the third one after "--". So "--output" and "-o=x" share the
+/// key "-o". The key of "--" is a dash and a NUL: read as a C string it is "-", printed it is both.
+std::string flagKey(const std::string& flag);
 
 }  // namespace Kelp
 

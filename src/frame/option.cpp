@@ -7,10 +7,31 @@
 #include "platform/standard_streams.h"
 #include "util/escape_sequences.h"
 
+namespace {
+
+std::string orEmpty(const char* text) {
+    return text == nullptr ? std::string() : text;
+}
+
+int folded(char character) {
+    return std::tolower(static_cast<unsigned char>(character));
+}
+
+}  // namespace
+
 namespace Kelp {
 
 Option::Option(std::string shortForm, std::string longForm, std::string helpText, bool mark)
     : shortFlag(std::move(shortForm)), longFlag(std::move(longForm)), description(std::move(helpText)), marker(mark) {}
+
+Option::Option(const char* shortForm, const char* longForm, const char* helpText, bool mark)
+    : Option(orEmpty(shortForm), orEmpty(longForm), orEmpty(helpText), mark) {}
+
+Option::Option(const Option&) = default;
+Option::Option(Option&&) noexcept = default;
+Option& Option::operator=(const Option&) = default;
+Option& Option::operator=(Option&&) noexcept = default;
+Option::~Option() = default;
 
 void Option::printIndented(std::size_t /*width*/, std::size_t /*lineWidth*/) const {
     standardOutput() << "  " << escape::blue << shortFlag << ", " << longFlag << ":" << escape::reset << " "
@@ -20,6 +41,15 @@ void Option::printIndented(std::size_t /*width*/, std::size_t /*lineWidth*/) con
 Argument::Argument(std::string shownName, std::string helpText, bool mayRepeat)
     : name(std::move(shownName)), description(std::move(helpText)), repeated(mayRepeat) {}
 
+Argument::Argument(const char* shownName, const char* helpText, bool mayRepeat)
+    : Argument(orEmpty(shownName), orEmpty(helpText), mayRepeat) {}
+
+Argument::Argument(const Argument&) = default;
+Argument::Argument(Argument&&) noexcept = default;
+Argument& Argument::operator=(const Argument&) = default;
+Argument& Argument::operator=(Argument&&) noexcept = default;
+Argument::~Argument() = default;
+
 void Argument::printIndented(std::size_t /*width*/, std::size_t /*lineWidth*/) const {
     standardOutput() << "  " << escape::blue << name << ":" << escape::reset << " " << description << "\n\n";
 }
@@ -27,9 +57,10 @@ void Argument::printIndented(std::size_t /*width*/, std::size_t /*lineWidth*/) c
 }  // namespace Kelp
 
 bool ci_less::operator()(const std::string& a, const std::string& b) const {
-    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char left, char right) {
-        return std::tolower(static_cast<unsigned char>(left)) < std::tolower(static_cast<unsigned char>(right));
+    const auto [left, right] = std::mismatch(a.begin(), a.end(), b.begin(), b.end(), [](char one, char other) {
+        return one == other || folded(one) == folded(other);
     });
+    return right != b.end() && (left == a.end() || folded(*left) < folded(*right));
 }
 
 std::string std::to_string(const Kelp::Option& option) {

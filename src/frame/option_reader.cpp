@@ -1,8 +1,9 @@
 #include <kelplib/Kelp.h>
 
+#include <algorithm>
 #include <fstream>
 
-#include "frame/flag_key.h"
+#include "frame/token_mark.h"
 #include "platform/standard_streams.h"
 #include "util/ascii_fold.h"
 #include "util/escape_sequences.h"
@@ -29,13 +30,20 @@ std::size_t firstPosition(int start) {
 }  // namespace
 
 OptionReader::OptionReader(int argc, char** argv) {
-    for (int i = 0; i < argc; ++i) {
-        tokens.push_back(tokenAt(argc, argv, i));
+    checkTokens(argc, argv);
+    const auto count = static_cast<std::size_t>(std::max(argc, 0));
+    tokens.reserve(count);
+    marks.resize(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        tokens.emplace_back(argv[i]);
+        marks[i] = tokenMark(argv[i]);
     }
 }
 
-int OptionReader::hasOption(std::string shortFlag, std::string longFlag, int start) const {
-    for (std::size_t i = firstPosition(start); i < tokens.size(); ++i) {
+int OptionReader::findOption(const std::string& shortFlag, const std::string& longFlag, int start) const {
+    const char one = tokenMark(shortFlag.c_str());
+    const char other = tokenMark(longFlag.c_str());
+    for (std::size_t i = firstPosition(start); (i = findMark(marks, one, other, i)) != std::string::npos; ++i) {
         if (sameFlag(tokens[i], shortFlag) || sameFlag(tokens[i], longFlag)) {
             return static_cast<int>(i);
         }
@@ -43,43 +51,45 @@ int OptionReader::hasOption(std::string shortFlag, std::string longFlag, int sta
     return 0;
 }
 
+int OptionReader::hasOption(std::string shortFlag, std::string longFlag, int start) const {
+    return findOption(shortFlag, longFlag, start);
+}
+
 int OptionReader::hasOption(const Option& option, int start) const {
-    return hasOption(option.longFlag, option.shortFlag, start);
+    return findOption(option.longFlag, option.shortFlag, start);
 }
 
 int OptionReader::findValue(const std::string& shortFlag, const std::string& longFlag, std::string& text,
                             int start) const {
-    for (std::size_t i = firstPosition(start); i < tokens.size(); ++i) {
-        if (!isFlag(tokens[i])) {
-            continue;
-        }
-        const std::string key = flagKey(tokens[i]);
-        if (sameFlag(key, shortFlag) || sameFlag(key, longFlag)) {
-            const std::size_t equals = tokens[i].find('=');
-            text = equals == std::string::npos ? std::string() : tokens[i].substr(equals + 1);
-            return static_cast<int>(i) + 1;
-        }
+    char one = keyMark(shortFlag);
+    char other = keyMark(longFlag);
+    one = one == noMark ? other : one;
+    other = other == noMark ? one : other;
+    const std::size_t i = findMark(marks, one, other, firstPosition(start));
+    if (i == std::string::npos) {
+        return 0;
     }
-    return 0;
+    const std::size_t equals = tokens[i].find('=');
+    text = equals == std::string::npos ? std::string() : tokens[i].substr(equals + 1);
+    return static_cast<int>(i) + 1;
 }
 
 template int OptionReader::getValue<std::string>(std::string shortFlag, std::string longFlag, std::string& value,
                                                  int start);
 
 int OptionReader::getFirstArgument(std::string& argument, int start) const {
-    for (std::size_t i = firstPosition(skipProgramPath(start)); i < tokens.size(); ++i) {
-        if (!isFlag(tokens[i])) {
-            argument = tokens[i];
-            return static_cast<int>(i);
-        }
+    const std::size_t i = findMark(marks, markOfArgument, markOfSlash, firstPosition(skipProgramPath(start)));
+    if (i == std::string::npos) {
+        return 0;
     }
-    return 0;
+    argument = tokens[i];
+    return static_cast<int>(i);
 }
 
 bool OptionReader::getArguments(std::vector<std::string>& arguments, int start) const {
     const std::size_t before = arguments.size();
     for (std::size_t i = firstPosition(skipProgramPath(start)); i < tokens.size(); ++i) {
-        if (!isFlag(tokens[i])) {
+        if (isArgumentMark(marks[i])) {
             arguments.push_back(tokens[i]);
         }
     }

@@ -2,16 +2,8 @@
 
 namespace Kelp {
 
-namespace {
-
-char fold(char character) {
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
-}
-
-}  // namespace
-
 bool equalIgnoringAsciiCase(const char* left, const char* right) {
-    while (fold(*left) == fold(*right)) {
+    while (foldAscii(*left) == foldAscii(*right)) {
         if (*left == '\0') {
             return true;
         }

@@ -82,7 +82,7 @@ int getStringFlag(int argc, char** argv, std::string flag, std::string& value, i
     if (position == 0) {
         return 0;
     }
-    std::string text = tokenAt(argc, argv, position).substr(2);
+    std::string text = std::string(tokenAt(argc, argv, position)).substr(2);
     if (!text.empty() && text.front() == '=') {
         text.erase(0, 1);
     }

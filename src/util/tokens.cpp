@@ -1,15 +1,30 @@
 #include "util/tokens.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace Kelp {
 
-std::string tokenAt(int argc, char** argv, int position) {
+namespace {
+
+[[noreturn]] void throwNoToken() {
+    throw std::logic_error("basic_string: construction from null is not valid");
+}
+
+}  // namespace
+
+const char* tokenAt(int argc, char** argv, int position) {
     // argv[argc] is there, though it is null as a rule.
     if (position > argc || argv == nullptr || argv[position] == nullptr) {
-        throw std::logic_error("basic_string: construction from null is not valid");
+        throwNoToken();
     }
     return argv[position];
+}
+
+void checkTokens(int argc, char** argv) {
+    if (argc > 0 && (argv == nullptr || std::find(argv, argv + argc, nullptr) != argv + argc)) {
+        throwNoToken();
+    }
 }
 
 }  // namespace Kelp

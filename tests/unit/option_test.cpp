@@ -33,6 +33,27 @@ TEST(Option, StoresItsFourValuesInOrder) {
     }
 }
 
+TEST(Option, TakesStringsAsItTakesLiterals) {
+    const Kelp::Option option("-n"s, "--number"s, "a\0b"s, true);
+    EXPECT_EQ(option.shortFlag, "-n");
+    EXPECT_EQ(option.longFlag, "--number");
+    EXPECT_EQ(option.description, "a\0b"s);
+    EXPECT_TRUE(option.marker);
+    const Kelp::Option mixed("-n", "--number"s, "count", false);
+    EXPECT_EQ(std::to_string(mixed), "-n, --number:\tcount");
+    const Kelp::Argument argument("in"s, "a\0b"s, true);
+    EXPECT_EQ(argument.name, "in");
+    EXPECT_EQ(argument.description, "a\0b"s);
+    EXPECT_TRUE(argument.repeated);
+}
+
+TEST(Option, OfEmptyBracesIsEmpty) {
+    EXPECT_EQ(std::to_string(Kelp::Option({}, {}, {}, false)), ", :\t");
+    const Kelp::Argument argument({}, {}, false);
+    EXPECT_EQ(argument.name, "");
+    EXPECT_EQ(argument.description, "");
+}
+
 TEST(Option, IsCopiedWithItsMarker) {
     Kelp::Option original("-n", "--number", "count", true);
     const Kelp::Option copy = original;
