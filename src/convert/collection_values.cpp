@@ -1,6 +1,6 @@
 #include <kelplib/Kelp.h>
 
-#include "convert/number_reading.h"
+#include "convert/number_pieces.h"
 #include "util/pieces.h"
 
 namespace Kelp {
@@ -14,45 +14,38 @@ constexpr char numberSeparator = ':';
 template <class T>
 void readSet(std::set<T>& target, const std::string& text, char separator) {
     target.clear();
-    const NumberReader reader;
-    forEachPiece(text, separator, [&](std::string_view piece) {
+    NumberPieces pieces(text, separator);
+    while (pieces.next()) {
         T value = 0;
-        reader.read(value, piece);
+        pieces.read(value);
         target.insert(value);
-    });
+    }
 }
 
 /// Every piece is read over the element that stands in its place already, which a blank one leaves.
 template <class T>
 void readVector(std::vector<T>& target, const std::string& text) {
+    NumberPieces pieces(text, numberSeparator);
     std::size_t count = 0;
-    forEachPiece(text, numberSeparator, [&count](std::string_view) { ++count; });
+    for (; pieces.next(); ++count) {
+        if (count == target.size()) {
+            target.push_back(0);
+        }
+        pieces.read(target[count]);
+    }
     target.resize(count);
-    const NumberReader reader;
-    auto element = target.begin();
-    forEachPiece(text, numberSeparator, [&](std::string_view piece) { reader.read(*element++, piece); });
 }
 
 /// Reads a text of exactly as many pieces as there are numbers.
 /// \returns false for any other number of pieces
 template <class T, std::size_t Count>
 bool readExactly(std::array<T, Count>& numbers, const std::string& text) {
-    std::array<std::string_view, Count> pieces;
+    NumberPieces pieces(text, numberSeparator);
     std::size_t count = 0;
-    forEachPiece(text, numberSeparator, [&](std::string_view piece) {
-        if (count < Count) {
-            pieces[count] = piece;
-        }
-        ++count;
-    });
-    if (count != Count) {
-        return false;
+    for (T surplus = 0; pieces.next(); ++count) {
+        pieces.read(count < Count ? numbers[count] : surplus);
     }
-    const NumberReader reader;
-    for (std::size_t i = 0; i < Count; ++i) {
-        reader.read(numbers[i], pieces[i]);
-    }
-    return true;
+    return count == Count;
 }
 
 /// The lower number becomes the first. Equal ones, which may still differ (0 and -0), both take the second one's value, so

@@ -3,13 +3,10 @@
 
 #include <limits>
 #include <locale>
-#include <sstream>
-#include <string>
 #include <string_view>
 #include <type_traits>
 
 #include "convert/digits.h"
-#include "convert/localized_text.h"
 #include "convert/real_reading.h"
 
 /// Reading one number as the formatted extraction of a stream does, with the same result on every standard library.
@@ -23,17 +20,17 @@ inline const char* skipBlanks(const char* begin, const char* end) {
     return begin;
 }
 
-/// Reads an optional sign and digits. What does not fit becomes the nearest limit; a negative number in an unsigned type
-/// is negated modulo its range as long as its magnitude fits.
+/// Reads an optional sign and digits, and moves `begin` behind what it took. What does not fit becomes the nearest limit; a
+/// negative number in an unsigned type is negated modulo its range as long as its magnitude fits.
 template <class T>
-T readInteger(const char* begin, const char* end) {
+T readInteger(const char*& begin, const char* end) {
     using Limits = std::numeric_limits<T>;
-    const bool negative = readSign(begin, end);
     constexpr auto limit = static_cast<unsigned long long>(Limits::max());
+    const bool negative = readSign(begin, end);
     unsigned long long magnitude = 0;
     for (; begin != end && isDigit(*begin); ++begin) {
         const auto digit = static_cast<unsigned long long>(*begin - '0');
-        if (magnitude > (limit - digit) / 10) {
+        if (magnitude > limit / 10 || (magnitude == limit / 10 && digit > limit % 10)) {
             // The lowest signed number lies beyond the limit too, and comes out as itself.
             return negative && Limits::is_signed ? Limits::lowest() : Limits::max();
         }
@@ -43,12 +40,9 @@ T readInteger(const char* begin, const char* end) {
     return static_cast<T>(negative ? 0 - magnitude : magnitude);
 }
 
-/// Reads one number as the classic locale does. An empty text leaves the target.
+/// Reads a number that begins at `begin`, as the classic locale does, and moves `begin` behind it.
 template <class T>
-void readClassic(T& target, const char* begin, const char* end) {
-    if (begin == end) {
-        return;
-    }
+void readClassic(T& target, const char*& begin, const char* end) {
     if constexpr (std::is_floating_point_v<T>) {
         target = readReal<T>(begin, end);
     } else {
@@ -60,24 +54,34 @@ void readClassic(T& target, const char* begin, const char* end) {
 /// longer than reading one.
 class NumberReader {
 public:
-    NumberReader();
+    NumberReader() : way(locale == std::locale::classic() ? Way::classic : otherWay()) {}
 
     /// Reads one number from `text` into `target`, which keeps its value when the text is blank.
     template <class T>
     void read(T& target, std::string_view text) const {
-        if (way == Way::classic) {
-            const char* const end = text.data() + text.size();
-            readClassic(target, skipBlanks(text.data(), end), end);
-        } else if (way == Way::stream) {
-            std::stringstream(std::string(text)) >> target;
-        } else {
-            const std::string number = classicNumber(text, locale, std::is_floating_point_v<T>);
-            readClassic(target, number.data(), number.data() + number.size());
+        if (way != Way::classic) {
+            readOtherwise(target, text);
+            return;
         }
+        const char* const end = text.data() + text.size();
+        const char* begin = skipBlanks(text.data(), end);
+        if (begin != end) {
+            readClassic(target, begin, end);
+        }
+    }
+
+    /// Whether the global locale is the classic one.
+    bool classic() const {
+        return way == Way::classic;
     }
 
 private:
     enum class Way { classic, stream, localized };
+
+    Way otherWay() const;
+
+    template <class T>
+    void readOtherwise(T& target, std::string_view text) const;
 
     std::locale locale;
     Way way;

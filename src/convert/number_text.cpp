@@ -1,7 +1,9 @@
 #include "convert/number_text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <string_view>
 
 #include "util/leading_int.h"
@@ -10,9 +12,16 @@ namespace Kelp {
 
 namespace {
 
-/// A finite number above 0 or 0 in scientific notation, as to_chars writes it with the fewest digits: "d.ddde+XX". The
-/// choice of notation and the digits of large numbers in fixed notation are made here, because standard libraries differ
-/// in them.
+char* write(char* position, std::string_view text) {
+    return std::copy(text.begin(), text.end(), position);
+}
+
+char* write(char* position, std::size_t zeros) {
+    return std::fill_n(position, zeros, '0');
+}
+
+/// A finite number above 0 in scientific notation, as to_chars writes it with the fewest digits: "d.ddde+XX". The choice of
+/// notation and the digits of large numbers in fixed notation are made here, because standard libraries differ in them.
 struct Scientific {
     explicit Scientific(double number)
         : end(std::to_chars(buffer, buffer + sizeof buffer, number, std::chars_format::scientific).ptr) {
@@ -43,43 +52,81 @@ std::size_t fixedLength(const Scientific& number) {
     return digits > integerDigits ? digits + 1 : integerDigits;
 }
 
-void appendFixed(std::string& text, const Scientific& number) {
+char* writeFixed(char* position, const Scientific& number) {
     const std::string_view others = number.otherDigits;
     if (number.exponent < 0) {
-        text += "0.";
-        text.append(static_cast<std::size_t>(-number.exponent) - 1, '0');
-        text += number.firstDigit;
-        text += others;
-        return;
+        position = write(position, "0.");
+        position = write(position, static_cast<std::size_t>(-number.exponent) - 1);
+        position = write(position, number.firstDigit);
+        return write(position, others);
     }
     const auto behindFirst = static_cast<std::size_t>(number.exponent);
-    text += number.firstDigit;
-    text += others.substr(0, behindFirst);
-    if (others.size() > behindFirst) {
-        text += '.';
-        text += others.substr(behindFirst);
-    } else {
-        text.append(behindFirst - others.size(), '0');
+    position = write(position, number.firstDigit);
+    position = write(position, others.substr(0, behindFirst));
+    if (others.size() <= behindFirst) {
+        return write(position, behindFirst - others.size());
     }
+    position = write(position, ".");
+    return write(position, others.substr(behindFirst));
+}
+
+/// Writes a number of up to three decimals: what people type and measure, in a third of the time. Such a text of at most 15
+/// digits is the only one of so few digits that reads back to its number, hence the shortest.
+/// \returns nullptr for any other number, and where scientific notation might be shorter
+char* writeThousandths(char* position, double number) {
+    constexpr double limit = 1e12;
+    if (!(number < limit)) {
+        return nullptr;
+    }
+    const double scaled = number * 1000.0;
+    const auto thousandths = static_cast<std::int64_t>(scaled + 0.5);
+    // The product is rounded, so the quotient decides; the difference only spares the division where it is in vain.
+    const auto nearest = static_cast<double>(thousandths);
+    if (std::fabs(scaled - nearest) > 0.125 || nearest / 1000.0 != number) {
+        return nullptr;
+    }
+    const std::int64_t whole = thousandths / 1000;
+    auto fraction = static_cast<int>(thousandths % 1000);
+    if (fraction == 0 && whole % 100000 == 0 && whole != 0) {
+        return nullptr;
+    }
+    position = std::to_chars(position, position + longestNumberText, whole).ptr;
+    if (fraction != 0) {
+        *position++ = '.';
+        for (int unit = 100; fraction != 0; unit /= 10) {
+            *position++ = static_cast<char>('0' + fraction / unit);
+            fraction %= unit;
+        }
+    }
+    return position;
+}
+
+/// Writes a finite number of 0 or more.
+char* writeFinite(char* position, double number) {
+    if (char* const end = writeThousandths(position, number)) {
+        return end;
+    }
+    // Up to here every integer is a double of its own, and all libraries make the same of it.
+    constexpr double exactIntegers = 9007199254740992.0;
+    if (number < exactIntegers) {
+        return std::to_chars(position, position + longestNumberText, number).ptr;
+    }
+    const Scientific scientific(number);
+    return fixedLength(scientific) <= scientific.text().size() ? writeFixed(position, scientific)
+                                                               : write(position, scientific.text());
 }
 
 }  // namespace
 
-void appendNumberText(std::string& text, double number) {
+char* writeNumberText(char* position, double number) {
     if (std::signbit(number)) {
-        text += '-';
+        *position++ = '-';
         number = -number;
     }
     if (!std::isfinite(number)) {
-        text += std::isnan(number) ? "nan" : "inf";
-        return;
+        return write(position, std::isnan(number) ? "nan" : "inf");
     }
-    const Scientific scientific(number);
-    if (fixedLength(scientific) <= scientific.text().size()) {
-        appendFixed(text, scientific);
-    } else {
-        text += scientific.text();
-    }
+    return writeFinite(position, number);
 }
 
 }  // namespace Kelp

@@ -83,15 +83,42 @@ T convertReal(const RealText& text, long /*otherwise*/) {
     return convertWithC<T>(text);
 }
 
-/// Reads one real number. An incomplete text gives 0, a value too large for the type its largest finite one.
+/// Lets from_chars find the end of a number without its sign, in one go with its value, and moves `begin` there.
+/// \returns false, with nothing changed, where a stream may see more or less of a number than from_chars does ("inf",
+///          "1e"), or another value
 template <class T>
-T readReal(const char* begin, const char* end) {
-    const bool negative = readSign(begin, end);
-    const RealText text = findReal(begin, end);
-    if (!text.complete) {
-        return 0;
+auto readAtOnce(T& value, const char*& begin, const char* end, int /*preferred*/)
+    -> decltype(std::from_chars(begin, end, value), true) {
+    if (begin == end || !(isDigit(*begin) || *begin == '.')) {
+        return false;
     }
-    const T value = std::min(convertReal<T>(text, 0), std::numeric_limits<T>::max());
+    const std::from_chars_result result = std::from_chars(begin, end, value);
+    if (result.ec != std::errc() || (result.ptr != end && (*result.ptr == 'e' || *result.ptr == 'E'))) {
+        return false;
+    }
+    begin = result.ptr;
+    return true;
+}
+
+template <class T>
+bool readAtOnce(T& /*value*/, const char*& /*begin*/, const char* /*end*/, long /*otherwise*/) {
+    return false;
+}
+
+/// Reads one real number and moves `begin` behind it. An incomplete text gives 0, a value too large for the type its
+/// largest finite one.
+template <class T>
+T readReal(const char*& begin, const char* end) {
+    const bool negative = readSign(begin, end);
+    T value = 0;
+    if (!readAtOnce(value, begin, end, 0)) {
+        const RealText text = findReal(begin, end);
+        begin = text.end;
+        if (!text.complete) {
+            return 0;
+        }
+        value = std::min(convertReal<T>(text, 0), std::numeric_limits<T>::max());
+    }
     return negative ? -value : value;
 }
 

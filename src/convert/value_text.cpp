@@ -4,35 +4,62 @@
 
 namespace {
 
-constexpr char listSeparator[] = ", ";
+constexpr std::string_view listSeparator = ", ";
 
-/// The elements' texts, one behind the other with separators between them.
-template <class T, class Append>
-std::string joined(const std::vector<T>& elements, Append append) {
-    std::string text;
-    for (std::size_t i = 0; i < elements.size(); ++i) {
-        if (i > 0) {
-            text += listSeparator;
+/// Appends numbers to a text in blocks, because appending each one would take as long as writing its digits.
+class NumberAppender {
+public:
+    explicit NumberAppender(std::string& target) : text(target) {}
+
+    void append(std::string_view before, double number) {
+        if (block + sizeof block - end < static_cast<std::ptrdiff_t>(Kelp::longestNumberText + before.size())) {
+            flush();
         }
-        append(text, elements[i]);
+        end = Kelp::writeNumberText(std::copy(before.begin(), before.end(), end), number);
     }
-    return text;
-}
+
+    void flush() {
+        text.append(block, end);
+        end = block;
+    }
+
+private:
+    std::string& text;
+    char block[1024];
+    char* end = block;
+};
 
 }  // namespace
 
 std::string std::to_string(const Kelp::StringDouble& value) {
-    std::string text = value.label + listSeparator;
-    Kelp::appendNumberText(text, value.value);
+    std::string text = value.label;
+    NumberAppender numbers(text);
+    numbers.append(listSeparator, value.value);
+    numbers.flush();
     return text;
 }
 
 std::string std::to_string(const std::vector<double>& values) {
-    return joined(values, Kelp::appendNumberText);
+    std::string text;
+    NumberAppender numbers(text);
+    std::string_view before;
+    for (const double value : values) {
+        numbers.append(before, value);
+        before = listSeparator;
+    }
+    numbers.flush();
+    return text;
 }
 
 std::string std::to_string(const std::vector<std::string>& values) {
-    return joined(values, [](std::string& text, const std::string& value) { text += value; });
+    std::string text;
+    std::string_view before;
+    for (const std::string& value : values) {
+        text += before;
+        text += value;
+        before = listSeparator;
+    }
+    return text;
 }
 
 std::string std::to_string(const std::string& value) {
@@ -40,9 +67,9 @@ std::string std::to_string(const std::string& value) {
 }
 
 std::string std::to_string(const std::tuple<double, double>& value) {
-    std::string text;
-    Kelp::appendNumberText(text, std::get<0>(value));
-    text += ':';
-    Kelp::appendNumberText(text, std::get<1>(value));
-    return text;
+    char text[2 * Kelp::longestNumberText + 1];
+    char* end = Kelp::writeNumberText(text, std::get<0>(value));
+    *end++ = ':';
+    end = Kelp::writeNumberText(end, std::get<1>(value));
+    return {text, end};
 }

@@ -7,8 +7,7 @@
 #include <cstring>
 
 #include "bit_pattern.h"
-#include "convert/number_text.h"
-
+#include "number_text_of.h"
 /// Number texts over the whole range of a double, compared with both notations made in the plainest way.
 namespace {
 
@@ -80,8 +79,7 @@ std::string expectedText(double number) {
 }
 
 void expectExact(double number) {
-    std::string text;
-    Kelp::appendNumberText(text, number);
+    const std::string text = textOf(number);
     ASSERT_EQ(bitsOf(read(text)), bitsOf(number)) << text;
     ASSERT_EQ(text, expectedText(number));
 }
@@ -96,12 +94,10 @@ void expectExactBeside(double number) {
 TEST(NumberTextExhaustive, IsShortestForPowersOfTwo) {
     for (int exponent = -1074; exponent <= 1023; ++exponent) {
         const double number = std::ldexp(1.0, exponent);
-        std::string text;
-        Kelp::appendNumberText(text, number);
+        const std::string text = textOf(number);
         ASSERT_EQ(bitsOf(read(text)), bitsOf(number)) << text;
         ASSERT_LE(text.size(), expectedText(number).size()) << text;
-        std::string negativeText;
-        Kelp::appendNumberText(negativeText, -number);
+        const std::string negativeText = textOf(-number);
         ASSERT_EQ(negativeText, "-" + text);
         ASSERT_NO_FATAL_FAILURE(expectExactBeside(number)) << "two to the power of " << exponent;
     }
@@ -164,6 +160,30 @@ TEST(NumberTextExhaustive, IsShortestForNumbersBelowTheNormalOnes) {
     RandomBits random;
     for (int i = 0; i < 10000; ++i) {
         ASSERT_NO_FATAL_FAILURE(expectExact(numberOfBits(random.next() & fraction)));
+    }
+}
+
+TEST(NumberTextExhaustive, IsShortestForThousandths) {
+    for (int thousandths = 1; thousandths <= 20000; ++thousandths) {
+        ASSERT_NO_FATAL_FAILURE(expectExact(thousandths / 1000.0));
+        ASSERT_NO_FATAL_FAILURE(expectExactBeside(thousandths / 1000.0)) << thousandths;
+    }
+    for (const double whole : {99999.0, 100000.0, 4294967296.0, 123456789012.0, 999999999999.0, 1000000000000.0}) {
+        for (int thousandths = -1000; thousandths <= 1000; ++thousandths) {
+            const double number = whole + thousandths / 1000.0;
+            ASSERT_NO_FATAL_FAILURE(expectExact(number));
+            ASSERT_NO_FATAL_FAILURE(expectExactBeside(number)) << std::to_string(number);
+        }
+    }
+}
+
+TEST(NumberTextExhaustive, IsShortestForWholeNumbers) {
+    for (int digits = 1; digits <= 99; ++digits) {
+        double number = digits;
+        for (int zeros = 0; zeros <= 20; ++zeros, number *= 10.0) {
+            ASSERT_NO_FATAL_FAILURE(expectExact(number));
+            ASSERT_NO_FATAL_FAILURE(expectExact(number + 1.0));
+        }
     }
 }
 

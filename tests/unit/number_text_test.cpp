@@ -1,18 +1,11 @@
-#include "convert/number_text.h"
-
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
-#include <string>
+
+#include "number_text_of.h"
 
 namespace {
-
-std::string textOf(double number) {
-    std::string text;
-    Kelp::appendNumberText(text, number);
-    return text;
-}
 
 struct Case {
     double number;
@@ -79,12 +72,6 @@ TEST(NumberText, OfWhatIsNoNumberIsAWord) {
         {std::copysign(NAN, 1.0), "nan"},
         {std::copysign(NAN, -1.0), "-nan"},
     });
-}
-
-TEST(NumberText, IsAppended) {
-    std::string text = "1, ";
-    Kelp::appendNumberText(text, -2.5);
-    EXPECT_EQ(text, "1, -2.5");
 }
 
 }  // namespace
