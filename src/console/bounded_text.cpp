@@ -1,30 +1,55 @@
 #include "console/bounded_text.h"
 
-#include <algorithm>
+#include <charconv>
 #include <cstdio>
-#include <cstring>
+#include <cstdlib>
 
 namespace Kelp {
 
-void BoundedText::append(std::string_view text) {
-    const std::size_t count = std::min(text.size(), room());
-    std::memcpy(begin + length, text.data(), count);
-    length += count;
+namespace {
+
+/// Whether the C library writes a point before the decimals. A program may have given it another locale.
+bool writesPoint() {
+    constexpr char zero[] = "0.";
+    char* end = nullptr;
+    std::strtod(zero, &end);
+    return end == zero + 2;
 }
 
-void BoundedText::append(char character, std::size_t count) {
-    const std::size_t fitting = std::min(count, room());
-    std::memset(begin + length, character, fitting);
-    length += fitting;
+/// Rounds ten times the number as printf rounds to one decimal: the exact product to the nearest integer, a tie to the even
+/// one.
+/// \param number  above 0 and far below the largest int
+int roundToTenths(double number) {
+    const double eight = number * 8.0;
+    const double two = number * 2.0;
+    const double tenths = eight + two;
+    const auto whole = static_cast<int>(tenths);
+    const double rest = tenths - whole;
+    if (rest != 0.5) {
+        return rest > 0.5 ? whole + 1 : whole;
+    }
+    // What the sum lost in rounding decides (it is found exactly: the Fast2Sum algorithm of Dekker, 1971).
+    const double lost = two - (tenths - eight);
+    return lost > 0.0 || (lost == 0.0 && whole % 2 != 0) ? whole + 1 : whole;
 }
+
+}  // namespace
 
 void BoundedText::append(int number) {
     char digits[16];
-    const int count = std::snprintf(digits, sizeof digits, "%d", number);
-    append(std::string_view(digits, static_cast<std::size_t>(count)));
+    const char* const end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+    append(std::string_view(digits, static_cast<std::size_t>(end - digits)));
 }
 
 void BoundedText::appendTenths(double number) {
+    // printf takes longer than all the rest of a progress line, so it is left to unusual numbers.
+    if (number > 0.0 && number < 1e8 && writesPoint()) {
+        const int tenths = roundToTenths(number);
+        append(tenths / 10);
+        const char decimals[] = {'.', static_cast<char>('0' + tenths % 10)};
+        append(std::string_view(decimals, sizeof decimals));
+        return;
+    }
     // The largest double has 309 digits before its point.
     char digits[320];
     const int count = std::snprintf(digits, sizeof digits, "%.1f", number);

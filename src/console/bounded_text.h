@@ -1,7 +1,9 @@
 #ifndef KELPLIB_CONSOLE_BOUNDED_TEXT_H
 #define KELPLIB_CONSOLE_BOUNDED_TEXT_H
 
+#include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <string_view>
 
 namespace Kelp {
@@ -11,8 +13,17 @@ class BoundedText {
 public:
     BoundedText(char* buffer, std::size_t size) : begin(buffer), capacity(size) {}
 
-    void append(std::string_view text);
-    void append(char character, std::size_t count);
+    void append(std::string_view text) {
+        const std::size_t count = std::min(text.size(), room());
+        std::memcpy(begin + length, text.data(), count);
+        length += count;
+    }
+
+    void append(char character, std::size_t count) {
+        const std::size_t fitting = std::min(count, room());
+        std::memset(begin + length, character, fitting);
+        length += fitting;
+    }
 
     /// The number in decimal.
     void append(int number);

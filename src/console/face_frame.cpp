@@ -47,13 +47,12 @@ void appendPercentageAndBar(BoundedText& frame, const FaceState& state) {
 
 void appendTime(BoundedText& frame, std::string_view prefix, int seconds) {
     const TimeUnit& unit = unitFor(seconds);
-    const std::string_view name = unit.name;
     frame.append(prefix);
     frame.append(seconds / unit.seconds);
     frame.append(" ");
-    frame.append(name);
+    frame.append(unit.name);
     // Padded to one width, so that a shorter text covers the one before it.
-    frame.append(' ', 10 - name.size());
+    frame.append(' ', 10 - unit.name.size());
     frame.append("\n");
 }
 

@@ -20,10 +20,9 @@ void appendPercentage(BoundedText& line, double ratio, double percent) {
 
 /// Pads the unit's name to the longest, so that a shorter text covers the one before it.
 void appendUnit(BoundedText& line, const TimeUnit& unit) {
-    const std::string_view name = unit.name;
     line.append(" ");
-    line.append(name);
-    line.append(' ', 6 - name.size());
+    line.append(unit.name);
+    line.append(' ', 6 - unit.name.size());
 }
 
 void appendTimeLeft(BoundedText& line, int leftSeconds) {

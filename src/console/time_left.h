@@ -1,6 +1,8 @@
 #ifndef KELPLIB_CONSOLE_TIME_LEFT_H
 #define KELPLIB_CONSOLE_TIME_LEFT_H
 
+#include <string_view>
+
 namespace Kelp {
 
 /// The unit in which a time is shown.
@@ -8,7 +10,7 @@ struct TimeUnit {
     double limit;      ///< the unit serves times below this many seconds
     int seconds;       ///< how many seconds it stands for
     double perSecond;  ///< its part of one second
-    const char* name;
+    std::string_view name;
 };
 
 /// The unit for a time in seconds. Not a number counts as the longest.

@@ -39,7 +39,7 @@ TEST(TimeLeft, ChoosesTheUnitOfATime) {
     };
     for (const auto& c : cases) {
         const Kelp::TimeUnit& unit = Kelp::unitFor(c.seconds);
-        EXPECT_STREQ(unit.name, c.name) << std::to_string(c.seconds);
+        EXPECT_EQ(unit.name, c.name) << std::to_string(c.seconds);
         EXPECT_EQ(unit.seconds, c.secondsPerUnit) << std::to_string(c.seconds);
     }
 }
