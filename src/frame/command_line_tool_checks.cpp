@@ -3,7 +3,7 @@
 #include <bitset>
 #include <iterator>
 
-#include "frame/flag_key.h"
+#include "frame/token_mark.h"
 #include "platform/standard_streams.h"
 
 namespace {
@@ -38,11 +38,12 @@ void CommandLineTool::checkForInvalidFlags() {
     // Long command lines repeat few keys, so each is looked up once. Not those of "-", "--" and "---": their letters tell
     // less than their keys.
     std::bitset<256> accepted;
-    for (const std::string& token : reader.tokens) {
-        if (token.empty() || token.front() != '-') {
+    for (std::size_t i = 0; i < reader.marks.size(); ++i) {
+        if (Kelp::isArgumentMark(reader.marks[i])) {
             continue;
         }
-        const auto letter = static_cast<unsigned char>(Kelp::keyLetter(token.c_str()));
+        const std::string_view token = reader.token(i);
+        const auto letter = static_cast<unsigned char>(Kelp::keyLetter(token.data()));
         if (accepted.test(letter)) {
             continue;
         }

@@ -2,10 +2,10 @@
 
 namespace Kelp {
 
-std::string flagKey(const std::string& flag) {
-    std::string key = flag.substr(0, 2);
+std::string flagKey(std::string_view flag) {
+    std::string key(flag.substr(0, 2));
     if (key.size() > 1) {
-        key[1] = keyLetter(flag.c_str());
+        key[1] = keyLetter(flag.data());
     }
     return key;
 }

@@ -2,6 +2,7 @@
 #define KELPLIB_FRAME_FLAG_KEY_H
 
 #include <string>
+#include <string_view>
 
 namespace Kelp {
 
@@ -10,9 +11,9 @@ inline char keyLetter(const char* flag) {
     return flag[1] == '-' ? flag[2] : flag[1];
 }
 
-/// A flag token's key: its first two characters, or a dash and the third one after "--". So "--output" and "-o=x" share the
+/// The key of a flag token, behind which a NUL stands: its first two characters, or a dash and the third one after "--". So "--output" and "-o=x" share the
 /// key "-o". The key of "--" is a dash and a NUL: read as a C string it is "-", printed it is both.
-std::string flagKey(const std::string& flag);
+std::string flagKey(std::string_view flag);
 
 }  // namespace Kelp
 

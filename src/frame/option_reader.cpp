@@ -1,6 +1,7 @@
 #include <kelplib/Kelp.h>
 
 #include <algorithm>
+#include <cstring>
 #include <fstream>
 
 #include "frame/token_mark.h"
@@ -12,10 +13,6 @@
 namespace Kelp {
 
 namespace {
-
-bool sameFlag(const std::string& left, const std::string& right) {
-    return equalIgnoringAsciiCase(left.c_str(), right.c_str());
-}
 
 /// The queries for positional arguments never look at the program path.
 int skipProgramPath(int start) {
@@ -32,19 +29,29 @@ std::size_t firstPosition(int start) {
 OptionReader::OptionReader(int argc, char** argv) {
     checkTokens(argc, argv);
     const auto count = static_cast<std::size_t>(std::max(argc, 0));
-    tokens.reserve(count);
+    begins.reserve(count + 1);
+    begins.push_back(0);
+    for (std::size_t i = 0; i < count; ++i) {
+        begins.push_back(begins.back() + std::strlen(argv[i]) + 1);
+    }
+    tokens.reserve(begins.back());
     marks.resize(count);
     for (std::size_t i = 0; i < count; ++i) {
-        tokens.emplace_back(argv[i]);
+        tokens.append(argv[i], begins[i + 1] - begins[i]);
         marks[i] = tokenMark(argv[i]);
     }
+}
+
+std::string_view OptionReader::token(std::size_t position) const {
+    return {tokens.data() + begins[position], begins[position + 1] - begins[position] - 1};
 }
 
 int OptionReader::findOption(const std::string& shortFlag, const std::string& longFlag, int start) const {
     const char one = tokenMark(shortFlag.c_str());
     const char other = tokenMark(longFlag.c_str());
     for (std::size_t i = firstPosition(start); (i = findMark(marks, one, other, i)) != std::string::npos; ++i) {
-        if (sameFlag(tokens[i], shortFlag) || sameFlag(tokens[i], longFlag)) {
+        const char* const found = token(i).data();
+        if (equalIgnoringAsciiCase(found, shortFlag.c_str()) || equalIgnoringAsciiCase(found, longFlag.c_str())) {
             return static_cast<int>(i);
         }
     }
@@ -69,8 +76,8 @@ int OptionReader::findValue(const std::string& shortFlag, const std::string& lon
     if (i == std::string::npos) {
         return 0;
     }
-    const std::size_t equals = tokens[i].find('=');
-    text = equals == std::string::npos ? std::string() : tokens[i].substr(equals + 1);
+    const std::string_view found = token(i);
+    text = found.substr(std::min(found.find('='), found.size() - 1) + 1);
     return static_cast<int>(i) + 1;
 }
 
@@ -82,22 +89,26 @@ int OptionReader::getFirstArgument(std::string& argument, int start) const {
     if (i == std::string::npos) {
         return 0;
     }
-    argument = tokens[i];
+    argument = token(i);
     return static_cast<int>(i);
 }
 
 bool OptionReader::getArguments(std::vector<std::string>& arguments, int start) const {
     const std::size_t before = arguments.size();
-    for (std::size_t i = firstPosition(skipProgramPath(start)); i < tokens.size(); ++i) {
+    for (std::size_t i = firstPosition(skipProgramPath(start)); i < marks.size(); ++i) {
         if (isArgumentMark(marks[i])) {
-            arguments.push_back(tokens[i]);
+            arguments.emplace_back(token(i));
         }
     }
     return arguments.size() > before;
 }
 
 void OptionReader::getOptions(std::vector<std::string>& out) {
-    out = tokens;
+    out.clear();
+    out.reserve(marks.size());
+    for (std::size_t i = 0; i < marks.size(); ++i) {
+        out.emplace_back(token(i));
+    }
 }
 
 bool OptionReader::checkFiles(std::string& file, int start) {
@@ -126,7 +137,7 @@ bool OptionReader::getVerbose() const {
 }
 
 std::string OptionReader::getNameTool() const {
-    return tokens.empty() ? std::string() : tokens.front();
+    return marks.empty() ? std::string() : std::string(token(0));
 }
 
 }  // namespace Kelp
