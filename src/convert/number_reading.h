@@ -26,15 +26,18 @@ template <class T>
 T readInteger(const char*& begin, const char* end) {
     using Limits = std::numeric_limits<T>;
     constexpr auto limit = static_cast<unsigned long long>(Limits::max());
+    constexpr auto widest = std::numeric_limits<unsigned long long>::max();
     const bool negative = readSign(begin, end);
     unsigned long long magnitude = 0;
     for (; begin != end && isDigit(*begin); ++begin) {
         const auto digit = static_cast<unsigned long long>(*begin - '0');
-        if (magnitude > limit / 10 || (magnitude == limit / 10 && digit > limit % 10)) {
+        // Only the widest type can lose digits before they are compared with its limit.
+        const bool wraps = limit == widest && magnitude > (widest - digit) / 10;
+        magnitude = magnitude * 10 + digit;
+        if (wraps || magnitude > limit) {
             // The lowest signed number lies beyond the limit too, and comes out as itself.
             return negative && Limits::is_signed ? Limits::lowest() : Limits::max();
         }
-        magnitude = magnitude * 10 + digit;
     }
     // Wraps modulo the range: what an unsigned type wants, and for a signed one the value itself.
     return static_cast<T>(negative ? 0 - magnitude : magnitude);

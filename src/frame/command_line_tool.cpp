@@ -82,12 +82,14 @@ void CommandLineTool::init(int argc, char** argv, bool noFileCheck) {
 
 void CommandLineTool::registerOption(Kelp::Option option) {
     optionWidth = std::max(optionWidth, option.longFlag.size());
+    // Made before the option is moved from: the key is the first thing in the map's entry.
     options.try_emplace(option.shortFlag, std::move(option));
 }
 
 void CommandLineTool::registerOptions(std::vector<Kelp::Option>& accepted) {
     for (const Kelp::Option& option : accepted) {
-        registerOption(option);
+        optionWidth = std::max(optionWidth, option.longFlag.size());
+        options.try_emplace(option.shortFlag, option);
     }
     for (const Kelp::Argument& argument : argumentList) {
         optionWidth = std::max(optionWidth, argument.name.size());

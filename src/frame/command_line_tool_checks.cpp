@@ -35,9 +35,14 @@ void CommandLineTool::checkMandatoryArgs() {
 }
 
 void CommandLineTool::checkForInvalidFlags() {
-    // Long command lines repeat few keys, so each is looked up once. Not those of "-", "--" and "---": their letters tell
-    // less than their keys.
+    // Long command lines repeat few keys, so each is looked up once at most. Not those of "-" and "--", which have no letter.
     std::bitset<256> accepted;
+    for (const auto& [key, option] : options) {
+        if (key.size() == 2 && key.front() == '-') {
+            accepted.set(static_cast<unsigned char>(key.back()));
+        }
+    }
+    accepted.reset('\0');
     for (std::size_t i = 0; i < reader.marks.size(); ++i) {
         if (Kelp::isArgumentMark(reader.marks[i])) {
             continue;
@@ -52,7 +57,7 @@ void CommandLineTool::checkForInvalidFlags() {
             Kelp::standardOutput() << "Invalid flag " << key << ". List of valid flags: " << std::endl;
             printUsage();
         }
-        accepted.set(letter, letter != '\0' && letter != '-');
+        accepted.set(letter, letter != '\0');
     }
 }
 

@@ -57,10 +57,18 @@ void Argument::printIndented(std::size_t /*width*/, std::size_t /*lineWidth*/) c
 }  // namespace Kelp
 
 bool ci_less::operator()(const std::string& a, const std::string& b) const {
-    const auto [left, right] = std::mismatch(a.begin(), a.end(), b.begin(), b.end(), [](char one, char other) {
-        return one == other || folded(one) == folded(other);
-    });
-    return right != b.end() && (left == a.end() || folded(*left) < folded(*right));
+    const std::size_t shared = std::min(a.size(), b.size());
+    for (std::size_t i = 0; i < shared; ++i) {
+        if (a[i] == b[i]) {
+            continue;
+        }
+        const int left = folded(a[i]);
+        const int right = folded(b[i]);
+        if (left != right) {
+            return left < right;
+        }
+    }
+    return a.size() < b.size();
 }
 
 std::string std::to_string(const Kelp::Option& option) {

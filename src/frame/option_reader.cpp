@@ -29,15 +29,14 @@ std::size_t firstPosition(int start) {
 OptionReader::OptionReader(int argc, char** argv) {
     checkTokens(argc, argv);
     const auto count = static_cast<std::size_t>(std::max(argc, 0));
-    begins.reserve(count + 1);
-    begins.push_back(0);
+    begins.resize(count + 1);
     for (std::size_t i = 0; i < count; ++i) {
-        begins.push_back(begins.back() + std::strlen(argv[i]) + 1);
+        begins[i + 1] = begins[i] + std::strlen(argv[i]) + 1;
     }
-    tokens.reserve(begins.back());
+    tokens.resize(begins[count]);
     marks.resize(count);
     for (std::size_t i = 0; i < count; ++i) {
-        tokens.append(argv[i], begins[i + 1] - begins[i]);
+        std::memcpy(&tokens[begins[i]], argv[i], begins[i + 1] - begins[i]);
         marks[i] = tokenMark(argv[i]);
     }
 }
@@ -95,6 +94,9 @@ int OptionReader::getFirstArgument(std::string& argument, int start) const {
 
 bool OptionReader::getArguments(std::vector<std::string>& arguments, int start) const {
     const std::size_t before = arguments.size();
+    if (before == 0) {
+        arguments.reserve(static_cast<std::size_t>(std::count_if(marks.begin(), marks.end(), isArgumentMark)));
+    }
     for (std::size_t i = firstPosition(skipProgramPath(start)); i < marks.size(); ++i) {
         if (isArgumentMark(marks[i])) {
             arguments.emplace_back(token(i));
