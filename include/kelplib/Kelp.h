@@ -184,6 +184,9 @@ public:
     /// \throws what the stringToValue of T throws (only the path overload does), besides std::bad_alloc
     template <class T>
     int getValue(std::string shortFlag, std::string longFlag, T& value, int start);
+    /// The same from literals (null: an empty name), with a fraction of the code in each tool.
+    template <class T>
+    int getValue(const char* shortFlag, const char* longFlag, T& value, int start);
 
     /// Finds the first positional argument at or after `start` (0 means 1).
     /// \param argument  set to it; untouched when there is none
@@ -213,7 +216,7 @@ private:
     friend class ::CommandLineTool;
 
     int findOption(const std::string& shortFlag, const std::string& longFlag, int start) const;
-    int findValue(const std::string& shortFlag, const std::string& longFlag, std::string& text, int start) const;
+    int findValue(const char* shortFlag, const char* longFlag, std::string& text, int start) const;
 
     std::string_view token(std::size_t position) const;
 
@@ -226,7 +229,7 @@ private:
 };
 
 template <class T>
-int OptionReader::getValue(std::string shortFlag, std::string longFlag, T& value, int start) {
+int OptionReader::getValue(const char* shortFlag, const char* longFlag, T& value, int start) {
     std::string text;
     const int next = findValue(shortFlag, longFlag, text, start);
     if (next != 0) {
@@ -235,6 +238,13 @@ int OptionReader::getValue(std::string shortFlag, std::string longFlag, T& value
     return next;
 }
 
+template <class T>
+int OptionReader::getValue(std::string shortFlag, std::string longFlag, T& value, int start) {
+    return getValue(shortFlag.c_str(), longFlag.c_str(), value, start);
+}
+
+extern template KELP_API int OptionReader::getValue<std::string>(const char* shortFlag, const char* longFlag,
+                                                                 std::string& value, int start);
 extern template KELP_API int OptionReader::getValue<std::string>(std::string shortFlag, std::string longFlag,
                                                                  std::string& value, int start);
 

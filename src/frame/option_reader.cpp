@@ -65,8 +65,7 @@ int OptionReader::hasOption(const Option& option, int start) const {
     return findOption(option.longFlag, option.shortFlag, start);
 }
 
-int OptionReader::findValue(const std::string& shortFlag, const std::string& longFlag, std::string& text,
-                            int start) const {
+int OptionReader::findValue(const char* shortFlag, const char* longFlag, std::string& text, int start) const {
     char one = keyMark(shortFlag);
     char other = keyMark(longFlag);
     one = one == noMark ? other : one;
@@ -80,6 +79,8 @@ int OptionReader::findValue(const std::string& shortFlag, const std::string& lon
     return static_cast<int>(i) + 1;
 }
 
+template int OptionReader::getValue<std::string>(const char* shortFlag, const char* longFlag, std::string& value,
+                                                 int start);
 template int OptionReader::getValue<std::string>(std::string shortFlag, std::string longFlag, std::string& value,
                                                  int start);
 

@@ -4,12 +4,11 @@
 
 namespace Kelp {
 
-char keyMark(const std::string& name) {
-    const char* const key = name.c_str();
-    if (key[0] != '-') {
+char keyMark(const char* name) {
+    if (name == nullptr || name[0] != '-') {
         return noMark;
     }
-    return key[1] == '\0' || key[2] == '\0' ? foldAscii(key[1]) : noMark;
+    return name[1] == '\0' || name[2] == '\0' ? foldAscii(name[1]) : noMark;
 }
 
 std::size_t findMark(const std::string& marks, char one, char other, std::size_t from) {

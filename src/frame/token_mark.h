@@ -21,9 +21,9 @@ inline char tokenMark(const char* token) {
     return foldAscii(keyLetter(token));
 }
 
-/// The mark of the flag tokens that have `name` for their key; noMark when no key has that form.
+/// The mark of the flag tokens that have `name` for their key; noMark when no key has that form, or for null.
 constexpr char noMark = 'N';
-char keyMark(const std::string& name);
+char keyMark(const char* name);
 
 inline bool isArgumentMark(char mark) {
     return mark == markOfArgument || mark == markOfSlash;

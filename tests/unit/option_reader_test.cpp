@@ -96,6 +96,15 @@ TEST(OptionReader, AMatchAtTheProgramPathHidesLaterOnes) {
     EXPECT_EQ(reader.hasOption("-v", "--verbose", 1), 1);
 }
 
+TEST(OptionReader, ReadsNamesUpToTheirFirstNul) {
+    Kelp::OptionReader reader = readerOf({"tool", "-o=5"});
+    std::string value;
+    EXPECT_EQ(reader.getValue(std::string("-o\0x", 4), "", value, 1), 2);
+    EXPECT_EQ(reader.getValue(std::string("\0-o", 3), "", value, 1), 0);
+    EXPECT_EQ(reader.getValue({}, "-o", value, 1), 2);
+    EXPECT_EQ(reader.getValue(nullptr, nullptr, value, 1), 0);
+}
+
 TEST(OptionReader, ReadsTheValueAfterTheFirstEqualsSign) {
     const struct {
         const char* token;
@@ -130,7 +139,10 @@ TEST(OptionReader, ReadsTheValueAfterTheFirstEqualsSign) {
     for (const auto& c : cases) {
         Kelp::OptionReader reader = readerOf({"tool", c.token});
         std::string value = "before";
-        EXPECT_EQ(reader.getValue<std::string>(c.shortFlag, c.longFlag, value, 1), c.next) << c.token;
+        EXPECT_EQ(reader.getValue(c.shortFlag, c.longFlag, value, 1), c.next) << c.token;
+        EXPECT_EQ(value, c.value) << c.token;
+        value = "before";
+        EXPECT_EQ(reader.getValue(std::string(c.shortFlag), std::string(c.longFlag), value, 1), c.next) << c.token;
         EXPECT_EQ(value, c.value) << c.token;
     }
 }
