@@ -7,12 +7,7 @@ set(KELPLIB_PUBLIC_HEADERS
     include/kelplib/KelpProgress.h)
 
 include(CheckCXXSourceCompiles)
-check_cxx_source_compiles("
-    #include <string>
-    static_assert(__GLIBCXX__ > 0);
-    int main() {}"
-    KELPLIB_USES_LIBSTDCXX)
-# Where <iostream> costs every tool's start something, the streams are made ready at their first use.
+# Where the streams can be declared without <iostream>, they are made ready at their first use.
 check_cxx_source_compiles("
     #include <ostream>
     namespace std { extern ostream cout; }
