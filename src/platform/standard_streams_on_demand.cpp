@@ -9,8 +9,23 @@ extern ostream cout;
 
 namespace {
 
+/// Streams that are made ready late are flushed early at the end of the process. What a program's static objects print after
+/// that is flushed here: this one is made when the library is loaded, and so goes after them.
+struct LastFlush {
+    ~LastFlush() {
+        if (wanted) {
+            const std::ios_base::Init flushesWhenItGoes;
+        }
+    }
+
+    bool wanted = false;
+};
+
+LastFlush lastFlush;
+
 void makeReady() {
     static const std::ios_base::Init ready;
+    lastFlush.wanted = true;
 }
 
 }  // namespace
