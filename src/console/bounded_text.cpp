@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "util/rounding.h"
+
 namespace Kelp {
 
 namespace {
@@ -43,7 +45,7 @@ void BoundedText::append(int number) {
 
 void BoundedText::appendTenths(double number) {
     // printf takes longer than all the rest of a progress line, so it is left to unusual numbers.
-    if (number > 0.0 && number < 1e8 && writesPoint()) {
+    if (number > 0.0 && number < 1e8 && roundsToNearest() && writesPoint()) {
         const int tenths = roundToTenths(number);
         append(tenths / 10);
         const char decimals[] = {'.', static_cast<char>('0' + tenths % 10)};

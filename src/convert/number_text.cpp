@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "util/leading_int.h"
+#include "util/rounding.h"
 
 namespace Kelp {
 
@@ -75,7 +76,7 @@ char* writeFixed(char* position, const Scientific& number) {
 /// \returns nullptr for any other number, and where scientific notation might be shorter
 char* writeThousandths(char* position, double number) {
     constexpr double limit = 1e12;
-    if (!(number < limit)) {
+    if (!(number < limit) || !roundsToNearest()) {
         return nullptr;
     }
     const double scaled = number * 1000.0;

@@ -2,8 +2,6 @@
 #define KELPLIB_CONVERT_NUMBER_TEXT_H
 
 #include <cstddef>
-#include <string>
-#include <string_view>
 
 namespace Kelp {
 

@@ -1,5 +1,8 @@
 #include <kelplib/Kelp.h>
 
+#include <algorithm>
+#include <string_view>
+
 #include "convert/number_text.h"
 
 namespace {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cfenv>
 #include <cmath>
 #include <limits>
 
@@ -34,6 +35,19 @@ TEST(NumberText, HasTheFewestDigitsThatReadBack) {
         {2.2250738585072014e-308, "2.2250738585072014e-308"},
         {5e-324, "5e-324"},
     });
+}
+
+TEST(NumberText, DoesNotDependOnTheDirectionOfRounding) {
+    for (const int mode : {FE_DOWNWARD, FE_UPWARD, FE_TOWARDZERO}) {
+        std::fesetround(mode);
+        const std::string below = textOf(0.09999999999999999);
+        const std::string above = textOf(0.10000000000000002);
+        const std::string tenth = textOf(0.1);
+        std::fesetround(FE_TONEAREST);
+        EXPECT_EQ(below, "0.09999999999999999") << mode;
+        EXPECT_EQ(above, "0.10000000000000002") << mode;
+        EXPECT_EQ(tenth, "0.1") << mode;
+    }
 }
 
 TEST(NumberText, IsFixedOrScientificWhicheverIsShorter) {

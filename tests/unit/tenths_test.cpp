@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cfenv>
 #include <clocale>
 #include <cmath>
 #include <cstdio>
@@ -45,6 +46,16 @@ TEST(Tenths, OfLargeNumbersAreRoundedAsPrintfRounds) {
         for (int i = 0; i <= 400; ++i) {
             ASSERT_NO_FATAL_FAILURE(expectSameBeside(large + i / 80.0));
         }
+    }
+}
+
+TEST(Tenths, AreRoundedAsTheProgramHasAskedFor) {
+    for (const int mode : {FE_DOWNWARD, FE_UPWARD, FE_TOWARDZERO, FE_TONEAREST}) {
+        std::fesetround(mode);
+        for (int i = 0; i <= 200; ++i) {
+            EXPECT_EQ(tenths(i / 16.0), withPrintf(i / 16.0)) << mode << ": " << i;
+        }
+        std::fesetround(FE_TONEAREST);
     }
 }
 

@@ -20,6 +20,21 @@ using DoublePair = std::tuple<double, double>;
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
+// Long texts are put together from blocks: no number may be lost or cut where one block ends, wherever that is.
+TEST(ValueText, OfManyNumbersIsWhole) {
+    for (const int first : {0, 7, 95, 1001, 123456}) {
+        Doubles values;
+        std::string expected;
+        for (int number = first; number < first + 700; ++number) {
+            // Not 100000 and the like, which are shorter in scientific notation.
+            const int odd = 2 * number + 1;
+            values.push_back(odd);
+            expected += (values.size() == 1 ? "" : ", ") + std::to_string(odd);
+            ASSERT_EQ(std::to_string(values), expected) << values.size() << " numbers";
+        }
+    }
+}
+
 TEST(ValueText, OfNumbersIsSeparatedByCommaAndBlank) {
     const struct {
         Doubles values;
