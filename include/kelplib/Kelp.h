@@ -161,6 +161,13 @@ public:
     /// \throws std::logic_error  "basic_string: construction from null is not valid" for a null element among them
     OptionReader(int argc, char** argv);
 
+    // A copy holds the same tokens; one that is moved from has none.
+    OptionReader(const OptionReader&);
+    OptionReader(OptionReader&&) noexcept;
+    OptionReader& operator=(const OptionReader&);
+    OptionReader& operator=(OptionReader&&) noexcept;
+    ~OptionReader();
+
     /// Finds the first token at or after `start` that equals one of the two names, ignoring case. Whole tokens are
     /// compared: "-n=5" is not "-n".
     /// \param start  first position looked at; 0 includes the program path, and a match there reads as nothing found
@@ -221,7 +228,7 @@ private:
     std::string_view token(std::size_t position) const;
 
     // One behind the other, which reads a command line as fast as memory does: a string of each token's own would take
-    // several times as long to make.
+    // several times as long to make. There are as many tokens as marks; without any, the other two may be empty.
     std::string tokens;               ///< each with its NUL
     std::vector<std::size_t> begins;  ///< where they begin, and the end of the last
     std::string marks;                ///< one character for each token, by which the queries find theirs

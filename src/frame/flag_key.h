@@ -11,8 +11,9 @@ inline char keyLetter(const char* flag) {
     return flag[1] == '-' ? flag[2] : flag[1];
 }
 
-/// The key of a flag token, behind which a NUL stands: its first two characters, or a dash and the third one after "--". So "--output" and "-o=x" share the
-/// key "-o". The key of "--" is a dash and a NUL: read as a C string it is "-", printed it is both.
+/// The key of a flag token, behind which a NUL stands: its first two characters, or a dash and the third one after "--". So
+/// "--output" and "-o=x" share the key "-o". The key of "--" is a dash and a NUL: read as a C string it is "-", printed it
+/// is both.
 std::string flagKey(std::string_view flag);
 
 }  // namespace Kelp

@@ -41,6 +41,16 @@ OptionReader::OptionReader(int argc, char** argv) {
     }
 }
 
+OptionReader::OptionReader(const OptionReader&) = default;
+OptionReader::OptionReader(OptionReader&&) noexcept = default;
+OptionReader& OptionReader::operator=(OptionReader&&) noexcept = default;
+OptionReader::~OptionReader() = default;
+
+OptionReader& OptionReader::operator=(const OptionReader& other) {
+    // Whole or not at all: the members belong together.
+    return *this = OptionReader(other);
+}
+
 std::string_view OptionReader::token(std::size_t position) const {
     return {tokens.data() + begins[position], begins[position + 1] - begins[position] - 1};
 }
@@ -95,10 +105,12 @@ int OptionReader::getFirstArgument(std::string& argument, int start) const {
 
 bool OptionReader::getArguments(std::vector<std::string>& arguments, int start) const {
     const std::size_t before = arguments.size();
+    const std::size_t first = std::min(firstPosition(skipProgramPath(start)), marks.size());
     if (before == 0) {
-        arguments.reserve(static_cast<std::size_t>(std::count_if(marks.begin(), marks.end(), isArgumentMark)));
+        const auto begin = marks.begin() + static_cast<std::ptrdiff_t>(first);
+        arguments.reserve(static_cast<std::size_t>(std::count_if(begin, marks.end(), isArgumentMark)));
     }
-    for (std::size_t i = firstPosition(skipProgramPath(start)); i < marks.size(); ++i) {
+    for (std::size_t i = first; i < marks.size(); ++i) {
         if (isArgumentMark(marks[i])) {
             arguments.emplace_back(token(i));
         }
