@@ -7,23 +7,21 @@ namespace Kelp {
 
 namespace {
 
-[[noreturn]] void throwNoToken() {
-    throw std::logic_error("basic_string: construction from null is not valid");
-}
+constexpr char noToken[] = "basic_string: construction from null is not valid";
 
 }  // namespace
 
 const char* tokenAt(int argc, char** argv, int position) {
     // argv[argc] is there, though it is null as a rule.
     if (position > argc || argv == nullptr || argv[position] == nullptr) {
-        throwNoToken();
+        throw std::logic_error(noToken);
     }
     return argv[position];
 }
 
 void checkTokens(int argc, char** argv) {
     if (argc > 0 && (argv == nullptr || std::find(argv, argv + argc, nullptr) != argv + argc)) {
-        throwNoToken();
+        throw std::logic_error(noToken);
     }
 }
 

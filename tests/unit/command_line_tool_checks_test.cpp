@@ -42,6 +42,28 @@ TEST(CommandLineToolChecks, AcceptsANegativeNumberWhoseKeyIsRegistered) {
     EXPECT_EQ(tool.hasOption("-5", 0), 1);
 }
 
+TEST(CommandLineToolChecks, AcceptsDashesThatAreRegistered) {
+    const struct {
+        const char* registered;
+        Strings tokens;
+    } cases[] = {
+        {"-", {"tool", "-", "-"}},
+        {"--", {"tool", "---", "---x", "---"}},
+    };
+    for (const auto& c : cases) {
+        Arguments line(c.tokens);
+        const CapturedOutput output;
+        const CommandLineTool tool(line.argc(), line.argv(), "", Kelp::Option(c.registered, "", "", false));
+        EXPECT_EQ(output.text(), "") << c.registered;
+    }
+}
+
+TEST(CommandLineToolChecks, AcceptsEitherLetterCaseAgainAndAgain) {
+    const CapturedOutput output;
+    const Tool tool({"tool", "-O", "-O", "-o", "--O", "-V", "-v"});
+    EXPECT_EQ(output.text(), "");
+}
+
 TEST(CommandLineToolChecks, VerboseModeIsAskedForByWholeTokens) {
     const struct {
         Strings tokens;

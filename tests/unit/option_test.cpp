@@ -47,8 +47,9 @@ TEST(Option, TakesStringsAsItTakesLiterals) {
     EXPECT_TRUE(argument.repeated);
 }
 
-TEST(Option, OfEmptyBracesIsEmpty) {
+TEST(Option, OfNothingIsEmpty) {
     EXPECT_EQ(std::to_string(Kelp::Option({}, {}, {}, false)), ", :\t");
+    EXPECT_EQ(std::to_string(Kelp::Option("-a", nullptr, "b", false)), "-a, :\tb");
     const Kelp::Argument argument({}, {}, false);
     EXPECT_EQ(argument.name, "");
     EXPECT_EQ(argument.description, "");
