@@ -80,7 +80,8 @@ char* writeThousandths(char* position, double number) {
         return nullptr;
     }
     const double scaled = number * 1000.0;
-    const auto thousandths = static_cast<std::int64_t>(scaled + 0.5);
+    auto thousandths = static_cast<std::int64_t>(scaled);
+    thousandths += scaled - static_cast<double>(thousandths) > 0.5 ? 1 : 0;
     // The product is rounded, so the quotient decides; the difference only spares the division where it is in vain.
     const auto nearest = static_cast<double>(thousandths);
     if (std::fabs(scaled - nearest) > 0.125 || nearest / 1000.0 != number) {

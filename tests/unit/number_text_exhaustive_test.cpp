@@ -180,9 +180,10 @@ TEST(NumberTextExhaustive, IsShortestForThousandths) {
 TEST(NumberTextExhaustive, IsShortestForWholeNumbers) {
     for (int digits = 1; digits <= 99; ++digits) {
         double number = digits;
-        for (int zeros = 0; zeros <= 20; ++zeros, number *= 10.0) {
+        for (int zeros = 0; zeros <= 20; ++zeros) {
             ASSERT_NO_FATAL_FAILURE(expectExact(number));
             ASSERT_NO_FATAL_FAILURE(expectExact(number + 1.0));
+            number *= 10.0;
         }
     }
 }

@@ -26,7 +26,9 @@ const Strings many = {"tool", "-o=a", "a token of more than a few characters", "
 TEST(OptionReaderCopies, HoldTheSameTokens) {
     for (const Strings& tokens : {few, many, Strings()}) {
         const Kelp::OptionReader original = readerOf(tokens);
-        const Kelp::OptionReader copy(original);
+        Kelp::OptionReader copy(original);
+        copy.setVerbose(true);
+        EXPECT_FALSE(original.getVerbose());
         EXPECT_EQ(tokensOf(copy), tokens);
         EXPECT_EQ(tokensOf(original), tokens);
     }
