@@ -1,5 +1,7 @@
 // For standard libraries whose <iostream> makes the streams ready in every file that includes it, and whose streams can be
 // declared without it. The build finds out.
+#include <atomic>
+
 #include "platform/standard_streams.h"
 
 namespace std {
@@ -18,7 +20,7 @@ struct LastFlush {
         }
     }
 
-    bool wanted = false;
+    std::atomic<bool> wanted = false;  // Threads of a tool may print first, several at once.
 };
 
 LastFlush lastFlush;
