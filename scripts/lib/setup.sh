@@ -55,9 +55,16 @@ need_for_benchmarks() {
         "/usr/include/tclap/CmdLine.h libtclap-dev")
 }
 
+need_for_fuzzing() {
+    need_for_tests
+    needs+=("clang clang" "clang++ clang"
+            "/usr/lib/llvm-*/lib/clang/*/lib/linux/libclang_rt.fuzzer-x86_64.a libclang-rt-dev")
+}
+
 need_for_all_tests() {
     need_for_tests
     need_for_guard
+    need_for_fuzzing
     need_for_windows
     needs+=(
         "clang clang" "clang++ clang" "clang-tidy clang-tidy" "clang-format clang-format"

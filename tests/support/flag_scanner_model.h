@@ -1,11 +1,14 @@
 #ifndef KELPLIB_TESTS_FLAG_SCANNER_MODEL_H
 #define KELPLIB_TESTS_FLAG_SCANNER_MODEL_H
 
+#include <algorithm>
+#include <climits>
 #include <cstdlib>
 #include <string>
 #include <vector>
 
 #include "pieces_of.h"
+#include "plain_lower.h"
 
 /// The rules of the scanners that work on argv, in the plainest way. Each answers with one text that tells the result, the
 /// value and what is printed.
@@ -24,22 +27,13 @@ inline bool isFlag(const Token& token) {
     return token.text.rfind('-', 0) == 0;
 }
 
-inline std::string lower(std::string text) {
-    for (char& c : text) {
-        if (c >= 'A' && c <= 'Z') {
-            c = "abcdefghijklmnopqrstuvwxyz"[c - 'A'];
-        }
-    }
-    return text;
-}
-
 inline int nextFlag(const Line& line, const std::string& flag, int start) {
     for (int i = 0; i < static_cast<int>(line.size()); ++i) {
         const Token& token = *line[static_cast<std::size_t>(i)];
         if (i < start) {
             continue;
         }
-        if (isFlag(token) && lower(token.text.substr(0, 2)) == lower(flag)) {
+        if (isFlag(token) && plainLower(token.text.substr(0, 2)) == plainLower(flag)) {
             return i;
         }
         if (!token.parts.empty() && token.parts[0] == flag) {
@@ -96,7 +90,8 @@ inline std::string multiStringFlag(const Line& line, const std::string& flag) {
 }
 
 inline int leadingInt(const std::string& text) {
-    return static_cast<int>(std::strtol(text.c_str(), nullptr, 10));
+    const long long number = std::strtoll(text.c_str(), nullptr, 10);
+    return static_cast<int>(std::clamp<long long>(number, INT_MIN, INT_MAX));
 }
 
 inline std::string intFlag(const Line& line, const std::string& flag, int start) {

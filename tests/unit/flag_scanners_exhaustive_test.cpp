@@ -1,11 +1,7 @@
 #include <gtest/gtest.h>
 #include <kelplib/Kelp.h>
 
-#include <stdexcept>
-
-#include "arguments.h"
-#include "captured_output.h"
-#include "flag_scanner_model.h"
+#include "scanner_answers.h"
 
 /// Every command line of up to three tokens over a small set, compared with the scanners' rules. Verbosity is at most 10.
 namespace {
@@ -13,7 +9,6 @@ namespace {
 namespace model = flag_scanner_model;
 using model::joined;
 using model::Strings;
-using model::told;
 
 const Strings vocabulary{"",
                          "-",
@@ -42,60 +37,16 @@ const Strings vocabulary{"",
                          "--HELP",
                          "file"};
 
-std::string actualString(Arguments& line, const std::string& flag, int start) {
-    std::string value = "before";
-    try {
-        const int position = Kelp::getStringFlag(line.argc(), line.argv(), flag, value, start);
-        return told(position, value);
-    } catch (const std::out_of_range&) {
-        return "out of range";
-    }
-}
-
-std::string actualMulti(Arguments& line, const std::string& flag) {
-    Strings values{"before"};
-    try {
-        const int count = Kelp::getMultiStringFlag(line.argc(), line.argv(), flag, values);
-        return told(count, joined(values));
-    } catch (const std::out_of_range&) {
-        return "out of range";
-    }
-}
-
-std::string actualInt(Arguments& line, const std::string& flag, int start) {
-    const CapturedOutput output;
-    int value = 77;
-    try {
-        const int position = Kelp::getIntFlag(line.argc(), line.argv(), flag, value, start);
-        return told(position, std::to_string(value)) + output.text();
-    } catch (const std::logic_error&) {
-        return "no token";
-    }
-}
-
-template <class T>
-std::string actualRange(Arguments& line, int (*scan)(int, char**, std::array<T, 2>&)) {
-    std::array<T, 2> range{77, 88};
-    const int result = scan(line.argc(), line.argv(), range);
-    return told(result,
-                std::to_string(static_cast<double>(range[0])) + ":" + std::to_string(static_cast<double>(range[1])));
-}
-
-std::string actualPositional(Arguments& line) {
-    return Kelp::getFirstFileName(line.argc(), line.argv()) + ", " +
-           joined(Kelp::getAllArguments(line.argc(), line.argv()));
-}
-
 void compareFlag(const model::Line& line, Arguments& actual, const char* flag) {
     for (const int start : {-1, 0, 1, 2, 3}) {
         SCOPED_TRACE(start);
         ASSERT_EQ(Kelp::getNextFlag(actual.argc(), actual.argv(), flag, start), model::nextFlag(line, flag, start));
-        ASSERT_EQ(actualInt(actual, flag, start), model::intFlag(line, flag, start));
+        ASSERT_EQ(scanner_answers::integer(actual, flag, start), model::intFlag(line, flag, start));
         int position = 0;
         std::string value = "before";
-        ASSERT_EQ(actualString(actual, flag, start), model::stringFlag(line, flag, start, position, value));
+        ASSERT_EQ(scanner_answers::string(actual, flag, start), model::stringFlag(line, flag, start, position, value));
     }
-    ASSERT_EQ(actualMulti(actual, flag), model::multiStringFlag(line, flag));
+    ASSERT_EQ(scanner_answers::strings(actual, flag), model::multiStringFlag(line, flag));
 }
 
 void compareAll(const model::Line& line) {
@@ -109,11 +60,13 @@ void compareAll(const model::Line& line) {
         SCOPED_TRACE(flag);
         ASSERT_NO_FATAL_FAILURE(compareFlag(line, actual, flag));
     }
-    ASSERT_EQ(actualRange(actual, Kelp::getTimeRangeFlag), model::rangeFlag(line, "-tr", "--timerange", false));
-    ASSERT_EQ(actualRange(actual, Kelp::getStepRangeFlag), model::rangeFlag(line, "-sr", "--steprange", true));
+    ASSERT_EQ(scanner_answers::range(actual, Kelp::getTimeRangeFlag),
+              model::rangeFlag(line, "-tr", "--timerange", false));
+    ASSERT_EQ(scanner_answers::range(actual, Kelp::getStepRangeFlag),
+              model::rangeFlag(line, "-sr", "--steprange", true));
     ASSERT_EQ(Kelp::getHelpFlag(actual.argc(), actual.argv()),
               model::nextFlag(line, "-h", 0) != 0 || model::nextFlag(line, "--help", 0) != 0);
-    ASSERT_EQ(actualPositional(actual), model::positional(line));
+    ASSERT_EQ(scanner_answers::positional(actual), model::positional(line));
 }
 
 TEST(FlagScannersExhaustive, AgreeWithTheRulesOnEveryShortCommandLine) {

@@ -1,30 +1,19 @@
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 #include "all_texts.h"
 #include "convert/number_reading.h"
 #include "digest.h"
+#include "number_model.h"
 #include "number_types.h"
 
 namespace {
 
 using namespace std::string_view_literals;
+using number_model::extractedOver;
+using number_model::streamsStopWhereTheNumberStops;
 
 constexpr auto letters = "019+-.eEx a\0"sv;
 constexpr std::size_t longest = 5;
-
-template <class T>
-T extractedOver(T old, const std::string& text) {
-    std::stringstream(text) >> old;
-    return old;
-}
-
-/// Whether this library's streams stop at the first character that cannot continue a number, as the standard's
-/// conversion table has it. Some take "abc" into a real number first and then find that the whole is none.
-bool streamsStopWhereTheNumberStops() {
-    return extractedOver(99.0, "12abc") == 12.0;
-}
 
 /// The digest of what is read from all texts, each over 99. Typed in below: the same on every system.
 template <class T>

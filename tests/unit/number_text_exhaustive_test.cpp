@@ -7,76 +7,14 @@
 #include <cstring>
 
 #include "bit_pattern.h"
+#include "number_text_model.h"
 #include "number_text_of.h"
+
 /// Number texts over the whole range of a double, compared with both notations made in the plainest way.
 namespace {
 
-/// A number above 0 as digits with a point behind the first, times a power of ten.
-struct Decimal {
-    std::string digits;
-    int exponent = 0;
-};
-
-double read(const std::string& text) {
-    // Where paths are wide, the C library's own reading is not exact for every text.
-    if (std::is_same_v<std::filesystem::path::value_type, char>) {
-        return std::strtod(text.c_str(), nullptr);
-    }
-    double number = 0.0;
-    Kelp::stringToValue(number, text);
-    return number;
-}
-
-/// With as few digits as read back.
-Decimal shortestDecimal(double number) {
-    Decimal shortest;
-    char text[32];
-    for (int precision = 16; precision >= 0; --precision) {
-        static_cast<void>(std::snprintf(text, sizeof text, "%.*e", precision, number));
-        if (bitsOf(read(text)) != bitsOf(number)) {
-            break;
-        }
-        const std::string whole = text;
-        const std::size_t mark = whole.find('e');
-        shortest = {whole.substr(0, 1), std::stoi(whole.substr(mark + 1))};
-        if (precision > 0) {
-            shortest.digits += whole.substr(2, mark - 2);
-        }
-    }
-    return shortest;
-}
-
-std::string scientific(const Decimal& number) {
-    std::string text = number.digits;
-    if (text.size() > 1) {
-        text.insert(1, ".");
-    }
-    const int magnitude = std::abs(number.exponent);
-    return text + (number.exponent < 0 ? "e-" : "e+") + (magnitude < 10 ? "0" : "") + std::to_string(magnitude);
-}
-
-std::string fixed(const Decimal& number) {
-    std::string text = number.digits;
-    int integerDigits = number.exponent + 1;
-    for (; integerDigits < 1; ++integerDigits) {
-        text.insert(0, "0");
-    }
-    while (static_cast<int>(text.size()) < integerDigits) {
-        text += "0";
-    }
-    if (static_cast<int>(text.size()) > integerDigits) {
-        text.insert(static_cast<std::size_t>(integerDigits), ".");
-    }
-    return text;
-}
-
-std::string expectedText(double number) {
-    const Decimal decimal = shortestDecimal(std::fabs(number));
-    const std::string shortFixed = fixed(decimal);
-    const std::string shortScientific = scientific(decimal);
-    return (std::signbit(number) ? "-" : "") +
-           (shortFixed.size() <= shortScientific.size() ? shortFixed : shortScientific);
-}
+using number_text_model::expectedText;
+using number_text_model::read;
 
 void expectExact(double number) {
     const std::string text = textOf(number);

@@ -2,84 +2,21 @@
 #include <kelplib/Kelp.h>
 
 #include "arguments.h"
+#include "option_reader_model.h"
 
 /// Every command line of up to three tokens over a small set, compared with the reader's rules written down once more in
 /// the plainest way.
 namespace {
 
-using Strings = std::vector<std::string>;
+namespace model = option_reader_model;
+using model::Found;
+using model::Names;
+using model::Strings;
 
 const Strings vocabulary{"",       "-",   "--",    "---", "-o", "-O", "--o", "--out", "--OUT=a", "-o=",
                          "-o=a=b", "-ox", "-ox=1", "-v",  "-5", "a",  "/?",  "=",     "o",       "-="};
 
-struct Names {
-    const char* shortFlag;
-    const char* longFlag;
-};
 const Names namePairs[] = {{"-o", "--out"}, {"--OUT", "-O"}, {"-", "--"}, {"", "a"}, {"-=", "/?"}};
-
-struct Found {
-    int position;
-    std::string text;
-};
-
-bool operator==(const Found& left, const Found& right) {
-    return left.position == right.position && left.text == right.text;
-}
-
-std::ostream& operator<<(std::ostream& stream, const Found& found) {
-    return stream << found.position << " \"" << found.text << "\"";
-}
-
-std::string lower(std::string text) {
-    for (char& c : text) {
-        if (c >= 'A' && c <= 'Z') {
-            c = "abcdefghijklmnopqrstuvwxyz"[c - 'A'];
-        }
-    }
-    return text;
-}
-
-Found modelOption(const Strings& tokens, const Names& names, int start) {
-    for (int i = 0; i < static_cast<int>(tokens.size()); ++i) {
-        const std::string token = lower(tokens[static_cast<std::size_t>(i)]);
-        if (start >= 0 && i >= start && (token == lower(names.shortFlag) || token == lower(names.longFlag))) {
-            return {i, ""};
-        }
-    }
-    return {0, ""};
-}
-
-Found modelValue(const Strings& tokens, const Names& names, int start) {
-    for (int i = 0; i < static_cast<int>(tokens.size()); ++i) {
-        const std::string& token = tokens[static_cast<std::size_t>(i)];
-        if (start < 0 || i < start || token.rfind('-', 0) != 0) {
-            continue;
-        }
-        std::string key = token.size() < 2 ? token : token.substr(0, 2);
-        if (key == "--") {
-            key = token.size() == 2 ? "-" : std::string("-") + token[2];
-        }
-        if (lower(key) == lower(names.shortFlag) || lower(key) == lower(names.longFlag)) {
-            const bool hasValue = token.find('=') != std::string::npos;
-            return {i + 1, hasValue ? token.substr(token.find('=') + 1) : ""};
-        }
-    }
-    return {0, "before"};
-}
-
-Strings modelArguments(const Strings& tokens, int start, int& firstPosition) {
-    Strings arguments;
-    firstPosition = 0;
-    for (int i = 1; i < static_cast<int>(tokens.size()); ++i) {
-        const std::string& token = tokens[static_cast<std::size_t>(i)];
-        if (start >= 0 && i >= start && token.rfind('-', 0) != 0) {
-            firstPosition = arguments.empty() ? i : firstPosition;
-            arguments.push_back(token);
-        }
-    }
-    return arguments;
-}
 
 std::string described(const Strings& tokens, int start) {
     std::string text = "from " + std::to_string(start) + ":";
@@ -92,16 +29,17 @@ std::string described(const Strings& tokens, int start) {
 void compareFlags(Kelp::OptionReader& reader, const Strings& tokens, int start) {
     for (const Names& names : namePairs) {
         const Found option{reader.hasOption(names.shortFlag, names.longFlag, start), ""};
-        ASSERT_EQ(option, modelOption(tokens, names, start)) << described(tokens, start) << " for " << names.shortFlag;
+        ASSERT_EQ(option, model::option(tokens, names, start))
+            << described(tokens, start) << " for " << names.shortFlag;
         Found value{0, "before"};
-        value.position = reader.getValue(names.shortFlag, names.longFlag, value.text, start);
-        ASSERT_EQ(value, modelValue(tokens, names, start)) << described(tokens, start) << " for " << names.shortFlag;
+        value.first = reader.getValue(names.shortFlag, names.longFlag, value.second, start);
+        ASSERT_EQ(value, model::value(tokens, names, start)) << described(tokens, start) << " for " << names.shortFlag;
     }
 }
 
 void compareArguments(const Kelp::OptionReader& reader, const Strings& tokens, int start) {
     int position = 0;
-    const Strings expected = modelArguments(tokens, start, position);
+    const Strings expected = model::arguments(tokens, start, position);
     Strings arguments;
     ASSERT_EQ(reader.getArguments(arguments, start), !expected.empty()) << described(tokens, start);
     ASSERT_EQ(arguments, expected) << described(tokens, start);

@@ -1,0 +1,95 @@
+// The start of a tool, in lines: "full" or anything else for the short constructor; its options ("+short,long,text"), its
+// arguments (":name", ":name..."), then the tokens. All that is printed is compared. The help screen's pause, the last thing
+// before the process ends, throws here instead.
+#include "arguments.h"
+#include "captured_output.h"
+#include "check.h"
+#include "fake_platform.h"
+#include "input.h"
+#include "start_up_model.h"
+#include "target.h"
+
+namespace {
+
+using fuzz::expectSame;
+
+struct ProcessEnds {};
+
+start_up_model::ToolText toolTextOf(fuzz::Input& input) {
+    start_up_model::ToolText tool;
+    tool.full = input.line() == "full";
+    while (!input.isEmpty()) {
+        const std::string line = input.line();
+        if (line.rfind('+', 0) == 0) {
+            const std::size_t first = line.find(',');
+            const std::size_t second = first == std::string::npos ? first : line.find(',', first + 1);
+            const bool whole = second != std::string::npos;
+            tool.options.emplace_back(line.substr(1, whole ? first - 1 : first),
+                                      whole ? line.substr(first + 1, second - first - 1) : "",
+                                      whole ? line.substr(second + 1) : "", false);
+        } else if (line.rfind(':', 0) == 0) {
+            const bool repeated = line.size() > 3 && line.substr(line.size() - 3) == "...";
+            tool.arguments.emplace_back(line.substr(1, line.size() - (repeated ? 4 : 1)), "text", repeated);
+        } else {
+            tool.tokens.emplace_back(line.c_str());
+        }
+    }
+    return tool;
+}
+
+/// What a tool that has started answers.
+void compareTool(const CommandLineTool& tool, const start_up_model::ToolText& text) {
+    expectSame("isVerbose", tool.isVerbose(), start_up_model::isVerbose(text));
+    for (const Kelp::Option& option : text.options) {
+        expectSame("hasOption", tool.hasOption(option.shortFlag, 0), start_up_model::hasOption(text, option.shortFlag));
+    }
+    std::list<std::string> arguments;
+    tool.getArguments(arguments, 0);
+    int position = 0;
+    expectSame("getArguments", std::vector<std::string>(arguments.begin(), arguments.end()),
+               option_reader_model::arguments(text.tokens, 0, position));
+}
+
+void start(start_up_model::ToolText& text) {
+    Arguments line(text.tokens);
+    if (text.full) {
+        const CommandLineTool tool(line.argc(), line.argv(), "Does a job", "", "-o=b a", "Made for tests", text.options,
+                                   text.arguments);
+        expectSame("getOptions", tool.getOptions().size(), text.options.size());
+        compareTool(tool, text);
+    } else {
+        const CommandLineTool tool(line.argc(), line.argv(), "Does a job", text.options);
+        compareTool(tool, text);
+    }
+}
+
+/// All that is printed, and how it ends.
+std::string run(start_up_model::ToolText& text) {
+    const CapturedOutput output;
+    std::string end = "[running]";
+    try {
+        start(text);
+    } catch (const ProcessEnds&) {
+        end = "[the end]";
+    } catch (const std::out_of_range&) {
+        end = "[out of range]";
+    }
+    return output.text() + end;
+}
+
+}  // namespace
+
+void fuzz::start_up(const std::uint8_t* data, std::size_t size) {
+    Input input(data, size);
+    start_up_model::ToolText text = toolTextOf(input);
+    if (start_up_model::opensAFileElsewhere(text)) {
+        return;
+    }
+    fake_platform::reset();
+    fake_platform::state().onSleep = [](unsigned int milliseconds) {
+        expectSame("pause", milliseconds, 500U);
+        throw ProcessEnds();
+    };
+    expectSame("screen", run(text), start_up_model::screen(text));
+    fake_platform::reset();
+}
