@@ -1,0 +1,83 @@
+// Every allocation of every public entry point fails once: the reader, and what looks at the system.
+#include <kelplib/CommandLineTool.h>
+
+#include <functional>
+
+#include "arguments.h"
+#include "failing_allocations.h"
+#include "fake_keyboard.h"
+#include "fake_platform.h"
+#include "scoped_variable.h"
+
+namespace {
+
+using failing_allocations::failEach;
+
+const std::string longText(50, 'x');
+
+Arguments& line() {
+    static Arguments tokens{"tool", ".", "-o=/" + longText, "--oops=/" + longText, longText, "-v", longText};
+    return tokens;
+}
+
+TEST(AllocationFailures, OfTheReaderLeaveItUsable) {
+    const auto make = [] { return std::make_unique<Kelp::OptionReader>(line().argc(), line().argv()); };
+    const auto check = [](Kelp::OptionReader& reader) {
+        std::string value;
+        return reader.getValue("-o", "", value, 0) == 3 && value == "/" + longText &&
+               reader.hasOption("-v", "", 0) == 5;
+    };
+    const auto fail = [&](const char* name, const std::function<void(Kelp::OptionReader&)>& use) {
+        failEach(name, make, use, check);
+    };
+    fail("construction", [](Kelp::OptionReader& reader) { reader = Kelp::OptionReader(line().argc(), line().argv()); });
+    fail("hasOption", [](Kelp::OptionReader& reader) { reader.hasOption(longText, longText, 0); });
+    fail("hasOption of an option", [](Kelp::OptionReader& reader) {
+        reader.hasOption({longText, longText, "", true}, 0);
+    });
+    fail("getValue", [](Kelp::OptionReader& reader) {
+        std::string value;
+        reader.getValue("-o", longText, value, 0);
+    });
+    fail("getValue of texts", [](Kelp::OptionReader& reader) {
+        std::vector<std::string> value;
+        reader.getValue("-o", longText, value, 0);
+    });
+    fail("getFirstArgument", [](Kelp::OptionReader& reader) {
+        std::string argument;
+        reader.getFirstArgument(argument, 2);
+    });
+    fail("getArguments", [](Kelp::OptionReader& reader) {
+        std::vector<std::string> arguments;
+        reader.getArguments(arguments, 0);
+    });
+    fail("getOptions", [](Kelp::OptionReader& reader) {
+        std::vector<std::string> tokens;
+        reader.getOptions(tokens);
+    });
+    fail("checkFiles", [](Kelp::OptionReader& reader) {
+        std::string file;
+        reader.checkFiles(file, 2);
+    });
+}
+
+TEST(AllocationFailures, OfTheInstallLocationComeOut) {
+    const ScopedVariable path("PATH", "/opt/tarn/" + longText + ";" + longText);
+    failEach("getFilePath", [] { getFilePath(); });
+}
+
+// The wait sees the key at its first look, because the pause before it lasts until the reading thread is done.
+TEST(AllocationFailures, OfAWaitComeOut) {
+    FakeKeyboard keyboard;
+    for (int i = 0; i < 100; ++i) {
+        keyboard.press();
+    }
+    fake_platform::reset();
+    fake_platform::state().sleepsMilliseconds.reserve(100);
+    int waits = 0;
+    fake_platform::state().onSleep = [&](unsigned int) { keyboard.waitForEnds(++waits); };
+    failEach("waitOrPressKey", [] { Kelp::waitOrPressKey(0, longText); });
+    fake_platform::reset();
+}
+
+}  // namespace
