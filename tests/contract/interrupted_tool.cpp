@@ -1,5 +1,5 @@
-// A help screen or a sleep under a rain of signals: interrupted_tool screen, or interrupted_tool sleep MILLISECONDS. At the
-// end it says how many signals its handler saw.
+// A help screen, a sleep or a wait under a rain of signals: interrupted_tool screen, sleep MILLISECONDS, or wait SECONDS. At
+// the end it says how many signals its handler saw.
 #include <kelplib/CommandLineTool.h>
 #include <sys/time.h>
 
@@ -46,6 +46,12 @@ int main(int argc, char** argv) {
     if (what == "sleep" && argc == 3) {
         const double start = Kelp::platform::monotonicSeconds();
         Kelp::platform::sleepMilliseconds(static_cast<unsigned int>(std::stoul(argv[2])));
+        std::printf("%.9f\n", Kelp::platform::monotonicSeconds() - start);
+        return 0;
+    }
+    if (what == "wait" && argc == 3) {
+        const double start = Kelp::platform::monotonicSeconds();
+        Kelp::waitOrPressKey(static_cast<unsigned int>(std::stoul(argv[2])), "waiting");
         std::printf("%.9f\n", Kelp::platform::monotonicSeconds() - start);
         return 0;
     }
