@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <limits>
 #include <string>
 #include <type_traits>
 
@@ -36,7 +37,9 @@ inline Decimal shortestDecimal(double number) {
     char text[32];
     for (int precision = 16; precision >= 0; --precision) {
         static_cast<void>(std::snprintf(text, sizeof text, "%.*e", precision, number));
-        if (bitsOf(read(text)) != bitsOf(number)) {
+        // A text beyond the largest number may read as that number, too: it needs all of its digits.
+        const bool largest = number == std::numeric_limits<double>::max() && precision < 16;
+        if (largest || bitsOf(read(text)) != bitsOf(number)) {
             break;
         }
         const std::string whole = text;

@@ -47,7 +47,7 @@ inline std::optional<std::filesystem::path::string_type> nativePath(const std::s
     using Unit = std::filesystem::path::value_type;
     std::filesystem::path::string_type units;
     if constexpr (sizeof(Unit) == 1) {
-        units = text;
+        units.assign(text.begin(), text.end());
     } else {
         for (std::size_t position = 0; position < text.size();) {
             const auto point = codePoint(text, position);
