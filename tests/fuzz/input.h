@@ -11,6 +11,11 @@
 
 namespace fuzz {
 
+/// A text as C reads it: to its first NUL.
+inline std::string untilNul(const std::string& text) {
+    return text.substr(0, text.find('\0'));
+}
+
 /// The bytes of one input, taken from the front. What is used up reads as 0 and as empty texts.
 class Input {
 public:
@@ -42,7 +47,7 @@ public:
 
     /// A line as C reads it: to its first NUL.
     std::string cText() {
-        return line().c_str();
+        return untilNul(line());
     }
 
     /// The number that a line begins with, in decimal, between two limits.

@@ -27,7 +27,7 @@ void setPath(const std::string& text) {
 }  // namespace
 
 void fuzz::install_location(const std::uint8_t* data, std::size_t size) {
-    const std::string text = Input(data, size).rest().c_str();
+    const std::string text = untilNul(Input(data, size).rest());
     std::string printed;
     std::string expected;
     for (const std::string& entry : piecesOf(text, ';')) {

@@ -41,7 +41,7 @@ void compare(const std::string& text, std::size_t room) {
 void fuzz::labels(const std::uint8_t* data, std::size_t size) {
     Input input(data, size);
     const auto room = input.number<unsigned long long>();
-    const std::string text = input.rest().c_str();
+    const std::string text = untilNul(input.rest());
     compare(text, static_cast<std::size_t>(room));
     compare(text, static_cast<std::size_t>(room % 140));
     KELP_progress_global_init(1.0, 2, text.c_str(), 0);

@@ -54,16 +54,16 @@ void fuzz::localized(const std::uint8_t* data, std::size_t size) {
     Input input(data, size);
     const std::string marks = input.line();
     const std::string text = input.rest();
-    if (!isUsual(marks)) {
+    // Streams of other libraries judge separators at odd places otherwise.
+    if (!isUsual(marks) || !number_model::streamsStopWhereTheNumberStops()) {
         return;
     }
-    const bool streamsAreAModel = number_model::streamsStopWhereTheNumberStops() && number_model::exactCLibrary;
     const ScopedGlobalLocale scope(new Punctuation(marks));
     expectNumber<int>("int", 7, text);
     expectNumber<unsigned short>("unsigned short", 7, text);
     expectNumber<unsigned int>("unsigned int", 7, text);
     expectNumber<unsigned long long>("unsigned long long", 7, text);
-    if (streamsAreAModel) {
+    if (number_model::exactCLibrary) {
         expectNumber<double>("double", 7, text);
         expectNumber<float>("float", 7, text);
     }

@@ -44,7 +44,7 @@ Display displayOf(fuzz::Input& input) {
     display.startTime = input.number<double>();
     display.now = input.number<double>();
     display.lastBlink = input.number<double>();
-    display.label = input.rest().c_str();
+    display.label = fuzz::untilNul(input.rest());
     return display;
 }
 

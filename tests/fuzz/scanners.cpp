@@ -39,10 +39,12 @@ void fuzz::scanners(const std::uint8_t* data, std::size_t size) {
     const std::string flag = input.line();
     const std::vector<std::string> texts = input.cTexts();
     std::vector<model::Token> tokens;
+    tokens.reserve(texts.size());
     for (const std::string& text : texts) {
         tokens.push_back({text, piecesOf(text, '=')});
     }
     model::Line line;
+    line.reserve(tokens.size());
     for (const model::Token& token : tokens) {
         line.push_back(&token);
     }

@@ -31,7 +31,7 @@ start_up_model::ToolText toolTextOf(fuzz::Input& input) {
             const bool repeated = line.size() > 3 && line.substr(line.size() - 3) == "...";
             tool.arguments.emplace_back(line.substr(1, line.size() - (repeated ? 4 : 1)), "text", repeated);
         } else {
-            tool.tokens.emplace_back(line.c_str());
+            tool.tokens.push_back(fuzz::untilNul(line));
         }
     }
     return tool;

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "input.h"
 #include "option_reader_model.h"
 
 /// What a tool prints while it starts and how that ends, put together in the plainest way.
@@ -98,7 +99,8 @@ inline int hasOption(const ToolText& tool, const std::string& shortFlag) {
     for (const Kelp::Option& option : registered(tool)) {
         if (plainLower(option.shortFlag) == plainLower(shortFlag)) {
             // Tokens are C strings, and names are compared as such.
-            return option_reader_model::option(tool.tokens, {option.shortFlag.c_str(), option.longFlag.c_str()}, 0)
+            return option_reader_model::option(tool.tokens,
+                                               {fuzz::untilNul(option.shortFlag), fuzz::untilNul(option.longFlag)}, 0)
                 .first;
         }
     }
