@@ -71,6 +71,18 @@ need_for_all_tests() {
         "/usr/lib/llvm-*/include/c++/v1/version libc++-dev" "/usr/lib/llvm-*/lib/libc++abi.so libc++abi-dev")
 }
 
+need_for_coverage() {
+    need_for_tests
+    needs+=("clang clang" "clang++ clang" "llvm-cov llvm" "llvm-profdata llvm")
+}
+
+# The change of sources reads C++ with the release's own libclang.
+need_for_mutation() {
+    need_for_tests
+    needs+=("/usr/lib/python3/dist-packages/clang/cindex.py python3-clang" "/usr/lib/llvm-*/lib/libclang-[0-9]*.so* python3-clang"
+            "/usr/lib/llvm-*/lib/clang/*/include/stddef.h clang")
+}
+
 # is_there TEST: whether a need is met.
 is_there() {
     case $1 in

@@ -77,6 +77,35 @@ TEST(LocalizedText, ReadsSignsThatAreSeparatorsAsAStreamDoes) {
     EXPECT_EQ(compareAllTexts<double>("10-+e "), 7748225021676417679U);
 }
 
+TEST(LocalizedText, ReadsExponentsOfEitherCase) {
+    const ScopedGlobalLocale scope(new Punctuation(',', '.', "\3"));
+    const struct {
+        const char* text;
+        int integer;
+        double real;
+    } cases[] = {
+        {"1e2", 1, 100.0},  {"1E2", 1, 100.0},      {"2,5e+1", 2, 25.0}, {"2,5E+1", 2, 25.0}, {"5e-1", 5, 0.5},
+        {"5E-1", 5, 0.5},   {"1.000E2", 1000, 1e5}, {"E2", 0, 0.0},      {"1D2", 1, 1.0},     {"1F2", 1, 1.0},
+        {"1E2E3", 1, 100.0}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(readOver<int>(99, c.text), c.integer) << c.text;
+        EXPECT_EQ(readOver<double>(99, c.text), c.real) << c.text;
+    }
+}
+
+TEST(LocalizedText, GroupsOnlyWhereTheFirstGroupHasASize) {
+    const struct {
+        const char* grouping;
+        int value;
+    } cases[] = {{"", 1}, {"\377", 1}, {"\1", 1000}, {"\176", 1000}, {"\177", 1}};
+    for (const auto& c : cases) {
+        const ScopedGlobalLocale scope(new Punctuation(',', '.', c.grouping));
+        EXPECT_EQ(readOver<int>(99, "1.000"), c.value) << static_cast<int>(c.grouping[0]);
+    }
+    const ScopedGlobalLocale scope(new Punctuation(',', '.', std::string("\0\3", 2)));
+    EXPECT_EQ(readOver<int>(99, "1.000"), 1);
+}
+
 /// Writes "-" as "~".
 class Tilde : public std::ctype<char> {
 private:
