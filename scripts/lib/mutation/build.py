@@ -1,0 +1,96 @@
+"""A copy of the project whose sources hold their mutants, and its build."""
+
+import json
+import re
+import shutil
+import subprocess
+
+import schema
+
+OPTIONS = ("-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_C_COMPILER=gcc", "-DCMAKE_CXX_COMPILER=g++", "-DKELPLIB_BUILD_EXAMPLES=OFF")
+ERROR = re.compile(r"^(?P<path>/[^:\n]+):(?P<line>\d+):\d+: error: ", re.M)
+
+
+def write_if_changed(path, text):
+    """Leaves the time of a file that is the same already, so that nothing is built anew for it."""
+    if not path.exists() or path.read_text(encoding="utf-8") != text:
+        path.parent.mkdir(parents=True, exist_ok=True)
+        path.write_text(text, encoding="utf-8")
+
+
+class Build:
+    def __init__(self, root, folder, mutants, jobs):
+        self.root, self.tree, self.out, self.jobs = root, folder / "tree", folder / "out", jobs
+        self.notes = folder / "kept.json"
+        self.mutants = mutants
+        self.sources = {}
+        kept = json.loads(self.notes.read_text(encoding="utf-8")) if self.notes.exists() else []
+        self.kept, self.fixed_lines = set(kept[0]) if kept else set(), {tuple(line) for line in kept[1]} if kept else set()
+
+    def prepare(self):
+        """Builds the copy. What the compiler has to know is found by asking it: those mutants are compiled one by one."""
+        self.copy()
+        header = self.tree / "mutants.h"
+        write_if_changed(header, schema.header(len(self.mutants)))
+        self.write_sources()
+        subprocess.run(["cmake", "-S", self.tree, "-B", self.out, "-G", "Ninja", *OPTIONS,
+                        f"-DCMAKE_CXX_FLAGS_DEBUG=-O1 -w -include {header}"],
+                       check=True, stdout=subprocess.DEVNULL)
+        while True:
+            log = self.build("-k", "0")
+            if log is None:
+                self.notes.write_text(json.dumps([sorted(self.kept), sorted(self.fixed_lines)]), encoding="utf-8")
+                return
+            if not self.keep_constants(log):
+                raise SystemExit(f"the sources with all mutants do not compile:\n{log[-3000:]}")
+            self.write_sources()
+
+    def copy(self):
+        for name in ("cmake", "tests", "include", "src"):
+            present = set()
+            for path in sorted((self.root / name).rglob("*")):
+                relative = path.relative_to(self.root)
+                if not path.is_file() or "__pycache__" in relative.parts:
+                    continue
+                present.add(self.tree / relative)
+                target = self.tree / relative
+                if name in ("include", "src"):
+                    self.sources[relative.as_posix()] = path.read_text(encoding="utf-8")
+                elif not target.exists() or target.read_bytes() != path.read_bytes():
+                    target.parent.mkdir(parents=True, exist_ok=True)
+                    shutil.copy(path, target)
+            for old in {path for path in (self.tree / name).rglob("*") if path.is_file()} - present:
+                if "__pycache__" not in old.parts:
+                    old.unlink()
+        write_if_changed(self.tree / "CMakeLists.txt", (self.root / "CMakeLists.txt").read_text(encoding="utf-8"))
+
+    def write_sources(self):
+        for mutant in self.mutants:
+            if mutant.constant in self.kept or (mutant.file, mutant.line) in self.fixed_lines:
+                mutant.fixed = True
+        for file in self.sources:
+            self.write(file)
+
+    def write(self, file, compiled=None):
+        own = [mutant for mutant in self.mutants if mutant.file == file]
+        write_if_changed(self.tree / file, schema.render(self.sources[file], own, self.kept, compiled))
+
+    def build(self, *options):
+        """Returns None, or what the compiler says."""
+        done = subprocess.run(["ninja", "-C", self.out, f"-j{self.jobs}", *options], check=False, text=True,
+                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT, env=None)
+        return None if done.returncode == 0 else done.stdout
+
+    def keep_constants(self, log):
+        """Takes back what the compiler complains about. Returns whether there was anything."""
+        before = len(self.kept), len(self.fixed_lines)
+        constants = {match["name"] for text in self.sources.values() for match in schema.CONSTANT.finditer(text)}
+        for block in re.split(r"(?m)(?=^FAILED: )", log):
+            if not ERROR.search(block):
+                continue
+            names = constants & set(re.findall(r"\w+", " ".join(re.findall(r"‘[^’]*’", block)))) - self.kept
+            self.kept |= names
+            if not names:
+                self.fixed_lines |= {(match["path"].removeprefix(f"{self.tree}/"), int(match["line"]))
+                                     for match in ERROR.finditer(block)}
+        return before != (len(self.kept), len(self.fixed_lines))

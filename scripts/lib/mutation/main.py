@@ -1,0 +1,209 @@
+"""Changes kelplib's sources in one place at a time and sees whether a test notices; see scripts/mutate --help."""
+
+import argparse
+import collections
+import hashlib
+import json
+import os
+import pathlib
+import queue
+import random
+import sys
+import threading
+import time
+
+import survivors
+from build import Build
+from mutants import mutants_of
+from suites import Suites
+
+ROOT = pathlib.Path(__file__).resolve().parents[3]
+FOLDER = ROOT / "build" / "mutation"
+LIST = ROOT / "tests" / "mutation" / "survivors.txt"
+OTHER_SYSTEM = "src/platform/platform_windows.cpp"
+
+
+def note(text):
+    """The line that tells how far it is; only people read it."""
+    if sys.stderr.isatty():
+        print(f"\r{text[:78]:<78}", end="\r", file=sys.stderr, flush=True)
+
+
+def say(text):
+    note("")
+    print(text, flush=True)
+
+
+def parse_arguments():
+    parser = argparse.ArgumentParser(
+        prog="scripts/mutate", description="Changes kelplib's sources in one place at a time, and sees whether a test notices. "
+        "Ctrl+C stops it; the next call goes on where it stopped, unless sources or tests have changed since. "
+        "Exit status 1 when a change passes unnoticed that tests/mutation/survivors.txt does not explain.")
+    parser.add_argument("paths", nargs="*", help="files or folders to change (src and include by default)")
+    parser.add_argument("--sample", type=int, metavar="N", help="tries N changes only, picked at random")
+    parser.add_argument("--seed", type=int, default=None, help="picks the same ones again")
+    parser.add_argument("--survivors", action="store_true", help="tries those again that passed unnoticed last time")
+    parser.add_argument("--list", action="store_true", help="prints the changes and tries none")
+    parser.add_argument("--jobs", type=int, default=os.cpu_count(), help="how many at the same time (every processor)")
+    return parser.parse_args()
+
+
+def all_mutants():
+    """Headers first: what is added to a source does not renumber them, so that little is built anew."""
+    files = [path.relative_to(ROOT).as_posix() for folder in ("include", "src") for path in (ROOT / folder).rglob("*")
+             if path.suffix in (".h", ".cpp")]
+    found = []
+    for index, file in enumerate(sorted(set(files) - {OTHER_SYSTEM}, key=lambda file: (file.endswith(".cpp"), file))):
+        note(f"reading {file}, {index + 1} of {len(files) - 1}")
+        found += mutants_of(ROOT, file)
+    for number, mutant in enumerate(found, 1):
+        mutant.number = number
+    return found
+
+
+def digest():
+    """Of everything that a result depends on."""
+    result = hashlib.sha256()
+    for folder in ("include", "src", "tests", "cmake", "scripts/lib/mutation"):
+        for path in sorted((ROOT / folder).rglob("*")):
+            if path.is_file() and "__pycache__" not in path.parts and path != LIST:
+                result.update(path.relative_to(ROOT).as_posix().encode() + path.read_bytes())
+    return result.hexdigest()
+
+
+class Results:
+    """What became of each mutant, kept in a file from the moment it is known."""
+
+    def __init__(self, path, state):
+        self.path, self.known, self.last = path, {}, {}
+        lines = path.read_text(encoding="utf-8").splitlines() if path.exists() else []
+        self.last = {tuple(key): by for key, by in map(json.loads, lines[1:])}
+        if lines and lines[0] == state:
+            self.known = self.last
+        else:
+            path.write_text(state + "\n", encoding="utf-8")
+
+    def add(self, mutant, noticed_by):
+        self.known[mutant.key] = noticed_by
+        with self.path.open("a", encoding="utf-8") as file:
+            file.write(json.dumps([mutant.key, noticed_by]) + "\n")
+
+
+class Run:
+    def __init__(self, build, suites, results, explained):
+        self.build, self.suites, self.results, self.explained = build, suites, results, explained
+        self.lock = threading.Lock()
+        self.counts = collections.Counter()
+
+    def take(self, mutant, noticed_by, total, fresh=True):
+        with self.lock:
+            if fresh:
+                self.results.add(mutant, noticed_by)
+            self.counts[noticed_by or "unnoticed"] += 1
+            if noticed_by is None and mutant.key not in self.explained:
+                self.counts["unexplained"] += 1
+                say(f"\n{mutant.file}:{mutant.line}: passes unnoticed\n{survivors.entry(mutant)}")
+            done = sum(self.counts.values()) - self.counts["unexplained"]
+            note(f"{done} of {total} tried, {self.counts['unnoticed']} unnoticed, now {mutant.file}:{mutant.line}")
+
+    def try_switched(self, mutants, total, jobs):
+        waiting = queue.SimpleQueue()
+        for mutant in mutants:
+            waiting.put(mutant)
+        threads = [threading.Thread(target=self.work, args=(waiting, total, number), daemon=True)
+                   for number in range(jobs)]
+        for thread in threads:
+            thread.start()
+        for thread in threads:
+            while thread.is_alive():
+                thread.join(0.2)
+
+    def work(self, waiting, total, number):
+        folder = FOLDER / f"work{number}"
+        folder.mkdir(exist_ok=True)
+        while True:
+            try:
+                mutant = waiting.get_nowait()
+            except queue.Empty:
+                return
+            by = self.suites.noticed_by({mutant.number}, {"KELPLIB_MUTANT": str(mutant.number)}, folder)
+            self.take(mutant, by, total)
+
+    def try_compiled(self, mutant, total):
+        """The tests that reach anything in the file are asked."""
+        self.build.write(mutant.file, mutant)
+        log = self.build.build()
+        near = {other.number for other in self.build.mutants if other.file == mutant.file and not other.fixed}
+        numbers = near or {other.number for other in self.build.mutants}
+        if log:
+            by = "static_assert" if "static assertion" in log else "compiler"
+        else:
+            by = self.suites.noticed_by(numbers, {}, FOLDER)
+        self.take(mutant, by, total)
+        self.build.write(mutant.file)
+
+
+def choose(mutants, arguments, results):
+    chosen = [mutant for mutant in mutants
+              if not arguments.paths or any(mutant.file.startswith(path.rstrip("/")) for path in arguments.paths)]
+    if arguments.survivors:
+        chosen = [mutant for mutant in chosen if results.last.get(mutant.key, "") is None]
+    if arguments.sample is not None and arguments.sample < len(chosen):
+        seed = arguments.seed if arguments.seed is not None else random.SystemRandom().randrange(10 ** 6)
+        say(f"{arguments.sample} of {len(chosen)} changes, picked with --seed {seed}")
+        chosen = random.Random(seed).sample(chosen, arguments.sample)
+    return chosen
+
+
+def report(run, mutants, explained, total, whole):
+    counts = run.counts
+    tried = sum(counts.values()) - counts["unexplained"]
+    mutable = tried - counts["compiler"]
+    noticed = mutable - counts["unnoticed"]
+    say(f"\n{tried} of {total} changes tried, {counts['compiler']} of them do not compile; of the other {mutable}, "
+        f"{noticed} are noticed ({100 * noticed / max(mutable, 1):.1f} %)")
+    for by in sorted(set(counts) - {"unnoticed", "unexplained", "compiler"}):
+        print(f"  {counts[by]:5} by {by}")
+    print(f"  {counts['unnoticed']:5} unnoticed, {counts['unnoticed'] - counts['unexplained']} of them explained in "
+          f"{LIST.relative_to(ROOT)}")
+    present = {mutant.key for mutant in mutants}
+    outdated = [key for key in explained if key not in present or run.results.known.get(key, None) is not None]
+    for key in outdated:
+        print(f"{LIST.relative_to(ROOT)}: outdated: {' | '.join(key)}")
+    return 1 if counts["unexplained"] or outdated else 0
+
+
+def main():
+    arguments = parse_arguments()
+    FOLDER.mkdir(parents=True, exist_ok=True)
+    mutants = all_mutants()
+    explained = survivors.read(LIST)
+    results = Results(FOLDER / "results.jsonl", digest())
+    chosen = choose(mutants, arguments, results)
+    if arguments.list:
+        for mutant in chosen:
+            print(f"{mutant.file}:{mutant.line}: {mutant.change}")
+        return 0
+    say(f"building kelplib with its {len(mutants)} changes")
+    build = Build(ROOT, FOLDER, mutants, arguments.jobs)
+    build.prepare()
+    suites = Suites(build.out, len(mutants))
+    suites.trace(time.monotonic, FOLDER, note)
+    run = Run(build, suites, results, explained)
+    waiting = [mutant for mutant in chosen if mutant.key not in results.known]
+    for mutant in chosen:
+        if mutant.key in results.known:
+            run.take(mutant, results.known[mutant.key], len(chosen), fresh=False)
+    run.try_switched([mutant for mutant in waiting if not mutant.fixed], len(chosen), arguments.jobs)
+    for mutant in waiting:
+        if mutant.fixed:
+            run.try_compiled(mutant, len(chosen))
+    return report(run, mutants, explained, len(chosen), not arguments.paths)
+
+
+if __name__ == "__main__":
+    try:
+        sys.exit(main())
+    except KeyboardInterrupt:
+        print("\nstopped; the next call goes on from here", file=sys.stderr)
+        sys.exit(130)
