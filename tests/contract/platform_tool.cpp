@@ -74,6 +74,13 @@ void mark(const Numbers& numbers) {
     std::cout << "X" << std::flush;
 }
 
+/// A move up by the first number, from below as many lines as the second number, and a long time without a word.
+void hold(const Numbers& numbers) {
+    printLines("filler", numbers.at(1));
+    tellResult(platform::rewindCursor(numbers.at(0)));
+    platform::sleepMilliseconds(60000);
+}
+
 /// Frames of three lines, each drawn over the last one, below as many lines as the number.
 void animate(const Numbers& numbers) {
     printLines("filler", numbers.at(0));
@@ -97,6 +104,7 @@ constexpr Command commands[] = {
     {"sleep", 1, sleep},   {"directory", 0, directory},
     {"rewind", 1, rewind}, {"rewind-two-buffers", 1, rewindTwoBuffers},
     {"mark", 2, mark},     {"animate", 1, animate},
+    {"hold", 2, hold},
 };
 
 }  // namespace

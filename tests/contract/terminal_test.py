@@ -64,6 +64,19 @@ class Rewind(Case):
         self.show(PLATFORM_TOOL, "mark", "1", "5", cursor=(1, 4), errors=b"1\n",
                   rows=fillers(1, 4) + ["Xiller line 5", "abc"] + 18 * [EMPTY_ROW])
 
+    def test_move_up_by_two_digits(self):
+        for lines, top in (("9", 6), ("10", 5), ("12", 3)):
+            with self.subTest(lines):
+                self.show(PLATFORM_TOOL, "mark", lines, "15", cursor=(1, top), errors=b"1\n",
+                          rows=(fillers(1, top) + [f"Xiller line {top + 1}"] + fillers(top + 2, 15) + ["abc"] +
+                                8 * [EMPTY_ROW]))
+
+    @unittest.skipIf(programs.ON_WINDOWS, "the cursor of a Windows console is moved by a call, not by output")
+    def test_move_is_seen_at_once(self):
+        with terminal.Terminal(PLATFORM_TOOL, "hold", "2", "5") as pane:
+            pane.wait_for(lambda: pane.cursor() == (0, 3), "the cursor in row 3")
+            self.assertEqual(pane.rows(), fillers(1, 5) + 19 * [EMPTY_ROW])
+
     def test_move_to_the_top(self):
         self.show(PLATFORM_TOOL, "mark", "5", "5", cursor=(1, 0), errors=b"1\n",
                   rows=["Xiller line 1"] + fillers(2, 5) + ["abc"] + 18 * [EMPTY_ROW])

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sstream>
+#include <string>
+#include <vector>
 
 #include "all_texts.h"
 #include "digest.h"
@@ -83,10 +86,9 @@ TEST(LocalizedText, ReadsExponentsOfEitherCase) {
         const char* text;
         int integer;
         double real;
-    } cases[] = {
-        {"1e2", 1, 100.0},  {"1E2", 1, 100.0},      {"2,5e+1", 2, 25.0}, {"2,5E+1", 2, 25.0}, {"5e-1", 5, 0.5},
-        {"5E-1", 5, 0.5},   {"1.000E2", 1000, 1e5}, {"E2", 0, 0.0},      {"1D2", 1, 1.0},     {"1F2", 1, 1.0},
-        {"1E2E3", 1, 100.0}};
+    } cases[] = {{"1e2", 1, 100.0}, {"1E2", 1, 100.0}, {"2,5e+1", 2, 25.0},    {"2,5E+1", 2, 25.0},
+                 {"5e-1", 5, 0.5},  {"5E-1", 5, 0.5},  {"1.000E2", 1000, 1e5}, {"E2", 0, 0.0},
+                 {"1D2", 1, 1.0},   {"1F2", 1, 1.0},   {"1E2E3", 1, 100.0}};
     for (const auto& c : cases) {
         EXPECT_EQ(readOver<int>(99, c.text), c.integer) << c.text;
         EXPECT_EQ(readOver<double>(99, c.text), c.real) << c.text;
@@ -95,27 +97,55 @@ TEST(LocalizedText, ReadsExponentsOfEitherCase) {
 
 TEST(LocalizedText, GroupsOnlyWhereTheFirstGroupHasASize) {
     const struct {
-        const char* grouping;
+        int size;
         int value;
-    } cases[] = {{"", 1}, {"\377", 1}, {"\1", 1000}, {"\176", 1000}, {"\177", 1}};
+    } cases[] = {{-1, 1}, {0, 1}, {1, 1000}, {126, 1000}, {127, 1}};
     for (const auto& c : cases) {
-        const ScopedGlobalLocale scope(new Punctuation(',', '.', c.grouping));
-        EXPECT_EQ(readOver<int>(99, "1.000"), c.value) << static_cast<int>(c.grouping[0]);
+        const std::string grouping = {static_cast<char>(c.size), '\3'};
+        const ScopedGlobalLocale scope(new Punctuation(',', '.', grouping));
+        EXPECT_EQ(readOver<int>(99, "1.000"), c.value) << c.size;
     }
-    const ScopedGlobalLocale scope(new Punctuation(',', '.', std::string("\0\3", 2)));
-    EXPECT_EQ(readOver<int>(99, "1.000"), 1);
 }
 
-/// Writes "-" as "~".
+TEST(LocalizedText, ReadsNoFurtherThanItsPiece) {
+    const ScopedGlobalLocale point(new Punctuation(':', '.', ""));
+    std::vector<double> reals;
+    Kelp::stringToValue(reals, "1:25:-3");
+    EXPECT_EQ(reals, (std::vector<double>{1, 25, -3}));
+    const ScopedGlobalLocale separator(new Punctuation('.', ':', "\3"));
+    std::vector<int> integers;
+    Kelp::stringToValue(integers, "1:000:2");
+    EXPECT_EQ(integers, (std::vector<int>{1, 0, 2}));
+}
+
+/// Writes one character as "~".
 class Tilde : public std::ctype<char> {
+public:
+    explicit Tilde(char written) : replaced(written) {}
+
 private:
     char do_widen(char character) const override {
-        return character == '-' ? '~' : character;
+        return character == replaced ? '~' : character;
     }
+    const char* do_widen(const char* low, const char* high, char* to) const override {
+        std::transform(low, high, to, [this](char character) { return do_widen(character); });
+        return high;
+    }
+
+    char replaced;
 };
 
+TEST(LocalizedText, LooksAtEveryCharacterThatANumberMayHave) {
+    for (const char character : std::string("-+xX0123456789abcdefABCDEF")) {
+        EXPECT_TRUE(Kelp::needsStream(std::locale(std::locale::classic(), new Tilde(character)))) << character;
+    }
+    for (const char character : std::string(",./:@GWYZ`gwyz ")) {
+        EXPECT_FALSE(Kelp::needsStream(std::locale(std::locale::classic(), new Tilde(character)))) << character;
+    }
+}
+
 TEST(LocalizedText, LeavesOtherCharactersToTheStream) {
-    const ScopedGlobalLocale scope(new Tilde);
+    const ScopedGlobalLocale scope(new Tilde('-'));
     for (const char* const text : {"5", "-5", "~5", "-", "~", "5-", "5~"}) {
         EXPECT_EQ(readOver<int>(99, text), extractedOver<int>(99, text)) << text;
         EXPECT_EQ(readOver<double>(99, text), extractedOver<double>(99, text)) << text;
