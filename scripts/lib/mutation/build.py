@@ -8,6 +8,10 @@ import subprocess
 import schema
 
 OPTIONS = ("-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_C_COMPILER=gcc", "-DCMAKE_CXX_COMPILER=g++", "-DKELPLIB_BUILD_EXAMPLES=OFF")
+# What C++ leaves undefined ends the program, so that no change hides behind it: a missing return, an index out of bounds, a
+# number that does not fit; what is not set holds no zeros.
+FLAGS = ("-O1 -w -D_GLIBCXX_ASSERTIONS -ftrivial-auto-var-init=pattern -fsanitize-undefined-trap-on-error "
+         "-fsanitize=unreachable,return,bounds,float-cast-overflow,signed-integer-overflow,integer-divide-by-zero")
 ERROR = re.compile(r"^(?P<path>/[^:\n]+):(?P<line>\d+):\d+: error: ", re.M)
 
 
@@ -34,7 +38,7 @@ class Build:
         write_if_changed(header, schema.header(len(self.mutants)))
         self.write_sources()
         subprocess.run(["cmake", "-S", self.tree, "-B", self.out, "-G", "Ninja", *OPTIONS,
-                        f"-DCMAKE_CXX_FLAGS_DEBUG=-O1 -w -include {header}"],
+                        f"-DCMAKE_CXX_FLAGS_DEBUG={FLAGS} -include {header}"],
                        check=True, stdout=subprocess.DEVNULL)
         while True:
             log = self.build("-k", "0")

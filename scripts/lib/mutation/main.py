@@ -15,7 +15,7 @@ import time
 import survivors
 from build import Build
 from mutants import mutants_of
-from suites import Suites
+from suites import Suites, stop_all
 
 ROOT = pathlib.Path(__file__).resolve().parents[3]
 FOLDER = ROOT / "build" / "mutation"
@@ -126,7 +126,8 @@ class Run:
                 mutant = waiting.get_nowait()
             except queue.Empty:
                 return
-            by = self.suites.noticed_by({mutant.number}, {"KELPLIB_MUTANT": str(mutant.number)}, folder)
+            by = self.suites.noticed_by({mutant.number}, {"KELPLIB_MUTANT": str(mutant.number)}, folder,
+                                        os.path.dirname(mutant.file))
             self.take(mutant, by, total)
 
     def try_compiled(self, mutant, total):
@@ -138,7 +139,7 @@ class Run:
         if log:
             by = "static_assert" if "static assertion" in log else "compiler"
         else:
-            by = self.suites.noticed_by(numbers, {}, FOLDER)
+            by = self.suites.noticed_by(numbers, {}, FOLDER, os.path.dirname(mutant.file))
         self.take(mutant, by, total)
         self.build.write(mutant.file)
 
@@ -205,5 +206,6 @@ if __name__ == "__main__":
     try:
         sys.exit(main())
     except KeyboardInterrupt:
+        stop_all()
         print("\nstopped; the next call goes on from here", file=sys.stderr)
         sys.exit(130)

@@ -32,7 +32,7 @@ class Mutant:
     line: int
     line_text: str
     statement: bool   # the change leaves a statement out
-    constant: str     # the constant or constexpr function that it lies in, or ""
+    constant: str     # the constant that it lies in, the constexpr function with "()", or ""
     fixed: bool       # the compiler has to know the value: cannot be chosen while the program runs
     array: bool       # the text of an array of characters
     number: int = 0   # its place among all; the chosen one is in the environment
@@ -88,7 +88,7 @@ class Finder:
             return
         fixed = fixed or self.must_be_known(cursor, parent)
         if cursor.kind in (Kind.VAR_DECL, Kind.FUNCTION_DECL, Kind.CXX_METHOD) and self.is_constexpr(cursor):
-            constant = cursor.spelling
+            constant = cursor.spelling + ("()" if cursor.kind != Kind.VAR_DECL else "")
         for start, end, text, change, statement in self.changes(cursor, parent):
             self.add(start, end, text, change, statement, constant, fixed, cursor, parent)
         self.find(cursor, fixed, constant)
@@ -175,8 +175,8 @@ class Finder:
             return []
         if kind in NUMBERS or kind == TypeKind.POINTER and text != "nullptr":
             return [f"({text}) + 1"]
-        if kind == TypeKind.RECORD and "(" not in cursor.type.spelling and not self.returns_reference(cursor):
-            return [f"std::decay_t<{cursor.type.spelling}>()"]
+        if kind == TypeKind.RECORD and "(" not in cursor.type.get_canonical().spelling and not self.returns_reference(cursor):
+            return [f"std::decay_t<{cursor.type.get_canonical().spelling}>()"]
         return []
 
     def returns_reference(self, cursor):

@@ -3,7 +3,7 @@
 import re
 
 NAMED = re.compile(r"^(?P<before>.*?)(?P<name>\w+)\[\] = (?P<text>\".*\");$")
-CONSTANT = re.compile(r"(?<!if )constexpr (?P<rest>[^;{]*?\b(?P<name>\w+)(?:\[\w*\])?(?P<mark> = |\{|\())")
+CONSTANT = re.compile(r"(?<!if )constexpr (?P<rest>[^;{]*?\b(?P<name>\w+)(?:\[\w*\])?(?: = |\{))")
 
 HEADER = """\
 #pragma once
@@ -47,7 +47,9 @@ def header(count):
 
 
 def chosen(mutant):
-    return f"kelplib_mutation::on({mutant.number})"
+    on = f"kelplib_mutation::on({mutant.number})"
+    # What the compiler computes by itself keeps its value.
+    return f"(!__builtin_is_constant_evaluated() && {on})" if mutant.constant.endswith("()") else on
 
 
 def render(source, mutants, kept, compiled=None):
@@ -111,6 +113,4 @@ def relax_constants(text, kept, arrays):
 
 
 def relaxed(match, kept):
-    if match["name"] in kept:
-        return match[0]
-    return ("inline " if match["mark"] == "(" else "const ") + match["rest"]
+    return match[0] if match["name"] in kept else f"const {match['rest']}"

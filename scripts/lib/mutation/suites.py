@@ -1,5 +1,6 @@
 """The tests as the mutants meet them: which test reaches which mutant, and whether one of them notices it."""
 
+import collections
 import dataclasses
 import json
 import os
@@ -27,16 +28,27 @@ def limit_resources():
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
 
 
+running = set()
+
+
+def stop_all():
+    """Ends the tests that are running."""
+    for process in list(running):
+        os.killpg(process.pid, signal.SIGKILL)
+
+
 def passes(command, environment, seconds, folder):
     """Whether a command ends with 0 within the seconds. All of its processes have ended then."""
     with subprocess.Popen(command, env={**os.environ, **environment}, cwd=folder, stdin=subprocess.DEVNULL,
                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True,
                           preexec_fn=limit_resources) as process:
+        running.add(process)
         try:
             return process.wait(seconds) == 0
         except subprocess.TimeoutExpired:
             return False
         finally:
+            running.discard(process)
             try:
                 os.killpg(process.pid, signal.SIGKILL)
             except ProcessLookupError:
@@ -53,6 +65,7 @@ class Suites:
         self.scripts = [tests[name] for name in ("golden", *sorted(tests)) if name == "golden" or
                         name.startswith("contract_") and name != "contract_symbols"]
         self.units = []
+        self.noticed = collections.Counter()
 
     def from_ctest(self, test):
         properties = {item["name"]: item["value"] for item in test["properties"]}
@@ -84,8 +97,9 @@ class Suites:
             test.seconds = clock() - started
             test.reached = frozenset(number for number, byte in enumerate(reached.read_bytes()) if byte)
 
-    def noticed_by(self, numbers, environment, folder):
-        """The first of the tests that reach one of the numbers and fail; None when all of them pass."""
+    def noticed_by(self, numbers, environment, folder, room):
+        """The first of the tests that reach one of the numbers and fail; None when all of them pass. What has noticed much
+        of the same room (folder of the sources) is asked first."""
         units = [test for test in self.units if test.reached & numbers]
         for slow in (False, True):
             chosen = [test for test in units if (test.seconds >= QUICK_SECONDS) == slow]
@@ -94,8 +108,9 @@ class Suites:
             names = {**self.unit.environment, **environment, "GTEST_FILTER": ":".join(test.name for test in chosen)}
             if chosen and not passes(command, names, limit, folder):
                 return "unit"
-        for test in sorted(self.scripts, key=lambda script: script.seconds):
+        for test in sorted(self.scripts, key=lambda script: (-self.noticed[room, script.name], script.seconds)):
             if test.reached & numbers and not passes(
                     test.command, {**test.environment, **environment}, 5 + 5 * test.seconds, folder):
+                self.noticed[room, test.name] += 1
                 return test.name
         return None
