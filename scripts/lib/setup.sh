@@ -79,7 +79,8 @@ need_for_coverage() {
 # The change of sources reads C++ with the release's own libclang.
 need_for_mutation() {
     need_for_tests
-    needs+=("/usr/lib/python3/dist-packages/clang/cindex.py python3-clang" "/usr/lib/llvm-*/lib/libclang-[0-9]*.so* python3-clang"
+    needs+=("/usr/lib/python3/dist-packages/clang/cindex.py python3-clang"
+            "/usr/lib/llvm-*/lib/libclang-[0-9]*.so* python3-clang"
             "/usr/lib/llvm-*/lib/clang/*/include/stddef.h clang")
 }
 
