@@ -1,7 +1,9 @@
 #ifndef KELPLIB_PLATFORM_PLATFORM_H
 #define KELPLIB_PLATFORM_PLATFORM_H
 
+#include <functional>
 #include <string>
+#include <thread>
 
 /// Everything that differs between the systems. The build links one implementation: the system's own into the library, a
 /// fake whose clock, console and directory the tests set into the unit tests.
@@ -17,6 +19,10 @@ void sleepMilliseconds(unsigned int milliseconds);
 /// \returns -1 when standard output is closed, 0 when it is no console (nothing is written then) or the console refuses,
 ///          otherwise a value other than 0 and -1
 int rewindCursor(unsigned int lines);
+
+/// Starts a thread that handles no signals: those are for the tool's own threads.
+/// \throws std::system_error when there can be no further thread, besides std::bad_alloc
+std::thread startThread(std::function<void()> run);
 
 /// The current directory as the system gives it; empty when the system's call fails on a buffer of 260 bytes.
 std::string currentDirectory();

@@ -4,10 +4,34 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <ctime>
+#include <utility>
 
 #include "platform/standard_streams.h"
+
+namespace {
+
+/// While it lives, signals wait or go to other threads; a new thread begins like the one that starts it.
+class SignalsHeldBack {
+public:
+    SignalsHeldBack() {
+        sigset_t all;
+        sigfillset(&all);
+        pthread_sigmask(SIG_SETMASK, &all, &before);
+    }
+    ~SignalsHeldBack() {
+        pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    }
+    SignalsHeldBack(const SignalsHeldBack&) = delete;
+    SignalsHeldBack& operator=(const SignalsHeldBack&) = delete;
+
+private:
+    sigset_t before{};
+};
+
+}  // namespace
 
 namespace Kelp::platform {
 
@@ -41,6 +65,11 @@ int rewindCursor(unsigned int lines) {
     }
     std::fflush(stdout);
     return 1;
+}
+
+std::thread startThread(std::function<void()> run) {
+    const SignalsHeldBack heldBack;
+    return std::thread(std::move(run));
 }
 
 std::string currentDirectory() {

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <cstdio>
+#include <utility>
 
 #include "platform/standard_streams.h"
 
@@ -37,6 +38,10 @@ int rewindCursor(unsigned int lines) {
     const long long row = static_cast<long long>(screen.dwCursorPosition.Y) - static_cast<long long>(lines);
     const COORD target{0, static_cast<SHORT>(row < -1 ? -1 : row)};
     return SetConsoleCursorPosition(console, target);
+}
+
+std::thread startThread(std::function<void()> run) {
+    return std::thread(std::move(run));
 }
 
 std::string currentDirectory() {

@@ -20,7 +20,8 @@ void Kelp::waitOrPressKey(unsigned int seconds, std::string message) {
                            << " seconds." << std::endl;
     // Every call has a flag of its own: the reader of an earlier one may still wait, and takes a later key for itself.
     const auto pressed = std::make_shared<std::atomic<bool>>(false);
-    std::thread reader([pressed] {
+    // A signal that interrupts the reader would count as a key.
+    std::thread reader = platform::startThread([pressed] {
         try {
             Kelp::standardInput().ignore();
         } catch (const std::ios_base::failure&) {

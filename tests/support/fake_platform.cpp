@@ -1,5 +1,7 @@
 #include "fake_platform.h"
 
+#include <utility>
+
 #include "platform/platform.h"
 
 namespace fake_platform {
@@ -37,6 +39,10 @@ int rewindCursor(unsigned int lines) {
         state().onRewind(lines);
     }
     return state().rewindResult;
+}
+
+std::thread startThread(std::function<void()> run) {
+    return std::thread(std::move(run));
 }
 
 std::string currentDirectory() {
