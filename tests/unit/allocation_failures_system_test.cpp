@@ -61,6 +61,45 @@ TEST(AllocationFailures, OfTheReaderLeaveItUsable) {
     });
 }
 
+struct KnownReader {
+    Kelp::OptionReader reader;
+    std::vector<std::string> answers;
+};
+
+/// Every token, and what the reader says about some of them.
+std::vector<std::string> answersOf(Kelp::OptionReader& reader) {
+    std::vector<std::string> answers;
+    reader.getOptions(answers);
+    std::string value;
+    answers.push_back(std::to_string(reader.getValue("-o", "", value, 0)) + " " + value);
+    answers.push_back(std::to_string(reader.getFirstArgument(value, 2)) + " " + value);
+    answers.push_back(std::to_string(reader.hasOption("-v", "", 0)) + (reader.getVerbose() ? " verbose" : " quiet"));
+    return answers;
+}
+
+void failAssignments(const char* name, const KnownReader& target, const KnownReader& source) {
+    bool assigned = false;
+    failEach(
+        name, [&] { return std::make_unique<Kelp::OptionReader>(target.reader); },
+        [&](Kelp::OptionReader& reader) {
+            assigned = false;
+            reader = source.reader;
+            assigned = true;
+        },
+        [&](Kelp::OptionReader& reader) { return answersOf(reader) == (assigned ? source : target).answers; });
+}
+
+TEST(AllocationFailures, OfAnAssignmentLeaveTheReaderAsItWas) {
+    Arguments few{"tool", "-o=a", "in", "-v"};
+    Arguments many{"t", "-x", "-y", "in.txt", "-V", "-o=" + longText};
+    const KnownReader shorter{{few.argc(), few.argv()}, {"tool", "-o=a", "in", "-v", "2 a", "2 in", "3 quiet"}};
+    KnownReader longer{{many.argc(), many.argv()},
+                       {"t", "-x", "-y", "in.txt", "-V", "-o=" + longText, "6 " + longText, "3 in.txt", "4 verbose"}};
+    longer.reader.setVerbose(true);
+    failAssignments("a longer one over a shorter one", shorter, longer);
+    failAssignments("a shorter one over a longer one", longer, shorter);
+}
+
 TEST(AllocationFailures, OfTheInstallLocationComeOut) {
     const ScopedVariable path("PATH", "/opt/tarn/" + longText + ";" + longText);
     failEach("getFilePath", [] { getFilePath(); });
