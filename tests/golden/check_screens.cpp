@@ -77,6 +77,12 @@ std::vector<Scenario> checkScreens() {
              Arguments line{"tool", "-v"};
              const CommandLineTool tool(line.argc(), line.argv(), "Does a job");
          }},
+        {"invalid_beside_slash",
+         [] {
+             Arguments line{"tool", "/x", "-x"};
+             const CommandLineTool tool(line.argc(), line.argv(), "Does a job",
+                                        Kelp::Option("/x", "/extra", "more", false));
+         }},
         {"running.accepted_flags",
          [] {
              startSmallTool({"tool", "-o", "-O", "--output", "--oops", "-out", "/x", ""});

@@ -149,6 +149,17 @@ TEST(FlagScanners, ThrowWhenTheyReachANullElement) {
     }
 }
 
+TEST(FlagScanners, ThrowWithoutArgv) {
+    for (const Scan& scan : scans) {
+        try {
+            scan.run(2, nullptr);
+            ADD_FAILURE() << scan.name << " reached nothing";
+        } catch (const std::logic_error& error) {
+            EXPECT_STREQ(error.what(), nullText) << scan.name;
+        }
+    }
+}
+
 TEST(FlagScanners, LeaveANullElementBehindTheirFindAlone) {
     Arguments texts{"tool", "-h=1", "-tr=1:2", "-sr=1:2", "x"};
     char** const tokens = texts.argv();

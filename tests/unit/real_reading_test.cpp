@@ -142,6 +142,8 @@ TEST(RealReading, BalancesLongDigitsWithLongExponents) {
     expectReals({
         {"1" + zeros, largest, largestFloat},
         {"-1" + zeros, -largest, -largestFloat},
+        {"1" + zeros + "abc", largest, largestFloat},
+        {"-1" + zeros + ".5x", -largest, -largestFloat},
         {point + "7", 0.0, 0.0F},
         {"-" + point + "7", -0.0, -0.0F},
         {"7" + zeros + "e-100000", 7.0, 7.0F},
