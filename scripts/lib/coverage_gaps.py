@@ -1,73 +1,78 @@
 #!/usr/bin/env python3
-"""Sums up what "llvm-cov show -show-branches=count" prints on standard input: coverage_gaps.py GAPS.
-
-Prints how many lines ran and how many conditions came out both ways, and every gap. GAPS explains the gaps that have to
-stay, one a line: the file, the text of the line in it, and the reason, with " | " between them. Exit status 1 when a gap is
-not explained or an explanation is not needed.
+"""Sums up gcovr's JSON on standard input and compares what is missing with the gaps that are explained:
+coverage_gaps.py GAPS. The explanations' form stands at the top of their file. Exit status 1 when a gap is not explained or
+an explanation is not needed.
 """
 
+import json
 import pathlib
-import re
 import sys
 
-LINE = re.compile(r" *(?P<number>\d+)\| *(?P<count>[\d.]+[kMGT]?)\|(?P<text>.*)")
-CONDITION = re.compile(r"Branch \((?P<number>\d+):(?P<column>\d+)\): \[True: (?P<true>[^,]+), False: (?P<false>[^\]]+)\]")
-FILE = re.compile(r"(?P<path>/.*):")
+
+def code_lines(report):
+    """(file, the text of the line, gcovr's record) of every line that has code."""
+    for file in report["files"]:
+        texts = pathlib.Path(file["file"]).read_text(encoding="utf-8").splitlines()
+        for line in file["lines"]:
+            if not line["gcovr/noncode"]:
+                yield file["file"], texts[line["line_number"] - 1].strip(), line
 
 
-def read(report):
-    """The lines and conditions of the report: {(file, line): ran} and {(file, line, column): [came true, came false]}."""
-    lines, conditions, file = {}, {}, ""
-    root = f"{pathlib.Path.cwd()}/"
-    for text in report:
-        if match := FILE.fullmatch(text.rstrip()):
-            file = match["path"].removeprefix(root)
-        elif match := LINE.match(text):
-            place = file, int(match["number"])
-            lines[place] = lines.get(place, False) or match["count"] != "0"
-        elif match := CONDITION.search(text):
-            # A template has one entry for each of its instances.
-            ways = conditions.setdefault((file, int(match["number"]), int(match["column"])), [False, False])
-            ways[:] = [ways[0] or match["true"] != "0", ways[1] or match["false"] != "0"]
-    return lines, conditions
-
-
-def gaps(lines, conditions):
-    """What is missing: (file, line) to its description."""
-    found = {place: "never runs" for place, ran in lines.items() if not ran}
-    for (file, line, _), ways in conditions.items():
-        for outcome, came in zip(("true", "false"), ways):
-            if not came:
-                found.setdefault((file, line), f"a condition is never {outcome}")
-    return found
+def outcomes(line):
+    """Whether each outcome of the line's decision came; None where gcovr cannot tell them from the line's other branches."""
+    decision = line.get("gcovr/decision")
+    if not decision:
+        return []
+    if decision["type"] == "uncheckable" or any(branch["throw"] for branch in line["branches"]):
+        return [None]
+    counts = ["count"] if decision["type"] == "switch" else ["count_true", "count_false"]
+    return [decision[count] > 0 for count in counts]
 
 
 def explanations(path):
+    """{(file, text of the line): how many of its branches need not be taken}."""
     entries = {}
     for line in path.read_text(encoding="utf-8").splitlines():
-        if line and not line.startswith("#"):
-            file, text, reason = line.split(" | ")
-            entries[file, text] = reason
+        if line.startswith("    "):
+            file, branches, text = line.strip().split(" | ", 2)
+            entries[file, text] = int(branches)
     return entries
 
 
+def print_total(name, taken, more=""):
+    print(f"{name}: {sum(taken)} of {len(taken)} ({100 * sum(taken) / max(len(taken), 1):.2f} %){more}")
+
+
 def main():
-    lines, conditions = read(sys.stdin)
     path = pathlib.Path(sys.argv[1])
-    explained, used = explanations(path), set()
-    unexplained = 0
-    for (file, number), problem in sorted(gaps(lines, conditions).items()):
-        text = pathlib.Path(file).read_text(encoding="utf-8").splitlines()[number - 1].strip()
-        reason = explained.get((file, text))
-        used.add((file, text))
-        unexplained += reason is None
-        print(f"{file}:{number}: {problem}: {text}" + (f"\n    {reason}" if reason else ""))
-    for entry in sorted(set(explained) - used):
-        print(f"{path}: outdated: {' | '.join(entry)}")
-    ways = [way for both in conditions.values() for way in both]
-    for name, outcomes in (("lines", list(lines.values())), ("outcomes of conditions", ways)):
-        print(f"{name}: {sum(outcomes)} of {len(outcomes)} ({100 * sum(outcomes) / max(len(outcomes), 1):.2f} %)")
-    return 1 if unexplained or set(explained) - used or not lines else 0
+    explained, used, explained_branches, failed = explanations(path), set(), 0, False
+    ran, branches, throws, decisions = [], [], [], []
+    for file, text, line in code_lines(json.load(sys.stdin)):
+        # Not gcovr's own exclusion: that takes an exception's branch for an ordinary one where one object never runs it.
+        taken = [branch["count"] > 0 for branch in line["branches"] if not branch["throw"]]
+        throws += [branch["count"] > 0 for branch in line["branches"] if branch["throw"]]
+        branches += taken
+        ran.append(line["count"] > 0)
+        decisions += outcomes(line)
+        if ran[-1] and all(taken):
+            continue
+        missing = taken.count(False)
+        if ran[-1] and missing <= explained.get((file, text), 0):
+            used.add((file, text))
+            explained_branches += missing
+        else:
+            failed = True
+            print(f"{file}:{line['line_number']}: {missing} of {len(taken)} branches not taken: {text}" if ran[-1]
+                  else f"{file}:{line['line_number']}: never runs: {text}")
+    for file, text in sorted(set(explained) - used):
+        failed = True
+        print(f"{path}: not needed: {file} | {text}")
+    print_total("lines", ran)
+    print_total("branches", branches, f", {explained_branches} more explained in {path}")
+    print_total("branches that only exceptions take", throws)
+    print_total("outcomes of decisions", [came for came in decisions if came is not None],
+                f", {decisions.count(None)} more shown by the branches of their line alone")
+    return 1 if failed or not ran else 0
 
 
 if __name__ == "__main__":

@@ -73,7 +73,7 @@ need_for_all_tests() {
 
 need_for_coverage() {
     need_for_tests
-    needs+=("clang clang" "clang++ clang" "llvm-cov llvm" "llvm-profdata llvm")
+    needs+=("gcovr gcovr")
 }
 
 # The change of sources reads C++ with the release's own libclang.
