@@ -14,23 +14,6 @@ namespace {
 using fuzz::expectSame;
 using Strings = std::vector<std::string>;
 
-Strings tokensOf(const std::string& text, const std::string& delimiters) {
-    Strings tokens;
-    std::string token;
-    for (const char c : text) {
-        if (delimiters.find(c) == std::string::npos) {
-            token += c;
-        } else if (!token.empty()) {
-            tokens.push_back(token);
-            token.clear();
-        }
-    }
-    if (!token.empty()) {
-        tokens.push_back(token);
-    }
-    return tokens;
-}
-
 std::string lowered(const std::string& text) {
     std::string result;
     for (const char c : text) {

@@ -17,4 +17,22 @@ inline std::vector<std::string> piecesOf(const std::string& text, char delimiter
     return pieces;
 }
 
+/// Tokens letter by letter: a delimiter ends the one before it.
+inline std::vector<std::string> tokensOf(const std::string& text, const std::string& delimiters) {
+    std::vector<std::string> tokens;
+    std::string token;
+    for (const char letter : text) {
+        if (delimiters.find(letter) == std::string::npos) {
+            token += letter;
+        } else if (!token.empty()) {
+            tokens.push_back(token);
+            token.clear();
+        }
+    }
+    if (!token.empty()) {
+        tokens.push_back(token);
+    }
+    return tokens;
+}
+
 #endif

@@ -13,28 +13,6 @@ using Strings = std::vector<std::string>;
 constexpr auto letters = ";a \0"sv;
 constexpr std::size_t longest = 6;
 
-/// Tokens letter by letter: a delimiter ends the one before it.
-Strings tokensOf(const std::string& text, const std::string& delimiters) {
-    Strings tokens;
-    std::string token;
-    for (const char letter : text) {
-        bool separates = false;
-        for (const char delimiter : delimiters) {
-            separates = separates || letter == delimiter;
-        }
-        if (!separates) {
-            token += letter;
-        } else if (!token.empty()) {
-            tokens.push_back(token);
-            token.clear();
-        }
-    }
-    if (!token.empty()) {
-        tokens.push_back(token);
-    }
-    return tokens;
-}
-
 TEST(AllShortTextsToCut, SplitAsLinesAreRead) {
     for (const char delimiter : ";a \0x"sv) {
         forEachText(letters, longest, [delimiter](const std::string& text) {
