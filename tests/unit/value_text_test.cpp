@@ -35,6 +35,21 @@ TEST(ValueText, OfManyNumbersIsWhole) {
     }
 }
 
+TEST(ValueText, OfManyLongNumbersIsWhole) {
+    for (std::size_t shortOnes = 0; shortOnes < 30; ++shortOnes) {
+        Doubles values(shortOnes, 7.0);
+        std::string expected;
+        for (std::size_t count = 0; count < shortOnes; ++count) {
+            expected += "7, ";
+        }
+        values.insert(values.end(), 100, -1.7976931348623157e308);
+        for (int count = 0; count < 99; ++count) {
+            expected += "-1.7976931348623157e+308, ";
+        }
+        EXPECT_EQ(std::to_string(values), expected + "-1.7976931348623157e+308") << shortOnes << " short ones";
+    }
+}
+
 TEST(ValueText, OfNumbersIsSeparatedByCommaAndBlank) {
     const struct {
         Doubles values;
