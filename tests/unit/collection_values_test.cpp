@@ -99,6 +99,14 @@ TEST(CollectionValues, IntListIsReadOverWhatStandsThere) {
                         {"99999999999:-99999999999", {}, {2147483647, -2147483647 - 1}}});
 }
 
+TEST(CollectionValues, ListIsReadInTheRoomThatItHas) {
+    Ints target{1, 2, 3};
+    const int* const room = target.data();
+    Kelp::stringToValue(target, "4: :5");
+    EXPECT_EQ(target, (Ints{4, 2, 5}));
+    EXPECT_EQ(target.data(), room);
+}
+
 TEST(CollectionValues, DoubleListIsReadOverWhatStandsThere) {
     expectValues<Doubles>({{"", {1.5, 2.5}, {}},
                            {" : :7.25", {1.5, 2.5, 3.5}, {1.5, 2.5, 7.25}},
