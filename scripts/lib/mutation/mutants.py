@@ -205,5 +205,6 @@ def mutants_of(root, file):
     found = sorted(finder.found.values(), key=lambda mutant: (mutant.start, -mutant.end, mutant.text))
     seen = {}
     for mutant in found:
-        mutant.again = seen[mutant.key] = seen.get(mutant.key, 0) + 1
+        key = mutant.key
+        mutant.again = seen[key] = seen.get(key, 0) + 1
     return found
