@@ -43,7 +43,9 @@ inline bool on(int number) {
 
 
 def header(count):
-    return HEADER.replace("COUNT", str(count + 1))
+    """Room for whole pages of them: with a few more changes the text stays the same, and all that includes it need not be
+    built anew."""
+    return HEADER.replace("COUNT", str((count // 4096 + 1) * 4096))
 
 
 def chosen(mutant):

@@ -3,10 +3,14 @@
 import collections
 import dataclasses
 import json
+import multiprocessing.pool
 import os
+import pathlib
 import resource
 import signal
 import subprocess
+import tempfile
+import time
 
 QUICK_SECONDS = 0.05
 MEMORY_BYTES = 2 << 30
@@ -37,16 +41,17 @@ def stop_all():
         os.killpg(process.pid, signal.SIGKILL)
 
 
-def passes(command, environment, seconds, folder):
-    """Whether a command ends with 0 within the seconds. All of its processes have ended then."""
+def failure(command, environment, seconds, folder):
+    """"" for a command that ends with 0, "fails", or "does not end" within the seconds. All of its processes have ended
+    then."""
     with subprocess.Popen(command, env={**os.environ, **environment}, cwd=folder, stdin=subprocess.DEVNULL,
                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True,
                           preexec_fn=limit_resources) as process:
         running.add(process)
         try:
-            return process.wait(seconds) == 0
+            return "fails" if process.wait(seconds) else ""
         except subprocess.TimeoutExpired:
-            return False
+            return "does not end"
         finally:
             running.discard(process)
             try:
@@ -83,34 +88,44 @@ class Suites:
             elif words.endswith("."):
                 group = words
 
-    def trace(self, clock, folder, note):
+    def trace(self, jobs, folder, note):
         """Runs every test by itself on the unchanged library."""
         self.units = [Test(name, [self.unit.command[0], f"--gtest_filter={name}"], self.unit.environment)
                       for name in self.unit_names()]
-        for index, test in enumerate([*self.units, *self.scripts]):
-            note(f"looking at what each test reaches: {index + 1} of {len(self.units) + len(self.scripts)}")
-            reached = folder / "reached"
+        # The longest first, so that none is left over at the end.
+        tests = [*self.scripts, *self.units]
+        with multiprocessing.pool.ThreadPool(jobs) as pool:
+            for index, failed in enumerate(pool.imap_unordered(lambda test: self.look(test, folder), tests)):
+                note(f"looking at what each test reaches: {index + 1} of {len(tests)}")
+                if failed:
+                    raise SystemExit(f"{failed} fails on the unchanged library")
+
+    def look(self, test, folder):
+        """Notes what a test reaches. Returns its name when it fails."""
+        with tempfile.TemporaryDirectory(dir=folder) as own:
+            reached = pathlib.Path(own) / "reached"
             reached.write_bytes(bytes(self.count + 1))
-            started = clock()
-            if not passes(test.command, {**test.environment, "KELPLIB_MUTANTS_REACHED": str(reached)}, 300, folder):
-                raise SystemExit(f"{test.name} fails on the unchanged library")
-            test.seconds = clock() - started
+            started = time.monotonic()
+            if failure(test.command, {**test.environment, "KELPLIB_MUTANTS_REACHED": str(reached)}, 300, own):
+                return test.name
+            test.seconds = time.monotonic() - started
             test.reached = frozenset(number for number, byte in enumerate(reached.read_bytes()) if byte)
+            return None
 
     def noticed_by(self, numbers, environment, folder, room):
-        """The first of the tests that reach one of the numbers and fail; None when all of them pass. What has noticed much
-        of the same room (folder of the sources) is asked first."""
+        """The first of the tests that reach one of the numbers and fail, and how; None when all of them pass. What has
+        noticed much of the same room (folder of the sources) is asked first."""
         units = [test for test in self.units if test.reached & numbers]
         for slow in (False, True):
             chosen = [test for test in units if (test.seconds >= QUICK_SECONDS) == slow]
             limit = 2 + 5 * sum(test.seconds for test in chosen)
             command = [self.unit.command[0], "--gtest_fail_fast", "--gtest_brief=1"]
             names = {**self.unit.environment, **environment, "GTEST_FILTER": ":".join(test.name for test in chosen)}
-            if chosen and not passes(command, names, limit, folder):
-                return "unit"
+            if failed := chosen and failure(command, names, limit, folder):
+                return f"unit: {failed}"
         for test in sorted(self.scripts, key=lambda script: (-self.noticed[room, script.name], script.seconds)):
-            if test.reached & numbers and not passes(
-                    test.command, {**test.environment, **environment}, 5 + 5 * test.seconds, folder):
+            if test.reached & numbers and (failed := failure(
+                    test.command, {**test.environment, **environment}, 5 + 5 * test.seconds, folder)):
                 self.noticed[room, test.name] += 1
-                return test.name
+                return f"{test.name}: {failed}"
         return None
