@@ -121,6 +121,7 @@ TEST(ValueText, OfAPairIsSeparatedByAColon) {
         {{-0.0, 0.0}, "-0:0"},
         {{1e-5, 1e20}, "1e-05:1e+20"},
         {{-infinity, std::copysign(NAN, -1.0)}, "-inf:-nan"},
+        {{-1.7976931348623157e308, -2.2250738585072014e-308}, "-1.7976931348623157e+308:-2.2250738585072014e-308"},
     };
     for (const auto& each : cases) {
         EXPECT_EQ(std::to_string(each.value), each.expected);

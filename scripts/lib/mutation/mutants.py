@@ -122,7 +122,8 @@ class Finder:
     def changes(self, cursor, parent):
         """Everything that is changed in one expression: (start, end, new text, description, whether left out)."""
         start, end, text = cursor.extent.start.offset, cursor.extent.end.offset, self.text(cursor)
-        if not text:
+        # What "= default" stands for has no text of its own.
+        if text in ("", ")", "noexcept"):
             return
         for new in self.values(cursor, text) if parent.kind != Kind.COMPOUND_STMT else ():
             yield start, end, new, f"{text} -> {new}", False
