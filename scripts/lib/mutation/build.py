@@ -7,7 +7,8 @@ import subprocess
 
 import schema
 
-OPTIONS = ("-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_C_COMPILER=gcc", "-DCMAKE_CXX_COMPILER=g++", "-DKELPLIB_BUILD_EXAMPLES=OFF")
+OPTIONS = ("-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_C_COMPILER=gcc", "-DCMAKE_CXX_COMPILER=g++", "-DKELPLIB_BUILD_EXAMPLES=OFF",
+           "-DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON")
 # What C++ leaves undefined ends the program, so that no change hides behind it: a missing return, an index out of bounds, a
 # number that does not fit; what is not set holds no zeros.
 FLAGS = ("-O1 -w -D_GLIBCXX_ASSERTIONS -ftrivial-auto-var-init=pattern -fsanitize-undefined-trap-on-error "
