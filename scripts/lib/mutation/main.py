@@ -82,18 +82,20 @@ class Results:
     """What became of each mutant, kept in a file from the moment it is known."""
 
     def __init__(self, path, state):
-        self.path, self.known, self.last = path, {}, {}
+        self.path, self.known, self.last, self.begin = path, {}, {}, ""
         lines = path.read_text(encoding="utf-8").splitlines() if path.exists() else []
         self.last = {tuple(key): by for key, by in map(json.loads, lines[1:])}
         if lines and lines[0] == state:
             self.known = self.last
         else:
-            path.write_text(state + "\n", encoding="utf-8")
+            self.begin = state + "\n"
 
     def add(self, mutant, noticed_by):
         self.known[mutant.key] = noticed_by
-        with self.path.open("a", encoding="utf-8") as file:
-            file.write(json.dumps([mutant.key, noticed_by]) + "\n")
+        # What was known before is given up for the first new result, not for a mere look at the list.
+        with self.path.open("w" if self.begin else "a", encoding="utf-8") as file:
+            file.write(self.begin + json.dumps([mutant.key, noticed_by]) + "\n")
+        self.begin = ""
 
 
 class Run:
