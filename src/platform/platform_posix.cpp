@@ -17,7 +17,7 @@ namespace {
 class SignalsHeldBack {
 public:
     SignalsHeldBack() {
-        sigset_t all;
+        sigset_t all{};
         sigfillset(&all);
         pthread_sigmask(SIG_SETMASK, &all, &before);
     }
