@@ -1,5 +1,6 @@
 // The system's own platform layer, one call or one short sequence of calls per run: platform_tool WHAT [NUMBER...].
 // Standard output carries what is under test; what a call of it returned goes to standard error.
+#include <chrono>
 #include <cstdio>
 #include <iostream>
 #include <string>
@@ -23,12 +24,15 @@ void now(const Numbers&) {
     std::printf("%.9f\n", platform::monotonicSeconds());
 }
 
-/// How often the clock went back and forth between readings in a tight loop.
+/// How often the clock went back and forth between readings, for as many milliseconds. Whoever sleeps in between is not
+/// interrupted for long.
 void watch(const Numbers& numbers) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(numbers.at(0));
     unsigned int rises = 0;
     unsigned int falls = 0;
     double last = platform::monotonicSeconds();
-    for (unsigned int i = 0; i < numbers.at(0); ++i) {
+    while (std::chrono::steady_clock::now() < end) {
+        platform::sleepMilliseconds(1);
         const double next = platform::monotonicSeconds();
         rises += next > last ? 1U : 0U;
         falls += next < last ? 1U : 0U;
