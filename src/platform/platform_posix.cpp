@@ -19,6 +19,9 @@ public:
     SignalsHeldBack() {
         sigset_t all{};
         sigfillset(&all);
+        // The system answers a program in the background that reads its terminal with this one, and stops it; where it cannot,
+        // the read fails.
+        sigdelset(&all, SIGTTIN);
         pthread_sigmask(SIG_SETMASK, &all, &before);
     }
     ~SignalsHeldBack() {
