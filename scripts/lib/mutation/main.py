@@ -46,7 +46,14 @@ def parse_arguments():
     parser.add_argument("--survivors", action="store_true", help="tries those again that passed unnoticed last time")
     parser.add_argument("--list", action="store_true", help="prints the changes and tries none")
     parser.add_argument("--jobs", type=int, default=os.cpu_count(), help="how many at the same time (every processor)")
-    return parser.parse_args()
+    arguments = parser.parse_args()
+    for path in arguments.paths:
+        if not (ROOT / path).exists():
+            parser.error(f"there is no {path}")
+    if arguments.jobs < 1 or arguments.sample is not None and arguments.sample < 1:
+        parser.error("as many as that make no sense")
+    arguments.paths = [(ROOT / path).resolve().relative_to(ROOT).as_posix() for path in arguments.paths]
+    return arguments
 
 
 def mutants_in(file):
@@ -155,7 +162,7 @@ class Run:
 
 def choose(mutants, arguments, results):
     chosen = [mutant for mutant in mutants
-              if not arguments.paths or any(mutant.file.startswith(path.rstrip("/")) for path in arguments.paths)]
+              if not arguments.paths or any(f"{mutant.file}/".startswith(f"{path}/") for path in arguments.paths)]
     if arguments.survivors:
         chosen = [mutant for mutant in chosen if results.last.get(mutant.key, "") is None]
     if arguments.sample is not None and arguments.sample < len(chosen):
