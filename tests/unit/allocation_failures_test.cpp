@@ -101,7 +101,6 @@ TEST(AllocationFailures, OfTextHelpersComeOut) {
         {"getColoredString", [] { getColoredString(longText, 31); }},
         {"option", [] { std::to_string(Kelp::Option(longText, longText, longText, true)); }},
         {"option of literals", [] { Kelp::Option(longText.c_str(), longText.c_str(), longText.c_str(), true); }},
-        {"copied option", [] { const Kelp::Option option = Kelp::Option(longText, longText, longText, true); }},
         {"argument", [] { Kelp::Argument(longText, longText, true).printIndented(1, 2); }},
         {"StringDouble to text",
          [] {

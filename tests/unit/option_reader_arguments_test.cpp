@@ -118,6 +118,11 @@ TEST(OptionReaderArguments, AcceptsTheDirectoryAndPatternsUnopened) {
     }
 }
 
+TEST(OptionReaderArguments, RefusesOtherNamesOfOneCharacterThatAreNotThere) {
+    EXPECT_FALSE(checkFiles({"tool", "x"}).accepted);
+    EXPECT_FALSE(checkFiles({"tool", "/x"}).accepted);
+}
+
 TEST(OptionReaderArguments, AcceptsAFileThatCanBeOpened) {
     const std::string name = "option_reader_arguments_test.tmp";
     std::ofstream(name) << "x";

@@ -2,7 +2,6 @@
 #include <kelplib/Kelp.h>
 
 #include <climits>
-#include <limits>
 #include <stdexcept>
 
 #include "arguments.h"
@@ -29,7 +28,7 @@ TEST(OptionReader, CopiesEveryToken) {
 }
 
 TEST(OptionReader, ReadsNothingFromAnEmptyCommandLine) {
-    for (const int argc : {0, -1, std::numeric_limits<int>::min()}) {
+    for (const int argc : {0, -1, INT_MIN}) {
         Kelp::OptionReader reader(argc, nullptr);
         Strings tokens{"left over"};
         reader.getOptions(tokens);
@@ -135,6 +134,7 @@ TEST(OptionReader, ReadsTheValueAfterTheFirstEqualsSign) {
         {"o=5", "o=", "o", 0, "before"},
         {"", "", "", 0, "before"},
         {"-=", "-=", "", 2, ""},
+        {"-=x", "-=", "", 2, "x"},
     };
     for (const auto& c : cases) {
         Kelp::OptionReader reader = readerOf({"tool", c.token});

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <cfenv>
+
 #include "convert/real_reading.h"
 #include "number_types.h"
 
@@ -160,6 +162,17 @@ TEST(RealRounding, LooksAtTheLastOfManyDigits) {
     expectBits<double>(
         {{doubleMidpoint + zeros, 0x3FF0000000000000}, {doubleMidpoint + zeros + "1", 0x3FF0000000000001}});
     expectBits<float>({{floatMidpoint + zeros, 0x3F800000}, {floatMidpoint + zeros + "1", 0x3F800001}});
+}
+
+TEST(RealRounding, WhatIsTooSmallIsNoLimitInAnyDirection) {
+    for (const int mode : {FE_DOWNWARD, FE_UPWARD, FE_TOWARDZERO, FE_TONEAREST}) {
+        std::fesetround(mode);
+        const auto small = readOver<double>(99, "1e-400");
+        const auto smallSingle = readOver<float>(99, "1e-400");
+        std::fesetround(FE_TONEAREST);
+        EXPECT_LT(small, 1e-323) << mode;
+        EXPECT_LT(smallSingle, 1e-44F) << mode;
+    }
 }
 
 }  // namespace

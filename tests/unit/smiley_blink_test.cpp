@@ -16,6 +16,13 @@ protected:
         written([value] { KELP_progress_smile(value); });
     }
 
+    /// What a call at `now` draws, for work that began at 1000.
+    static std::string framesAt(double now) {
+        KELP_GlobalProgress.start_time = 1000.0;
+        clock(now);
+        return written([] { KELP_progress_smile(1.0); });
+    }
+
     /// Whether a call at `now` blinks.
     static bool blinks(double now) {
         callAt(now, 1.0);
@@ -53,6 +60,16 @@ TEST_F(SmileyBlink, BlinksAtMostOnceInFourSecondsOfALongRun) {
     for (int call = 0; call < 2400; ++call) {
         EXPECT_EQ(blinks(1000.0 + call * 0.25), call % 17 == 0) << call;
     }
+}
+
+TEST_F(SmileyBlink, ShowsOneTimeInBothFrames) {
+    const std::string blink = framesAt(1010.55);
+    EXPECT_EQ(fake_platform::state().sleepsMilliseconds, std::vector<unsigned int>{75});
+    const std::string line = "time remaining: 8 secs ";
+    const std::size_t first = blink.find(line);
+    ASSERT_NE(first, std::string::npos) << blink;
+    EXPECT_NE(blink.find(line, first + 1), std::string::npos) << blink;
+    EXPECT_NE(framesAt(1010.63).find("time remaining: 9 secs "), std::string::npos) << "it is past when the blink ends";
 }
 
 TEST_F(SmileyBlink, CountsItsCheerAsABlinkWhenOneIsDue) {
