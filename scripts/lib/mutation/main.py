@@ -22,6 +22,7 @@ ROOT = pathlib.Path(__file__).resolve().parents[3]
 FOLDER = ROOT / "build" / "mutation"
 LIST = ROOT / "tests" / "mutation" / "survivors.txt"
 OTHER_SYSTEM = "src/platform/platform_windows.cpp"
+LIBRARY = ("include", "src")
 
 
 def note(text):
@@ -41,8 +42,9 @@ def parse_arguments():
         "Ctrl+C stops it; the next call goes on where it stopped, unless sources or tests have changed since. "
         "Exit status 1 when a change passes unnoticed that tests/mutation/survivors.txt does not explain.")
     parser.add_argument("paths", nargs="*", help="files or folders to change (src and include by default)")
-    parser.add_argument("--sample", type=int, metavar="N", help="tries N changes only, picked at random")
-    parser.add_argument("--seed", type=int, default=None, help="picks the same ones again")
+    parser.add_argument("--sample", type=int, metavar="N", help="tries N changes only, picked at random, "
+                        "the same ones as long as the library is the same")
+    parser.add_argument("--seed", type=int, default=None, help="picks others")
     parser.add_argument("--survivors", action="store_true", help="tries those again that passed unnoticed last time")
     parser.add_argument("--list", action="store_true", help="prints the changes and tries none")
     parser.add_argument("--jobs", type=int, default=os.cpu_count(), help="how many at the same time (every processor)")
@@ -62,7 +64,7 @@ def mutants_in(file):
 
 def all_mutants(jobs):
     """Headers first: what is added to a source does not renumber them, so that little is built anew."""
-    files = [path.relative_to(ROOT).as_posix() for folder in ("include", "src") for path in (ROOT / folder).rglob("*")
+    files = [path.relative_to(ROOT).as_posix() for folder in LIBRARY for path in (ROOT / folder).rglob("*")
              if path.suffix in (".h", ".cpp")]
     files = sorted(set(files) - {OTHER_SYSTEM}, key=lambda file: (file.endswith(".cpp"), file))
     found = []
@@ -75,10 +77,9 @@ def all_mutants(jobs):
     return found
 
 
-def digest():
-    """Of everything that a result depends on."""
+def digest(folders):
     result = hashlib.sha256()
-    for folder in ("include", "src", "tests", "cmake", "scripts/lib/mutation"):
+    for folder in folders:
         for path in sorted((ROOT / folder).rglob("*")):
             if path.is_file() and "__pycache__" not in path.parts and path != LIST:
                 result.update(path.relative_to(ROOT).as_posix().encode() + path.read_bytes())
@@ -166,7 +167,7 @@ def choose(mutants, arguments, results):
     if arguments.survivors:
         chosen = [mutant for mutant in chosen if results.last.get(mutant.key, "") is None]
     if arguments.sample is not None and arguments.sample < len(chosen):
-        seed = arguments.seed if arguments.seed is not None else random.SystemRandom().randrange(10 ** 6)
+        seed = arguments.seed if arguments.seed is not None else int(digest(LIBRARY)[:5], 16)
         say(f"{arguments.sample} of {len(chosen)} changes, picked with --seed {seed}")
         chosen = random.Random(seed).sample(chosen, arguments.sample)
     return chosen
@@ -196,7 +197,7 @@ def main():
     FOLDER.mkdir(parents=True, exist_ok=True)
     mutants = all_mutants(arguments.jobs)
     explained = survivors.read(LIST)
-    results = Results(FOLDER / "results.jsonl", digest())
+    results = Results(FOLDER / "results.jsonl", digest((*LIBRARY, "tests", "cmake", "scripts/lib/mutation")))
     chosen = choose(mutants, arguments, results)
     if arguments.list:
         for mutant in chosen:
