@@ -20,7 +20,8 @@ PACKAGES = ["libbenchmark-dev", "valgrind", "libcli11-dev", "libcxxopts-dev", "l
 TEXT = """\
 # Benchmarks
 
-Written by `{command}`, which measures on the machine it runs on; nothing here was typed.{roughness}
+Written by `{command}`, which measures on the machine it runs on; no figure was
+typed. The goals were set beforehand, and some are missed.{roughness}
 
 | | |
 |---|---|
