@@ -16,7 +16,8 @@ using failing_allocations::failEach;
 const std::string longText(50, 'x');
 
 Arguments& line() {
-    static Arguments tokens{"tool", ".", "-o=/" + longText, "--oops=/" + longText, longText, "-v", longText};
+    static Arguments tokens{
+        "/" + longText + "/tool", ".", "-o=/" + longText, "--oops=/" + longText, longText, "-v", longText};
     return tokens;
 }
 
@@ -55,10 +56,30 @@ TEST(AllocationFailures, OfTheReaderLeaveItUsable) {
         std::vector<std::string> tokens;
         reader.getOptions(tokens);
     });
+    fail("getNameTool", [](Kelp::OptionReader& reader) { reader.getNameTool(); });
     fail("checkFiles", [](Kelp::OptionReader& reader) {
         std::string file;
         reader.checkFiles(file, 2);
     });
+}
+
+template <class Record>
+void failCopies(const char* name, const Record& record, const Record& other, std::string Record::*text) {
+    failEach(name, [&] { std::make_unique<Record>(record); });
+    failEach(
+        name, [&] { return std::make_unique<Record>(other); }, [&](Record& target) { target = record; },
+        [&](Record& target) {
+            target = other;
+            return target.*text == other.*text;
+        });
+}
+
+TEST(AllocationFailures, OfCopiedRecordsLeaveThemUsable) {
+    const std::string name = "n" + longText;
+    failCopies<Kelp::Option>("option", {longText, longText, longText, true}, {"-a", name, "", false},
+                             &Kelp::Option::longFlag);
+    failCopies<Kelp::Argument>("argument", {longText, longText, true}, {name, "", false}, &Kelp::Argument::name);
+    failCopies<Kelp::StringDouble>("StringDouble", {longText, 2}, {"n", 1}, &Kelp::StringDouble::label);
 }
 
 struct KnownReader {
