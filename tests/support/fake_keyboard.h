@@ -3,23 +3,29 @@
 
 #include <condition_variable>
 #include <iostream>
+#include <memory>
 #include <mutex>
 #include <streambuf>
+
+#include "fake_platform.h"
 
 /// Stands in for standard input while it lives. Threads that read wait for a key here, and get the keys in the order in which
 /// they came. A test waits for what has happened, never for time.
 class FakeKeyboard : private std::streambuf {
 public:
     /// std::cin no longer flushes std::cout, so that a waiting thread and the test do not share it.
-    FakeKeyboard() : original(std::cin.rdbuf(this)), tied(std::cin.tie(nullptr)) {}
+    FakeKeyboard() : original(std::cin.rdbuf(this)), tied(std::cin.tie(nullptr)) {
+        fake_platform::onThreadEnd() = [own = state] { own->change(own->ends); };
+    }
 
     /// Ends the threads that still read.
     ~FakeKeyboard() override {
         close();
         {
-            std::unique_lock<std::mutex> lock(mutex);
-            changed.wait(lock, [this] { return ends == readers; });
+            std::unique_lock<std::mutex> lock(state->mutex);
+            state->changed.wait(lock, [this] { return state->ends == state->readers; });
         }
+        fake_platform::onThreadEnd() = nullptr;
         std::cin.rdbuf(original);
         std::cin.tie(tied);
     }
@@ -28,64 +34,58 @@ public:
     FakeKeyboard& operator=(const FakeKeyboard&) = delete;
 
     void press() {
-        change(keys);
+        state->change(state->keys);
     }
 
     /// From now on reading finds the end of the input, behind the keys pressed so far.
     void close() {
-        change(closed);
+        state->change(state->closed);
     }
 
     /// Until that many threads have begun to read.
     void waitForReaders(int count) {
-        waitFor(readers, count);
+        waitFor(state->readers, count);
     }
 
     /// Until that many threads that have read are at their end.
     void waitForEnds(int count) {
-        waitFor(ends, count);
+        waitFor(state->ends, count);
     }
 
 private:
-    /// One for each thread that reads, destroyed at the thread's end.
-    struct AtThreadEnd {
-        explicit AtThreadEnd(FakeKeyboard& read) : keyboard(read) {}
-        AtThreadEnd(const AtThreadEnd&) = delete;
-        AtThreadEnd& operator=(const AtThreadEnd&) = delete;
-        ~AtThreadEnd() {
-            keyboard.change(keyboard.ends);
+    /// Lives as long as anybody looks at it: a thread that ends may still be in here when the keyboard goes.
+    struct State {
+        std::mutex mutex;
+        std::condition_variable changed;
+        int readers = 0;
+        int keys = 0;
+        int closed = 0;
+        int ends = 0;
+
+        void change(int& number) {
+            const std::lock_guard<std::mutex> lock(mutex);
+            ++number;
+            changed.notify_all();
         }
-        FakeKeyboard& keyboard;
     };
 
     int_type uflow() override {
-        thread_local const AtThreadEnd atThreadEnd(*this);
-        std::unique_lock<std::mutex> lock(mutex);
-        const int turn = readers++;
-        changed.notify_all();
-        changed.wait(lock, [&] { return keys > turn || closed > 0; });
-        return keys > turn ? traits_type::to_int_type('k') : traits_type::eof();
-    }
-
-    void change(int& number) {
-        const std::lock_guard<std::mutex> lock(mutex);
-        ++number;
-        changed.notify_all();
+        const std::shared_ptr<State> own = state;
+        std::unique_lock<std::mutex> lock(own->mutex);
+        const int turn = own->readers++;
+        own->changed.notify_all();
+        own->changed.wait(lock, [&] { return own->keys > turn || own->closed > 0; });
+        return own->keys > turn ? traits_type::to_int_type('k') : traits_type::eof();
     }
 
     void waitFor(const int& number, int count) {
-        std::unique_lock<std::mutex> lock(mutex);
-        changed.wait(lock, [&] { return number >= count; });
+        std::unique_lock<std::mutex> lock(state->mutex);
+        state->changed.wait(lock, [&] { return number >= count; });
     }
 
     std::streambuf* original;
     std::ostream* tied;
-    std::mutex mutex;
-    std::condition_variable changed;
-    int readers = 0;
-    int keys = 0;
-    int closed = 0;
-    int ends = 0;
+    std::shared_ptr<State> state = std::make_shared<State>();
 };
 
 #endif

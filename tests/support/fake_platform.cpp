@@ -11,6 +11,11 @@ State& state() {
     return instance;
 }
 
+std::function<void()>& onThreadEnd() {
+    static std::function<void()> instance;
+    return instance;
+}
+
 void reset() {
     state() = State();
 }
@@ -42,7 +47,12 @@ int rewindCursor(unsigned int lines) {
 }
 
 std::thread startThread(std::function<void()> run) {
-    return std::thread(std::move(run));
+    return std::thread([run = std::move(run), end = fake_platform::onThreadEnd()] {
+        run();
+        if (end) {
+            end();
+        }
+    });
 }
 
 std::string currentDirectory() {

@@ -23,6 +23,9 @@ State& state();
 /// Back to the values above.
 void reset();
 
+/// What the threads that are started from now on do at their end; a reset leaves it.
+std::function<void()>& onThreadEnd();
+
 }  // namespace fake_platform
 
 #endif
