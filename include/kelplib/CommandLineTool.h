@@ -189,8 +189,9 @@ private:
 /// The path of the main application's tools_configuration.txt, found through PATH: the last entry (they are parted by ";" on
 /// every system) with "tarn" in it, in lower case, less its last 10 characters, and the configuration's place below that.
 /// Every such entry is told on standard output, and so is that there is none, or no PATH. Nobody looks whether the file is
-/// there.
+/// there. May be called from any thread while none changes the environment.
 /// \returns the path; empty when there is no such entry
+/// \throws std::bad_alloc, std::length_error
 KELP_API std::string getFilePath();
 
 #endif

@@ -7,6 +7,9 @@
 /// Code that links the shared library needs to define nothing. KELPLIB_BUILDING is set only while the library itself is
 /// compiled, KELPLIB_STATIC only by programs that link the library's objects directly.
 
+/// \def KELP_API
+/// Marks what the shared library hands out.
+
 #if defined(KELPLIB_STATIC)
 #define KELP_API
 #elif !defined(_WIN32)

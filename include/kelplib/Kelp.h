@@ -22,6 +22,7 @@
 
 class CommandLineTool;
 
+/// Options and arguments, the reader of the command line, values, flags read straight from argv, and string helpers.
 namespace Kelp {
 
 /// One flag that a tool accepts. A plain record: nothing is checked, any text may be empty.
@@ -37,20 +38,20 @@ public:
     Option(const char* shortFlag, const char* longFlag, const char* description, bool marker);
 
     // Copied and moved member by member. The code for it stands in the library once, not in every tool.
-    Option(const Option&);
-    Option(Option&&) noexcept;
-    Option& operator=(const Option&);
-    Option& operator=(Option&&) noexcept;
+    Option(const Option&);                 ///< Copies member by member.
+    Option(Option&&) noexcept;             ///< Takes the texts over.
+    Option& operator=(const Option&);      ///< Copies member by member.
+    Option& operator=(Option&&) noexcept;  ///< Takes the texts over.
     ~Option();
 
     /// Prints the option's block of the help screen and a blank line. The stream is not flushed.
     /// \param width, lineWidth  accepted for the caller's convenience; the layout does not depend on them
     void printIndented(std::size_t width, std::size_t lineWidth) const;
 
-    std::string shortFlag;
-    std::string longFlag;
-    std::string description;
-    bool marker;
+    std::string shortFlag;    ///< the short form with its dash
+    std::string longFlag;     ///< the long form with its dashes
+    std::string description;  ///< one line of help text
+    bool marker;              ///< the tool's own mark; the library never reads it
 };
 
 /// One positional argument that a tool accepts, for the usage line and the help: how many arguments a command line has is
@@ -65,25 +66,25 @@ public:
     Argument(const char* name, const char* description, bool repeated);
 
     // As with Option.
-    Argument(const Argument&);
-    Argument(Argument&&) noexcept;
-    Argument& operator=(const Argument&);
-    Argument& operator=(Argument&&) noexcept;
+    Argument(const Argument&);                 ///< Copies member by member.
+    Argument(Argument&&) noexcept;             ///< Takes the texts over.
+    Argument& operator=(const Argument&);      ///< Copies member by member.
+    Argument& operator=(Argument&&) noexcept;  ///< Takes the texts over.
     ~Argument();
 
     /// Prints the argument's block of the help screen and a blank line. The stream is not flushed.
     /// \param width, lineWidth  accepted for the caller's convenience; the layout does not depend on them
     void printIndented(std::size_t width, std::size_t lineWidth) const;
 
-    std::string name;
-    std::string description;
-    bool repeated;
+    std::string name;         ///< the name shown in the usage line and in the help
+    std::string description;  ///< one line of help text
+    bool repeated;            ///< whether the usage line puts "..." after the name
 };
 
 /// A label with a number, written "label:number" on the command line.
 struct StringDouble {
-    std::string label;
-    double value = 0.0;
+    std::string label;   ///< what stands before the colon
+    double value = 0.0;  ///< what stands behind it
 };
 
 /// \name Option text to typed values
@@ -105,11 +106,18 @@ KELP_API void stringToValue(std::string& target, std::string text);
 KELP_API void stringToValue(bool& target, std::string text);
 /// The target becomes the first character of the text; a space for an empty text.
 KELP_API void stringToValue(char& target, std::string text);
+/// The target becomes the whole number that the text begins with, at most 2147483647 and at least -2147483648.
 KELP_API void stringToValue(int& target, std::string text);
+/// The same from 0 to 65535; "-1" is 65535.
 KELP_API void stringToValue(unsigned short& target, std::string text);
+/// The same from 0 to 4294967295; "-1" is 4294967295.
 KELP_API void stringToValue(unsigned int& target, std::string text);
+/// The same from 0 to 18446744073709551615; "-1" is 18446744073709551615.
 KELP_API void stringToValue(unsigned long long& target, std::string text);
+/// The target becomes the nearest double (IEEE 754 binary64) to the number that the text begins with; "1e400" is the largest
+/// finite one.
 KELP_API void stringToValue(double& target, std::string text);
+/// The nearest float (IEEE 754 binary32), read as such, without a detour through double.
 KELP_API void stringToValue(float& target, std::string text);
 /// Reads "label:number". Untouched unless the text has exactly two non-empty pieces between its colons; a blank second
 /// piece sets the label and leaves the value.
@@ -137,10 +145,13 @@ KELP_API void stringToValue(std::set<double>& target, std::string text);
 /// the element in its place: a blank piece leaves that one as it was, so that defaults survive. Elements that are added
 /// begin as 0.
 KELP_API void stringToValue(std::vector<int>& target, std::string text);
+/// The same for real numbers.
 KELP_API void stringToValue(std::vector<double>& target, std::string text);
 /// Two numbers between colons, the lower one first; a blank piece gives 0. Untouched unless there are exactly two pieces.
 KELP_API void stringToValue(std::tuple<unsigned int, unsigned int>& target, std::string text);
+/// The same for two numbers of type float.
 KELP_API void stringToValue(std::tuple<float, float>& target, std::string text);
+/// The same for two numbers of type double.
 KELP_API void stringToValue(std::tuple<double, double>& target, std::string text);
 /// Three numbers between colons in the order in which they are written; a blank piece gives 0. Untouched unless there are
 /// exactly three pieces.
@@ -161,11 +172,10 @@ public:
     /// \throws std::logic_error  "basic_string: construction from null is not valid" for a null element among them
     OptionReader(int argc, char** argv);
 
-    // A copy holds the same tokens; one that is moved from has none.
-    OptionReader(const OptionReader&);
-    OptionReader(OptionReader&&) noexcept;
-    OptionReader& operator=(const OptionReader&);
-    OptionReader& operator=(OptionReader&&) noexcept;
+    OptionReader(const OptionReader&);                 ///< The copy holds the same tokens.
+    OptionReader(OptionReader&&) noexcept;             ///< The other has no tokens then.
+    OptionReader& operator=(const OptionReader&);      ///< The copy holds the same tokens.
+    OptionReader& operator=(OptionReader&&) noexcept;  ///< The other has no tokens then.
     ~OptionReader();
 
     /// Finds the first token at or after `start` that equals one of the two names, ignoring case. Whole tokens are
@@ -213,7 +223,9 @@ public:
     /// \param file  set to the argument; untouched when there is none
     bool checkFiles(std::string& file, int start);
 
+    /// Switches verbose mode, a mark that the reader carries and does not look at itself.
     void setVerbose(bool on);
+    /// Whether verbose mode is on.
     bool getVerbose() const;
 
     /// The program path as it stands on the command line; empty when there are no tokens.
@@ -250,10 +262,12 @@ int OptionReader::getValue(std::string shortFlag, std::string longFlag, T& value
     return getValue(shortFlag.c_str(), longFlag.c_str(), value, start);
 }
 
+/// \cond the code for texts, which the library holds
 extern template KELP_API int OptionReader::getValue<std::string>(const char* shortFlag, const char* longFlag,
                                                                  std::string& value, int start);
 extern template KELP_API int OptionReader::getValue<std::string>(std::string shortFlag, std::string longFlag,
                                                                  std::string& value, int start);
+/// \endcond
 
 /// \name String helpers
 /// @{
@@ -335,7 +349,7 @@ KELP_API std::vector<std::string> getAllArguments(int argc, char** argv);
 /// @}
 
 /// The number that the environment variable K_VERBOSITY begins with, 0 without one. The environment is read at the first
-/// call and never again. What a level means is the program's choice; the library looks at it in getIntFlag alone. A tool's
+/// call, from whichever thread, and never again. What a level means is the program's choice; the library looks at it in getIntFlag alone. A tool's
 /// verbose mode is another matter.
 KELP_API int verbosity();
 
@@ -352,6 +366,7 @@ KELP_API void waitOrPressKey(unsigned int seconds, std::string message);
 /// Orders strings ignoring letter case, byte by byte through the C library's tolower: "-a" and "-A" are equivalent. Fit to
 /// order any std::map or std::set of strings.
 struct KELP_API ci_less {
+    /// Whether `a` stands before `b`.
     bool operator()(const std::string& a, const std::string& b) const;
 };
 
