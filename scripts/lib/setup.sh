@@ -33,6 +33,12 @@ need_for_tests() {
             "/usr/lib/python3/dist-packages/pyte/__init__.py python3-pyte")
 }
 
+# cmake asks for a compiler although none compiles anything here.
+need_for_docs() {
+    need_for_demo
+    needs+=("doxygen doxygen" "/usr/share/doxygen-awesome-css/doxygen-awesome.css doxygen-awesome-css")
+}
+
 need_for_windows() {
     needs+=("x86_64-w64-mingw32-g++-posix g++-mingw-w64-x86-64-posix" "wine wine wine64")
 }
@@ -63,6 +69,7 @@ need_for_fuzzing() {
 
 need_for_all_tests() {
     need_for_tests
+    need_for_docs
     need_for_guard
     need_for_fuzzing
     need_for_windows
