@@ -48,6 +48,11 @@ need_for_guard() {
     needs+=("python3 python3" "valgrind valgrind")
 }
 
+need_for_pictures() {
+    need_for_demo
+    needs+=("asciinema asciinema" "node nodejs" "npm npm")
+}
+
 need_for_benchmarks() {
     local cmake='/usr/lib/*/cmake'
     need_for_guard
