@@ -1,0 +1,167 @@
+#!/usr/bin/env python3
+"""The tools still print what the pictures of the documentation show: pictures_test.py PICTURES TOOLS
+
+PICTURES is the folder of the recordings, TOOLS that of the built tools. scripts/pictures renews the pictures.
+"""
+
+import contextlib
+import hashlib
+import os
+import pathlib
+import signal
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+import unittest
+
+import pty_output
+import recordings
+
+TOOLS = pathlib.Path(sys.argv.pop()).resolve()
+PICTURES = pathlib.Path(sys.argv.pop()).resolve()
+NAMES = ("bar", "face", "help")
+
+# Files for the tools. Their contents change no frame; a size that neither 30 nor 37 divides, the widths of the bars, leaves
+# each bar its full width.
+FILES = {"archive.tar": 1_000_001, "archive.base64": 200_000_001}
+
+# Fast machines would be done before a frame is due. So each run is held up now and then, which moves its clock.
+HOLDS, RUN_SECONDS, HOLD_SECONDS = 60, 0.01, 0.05
+
+BIGGEST_PICTURE = 150_000
+
+
+def hold_up(process):
+    """Stops the process and its children again and again for a moment."""
+    for _ in range(HOLDS):
+        time.sleep(RUN_SECONDS)
+        if process.poll() is not None:
+            return
+        for number in (signal.SIGSTOP, signal.SIGCONT):
+            with contextlib.suppress(ProcessLookupError):
+                os.killpg(process.pid, number)
+            time.sleep(HOLD_SECONDS if number == signal.SIGSTOP else 0)
+
+
+def run_again(recording):
+    """What the recorded command writes to a terminal of the same size."""
+    settings = {name: value for name, value in os.environ.items() if name != "MSYSTEM"}
+    settings["PATH"] = f"{TOOLS}{os.pathsep}{settings['PATH']}"
+    with tempfile.TemporaryDirectory() as folder:
+        for name, size in FILES.items():
+            with open(os.path.join(folder, name), "wb") as file:
+                file.truncate(size)
+        _, output, _ = pty_output.written_to_terminal(
+            ["sh", "-c", f'PS4="$ "; set -x; {recording.command}'], recording.columns, recording.rows, cwd=folder,
+            env=settings, stderr=subprocess.STDOUT, start_new_session=True,
+            started=lambda process: threading.Thread(target=hold_up, args=[process]).start())
+    return output.decode()
+
+
+def recorded(name):
+    return recordings.Recording(PICTURES / f"{name}.cast")
+
+
+def screens_of(recording, output=None):
+    return recordings.screens(recording.output if output is None else output, recording.columns, recording.rows)
+
+
+class Pictures(unittest.TestCase):
+    maxDiff = None
+
+    def test_recordings_hold_nothing_of_a_machine(self):
+        for name in NAMES:
+            with self.subTest(name):
+                self.assertEqual(sorted(recorded(name).header), ["height", "title", "version", "width"])
+                self.assertEqual(recorded(name).pause, "\r")
+                for suffix in (".cast", ".svg"):
+                    text = (PICTURES / name).with_suffix(suffix).read_text(encoding="utf-8")
+                    self.assertNotRegex(text, r"/(?:tmp|home|root|work|var|usr)/")
+
+    def test_pictures_belong_to_their_recordings(self):
+        lines = (PICTURES / "SHA256SUMS").read_text(encoding="utf-8").splitlines()
+        files = sorted(path for path in PICTURES.iterdir() if path.suffix in (".cast", ".svg"))
+        self.assertEqual([path.name for path in files], [f"{name}.{kind}" for name in NAMES for kind in ("cast", "svg")])
+        self.assertEqual(lines, [f"{hashlib.sha256(path.read_bytes()).hexdigest()}  {path.name}" for path in files])
+
+    def test_pictures_are_small(self):
+        for path in PICTURES.glob("*.svg"):
+            with self.subTest(path.name):
+                self.assertLessEqual(path.stat().st_size, BIGGEST_PICTURE)
+
+    def test_help_screen_is_the_same_byte_for_byte(self):
+        recording = recorded("help")
+        self.assertEqual(recording.output, run_again(recording))
+
+    def test_progress_is_drawn_alike(self):
+        for name in ("bar", "face"):
+            with self.subTest(name):
+                recording = recorded(name)
+                again = screens_of(recording, run_again(recording))
+                self.assertEqual("\n".join(recordings.differences(screens_of(recording), again)), "")
+                self.assertTrue(any(look.unfinished for look in again), "no frame was drawn")
+
+
+class Recordings(unittest.TestCase):
+    """What the pictures show."""
+
+    def test_face_goes_through_all_expressions(self):
+        looks = [look.shape.split("\n") for look in screens_of(recorded("face")) if not look.blinks()]
+        frames = recordings.without_repeats((rows[3], rows[5]) for rows in looks if "_____" in rows[1])
+        frown, flat, smile = "   \\  / \\  /", "   \\  ---  /", "   \\  \\_/  /"
+        self.assertEqual(frames, [
+            ("   /  * *  \\", frown), ("   /  * *  \\", flat), ("   /  . .  \\", flat), ("   /  . .  \\", smile),
+            ("   /  o o  \\", smile), ("   /  * *  \\", smile),
+            ("   /  ^ ^  \\", smile), ("   /  _ _  \\", smile), ("   /  ^ ^  \\", smile)])
+
+
+class Comparison(unittest.TestCase):
+    """It notices what a tool says otherwise, and nothing else."""
+
+    def check(self, changes, noticed):
+        for name, old, new in changes:
+            with self.subTest(f"{name}: {old!r} becomes {new!r}"):
+                recording = recorded(name)
+                self.assertIn(old, recording.output)
+                changed = screens_of(recording, recording.output.replace(old, new))
+                self.assertEqual(recordings.differences(screens_of(recording), changed) != [], noticed)
+
+    def test_changed_texts_are_noticed(self):
+        self.check([
+            ("bar", "time left", "time to go"), ("bar", "time left: ", "time left:"), ("bar", "done in", "done after"),
+            ("bar", "#", "="), ("bar", "|", "]"), ("bar", "% #", "% ##"), ("bar", " secs", " s"),
+            ("bar", "outside ASCII: 0", "outside ASCII: 1"), ("bar", "$ flat", "$ ./flat"),
+            ("bar", "archive.base64 ", "archive.base64: "), ("face", "remaining", "left"), ("face", "spent: ", "spent:"),
+            ("face", "cutting", "Cutting"), ("face", "/  * *", "/  o o"), ("face", "---", "-_-"), ("face", "_ _", "- -"),
+            ("face", "> \\   / <", ">       <"), ("face", "fragments: 10000", "fragments: 9999"),
+            ("face", "   >   _   <", "   >       <"), ("face", "\x1b[6A", "\x1b[5A"), ("face", " secs", " sec"),
+        ], True)
+
+    def test_other_times_are_not_noticed(self):
+        self.check([
+            ("bar", " secs  ", " hours "), ("bar", "left: ", "left: 1"), ("bar", "done in: ", "done in: 1"),
+            ("face", " secs ", " hours"), ("face", "remaining: ", "remaining: 1"), ("face", "spent:  ", "spent:  1"),
+            ("face", "bytes: ", "bytes: 1"),
+        ], False)
+
+    def test_other_frames_are_not_noticed(self):
+        for name in ("bar", "face"):
+            looks = screens_of(recorded(name))
+            halved = [look for number, look in enumerate(looks) if number % 2 or look.blinks() or not look.unfinished
+                      or looks[number - 1].blinks()]
+            self.assertLess(len(halved), len(looks))
+            self.assertEqual(recordings.differences(looks, halved), [], name)
+
+    def test_other_boundaries_are_noticed(self):
+        for name, factor in (("face", 1.1), ("face", 0.9), ("bar", 1.1), ("bar", 0.9)):
+            with self.subTest(f"{name}: {factor}"):
+                looks, moved = screens_of(recorded(name)), screens_of(recorded(name))
+                for look in moved:
+                    look.percentage *= factor
+                self.assertNotEqual(recordings.differences(looks, moved), [])
+
+
+if __name__ == "__main__":
+    unittest.main()
