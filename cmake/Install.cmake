@@ -1,7 +1,24 @@
-# find_package(kelplib) for a project that links the installed library.
+# The ways into an installed kelplib: find_package(kelplib) for CMake, kelplib.pc for everything else. No file of it knows
+# where it was installed, so a whole installation may be moved.
 include(CMakePackageConfigHelpers)
-set(KELPLIB_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/kelplib)
-write_basic_package_version_file(kelplibConfigVersion.cmake COMPATIBILITY SameMajorVersion)
-install(TARGETS kelplib EXPORT kelplibTargets FILE_SET HEADERS)
-install(EXPORT kelplibTargets NAMESPACE kelplib:: DESTINATION ${KELPLIB_PACKAGE_DIR} FILE kelplibConfig.cmake)
-install(FILES ${CMAKE_CURRENT_BINARY_DIR}/kelplibConfigVersion.cmake DESTINATION ${KELPLIB_PACKAGE_DIR})
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/kelplib)
+set(binary_dir ${CMAKE_CURRENT_BINARY_DIR})
+
+install(TARGETS kelplib EXPORT kelplibTargets
+    RUNTIME COMPONENT runtime
+    LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
+    ARCHIVE COMPONENT development
+    FILE_SET HEADERS COMPONENT development)
+
+write_basic_package_version_file(${binary_dir}/kelplibConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(EXPORT kelplibTargets NAMESPACE kelplib:: DESTINATION ${package_dir} COMPONENT development)
+install(FILES cmake/packages/kelplibConfig.cmake ${binary_dir}/kelplibConfigVersion.cmake
+    DESTINATION ${package_dir} COMPONENT development)
+
+file(RELATIVE_PATH prefix_seen_from_pc ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+configure_file(cmake/packages/kelplib.pc.in kelplib.pc @ONLY)
+install(FILES ${binary_dir}/kelplib.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
+
+install(FILES README.md CHANGELOG.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation)
+install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation
+    FILES_MATCHING PATTERN *.md PATTERN *.svg)

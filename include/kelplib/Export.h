@@ -7,6 +7,10 @@
 /// Code that links the shared library needs to define nothing. KELPLIB_BUILDING is set only while the library itself is
 /// compiled, KELPLIB_STATIC only by programs that link the library's objects directly.
 
+#if defined(__cplusplus) && __cplusplus < 201703L
+#error "kelplib needs C++17: compile with -std=c++17 or newer"
+#endif
+
 /// \def KELP_API
 /// Marks what the shared library hands out.
 

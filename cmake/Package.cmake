@@ -1,0 +1,67 @@
+# What cpack makes: Debian packages, for Windows a zip. scripts/package calls it.
+set(CPACK_PACKAGE_NAME kelplib)
+set(CPACK_PACKAGE_VENDOR "The kelplib authors")
+set(CPACK_PACKAGE_CONTACT "The kelplib authors <kelplib@packages.invalid>" CACHE STRING "Who maintains the packages")
+set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR}/packages)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_VERBATIM_VARIABLES ON)
+set(CPACK_COMPONENTS_ALL runtime development documentation)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+# Every file gets one date, so that two builds give the same packages.
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/packages/set_dates.cmake)
+
+if(WIN32)
+    set(CPACK_GENERATOR ZIP)
+    set(CPACK_PACKAGE_FILE_NAME kelplib-${PROJECT_VERSION}-windows-x86_64)
+    set(CPACK_POST_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/packages/sort_zip.cmake)
+    include(CPack)
+    return()
+endif()
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+
+set(runtime_package libkelplib${PROJECT_VERSION_MAJOR})
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${runtime_package})
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
+# cpack's own way to the needed packages also writes scripts that call ldconfig; Debian has a trigger for that.
+set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_LIST_DIR}/packages/debian_runtime.cmake)
+set(CPACK_KELPLIB_LIBRARY ${CMAKE_CURRENT_BINARY_DIR}/libkelplib.so.${PROJECT_VERSION})
+configure_file(cmake/packages/debian-shlibs.in debian/shlibs @ONLY)
+file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/debian/triggers "activate-noawait ldconfig\n")
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA
+    ${CMAKE_CURRENT_BINARY_DIR}/debian/shlibs ${CMAKE_CURRENT_BINARY_DIR}/debian/triggers)
+set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "Options, help, checks of the command line, typed values, output paths and
+progress on the console, the same for a whole family of tools.
+This package has the shared library.")
+
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libkelplib-dev)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${runtime_package} (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS libkelplib-doc)
+set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "The headers, and what CMake and pkg-config need to link a
+tool with the shared library.")
+
+set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_NAME libkelplib-doc)
+set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SECTION doc)
+set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_DOCUMENTATION_DESCRIPTION "How to write a tool with the shared library, and how the
+library is made.")
+
+# Each Debian package has its licence and its changes beside it; a plain installation leaves them out.
+string(TIMESTAMP package_date "%a, %d %b %Y %H:%M:%S +0000" UTC)
+configure_file(cmake/packages/debian-changelog.in debian/changelog @ONLY)
+configure_file(cmake/packages/debian-copyright.in debian/copyright @ONLY)
+add_custom_command(OUTPUT debian/changelog.gz DEPENDS ${CMAKE_CURRENT_BINARY_DIR}/debian/changelog
+    COMMAND gzip -9 -n -c debian/changelog > debian/changelog.gz VERBATIM)
+add_custom_target(debian_changelog ALL DEPENDS debian/changelog.gz)
+foreach(component IN ITEMS RUNTIME DEVELOPMENT DOCUMENTATION)
+    string(TOLOWER ${component} component_name)
+    install(FILES ${CMAKE_CURRENT_BINARY_DIR}/debian/copyright ${CMAKE_CURRENT_BINARY_DIR}/debian/changelog.gz
+        DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/${CPACK_DEBIAN_${component}_PACKAGE_NAME}
+        COMPONENT ${component_name} EXCLUDE_FROM_ALL)
+endforeach()
+include(CPack)
