@@ -74,7 +74,7 @@ class Suites:
         tests = {test["name"]: self.from_ctest(test) for test in json.loads(listing)["tests"] if "command" in test}
         self.unit = tests["unit"]
         self.scripts = [tests[name] for name in ("golden", *sorted(tests)) if name == "golden" or
-                        name.startswith("contract_") and name != "contract_symbols"]
+                        name.startswith("contract_")]
         self.units = []
         self.noticed = collections.Counter()
 
