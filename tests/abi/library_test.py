@@ -1,0 +1,82 @@
+#!/usr/bin/env python3
+"""How the shared library is linked: library_test.py LIBRARY VERSION HARDENED TOOL...
+
+Its name, what it may bind by itself, and what guards it. HARDENED is ON or OFF; the TOOLs are readelf, nm and objdump, on
+Windows objdump alone.
+"""
+
+import re
+import subprocess
+import sys
+import unittest
+
+LIBRARY, VERSION, HARDENED, *TOOLS = sys.argv[1:]
+del sys.argv[1:]
+ON_WINDOWS = len(TOOLS) == 1
+hardened_only = unittest.skipUnless(HARDENED == "ON", "built without guards")
+
+
+def told_by(tool, *arguments):
+    return subprocess.run([tool, *arguments, LIBRARY], stdout=subprocess.PIPE, check=True, encoding="utf-8").stdout
+
+
+@unittest.skipIf(ON_WINDOWS, "for ELF")
+class OnElf(unittest.TestCase):
+    def setUp(self):
+        self.dynamic = told_by(TOOLS[0], "-dW")
+
+    def undefined(self):
+        return {line.split()[-1].split("@")[0] for line in told_by(TOOLS[1], "-D", "--undefined-only").splitlines()}
+
+    def test_its_name_has_the_major_version(self):
+        major = VERSION.split(".", maxsplit=1)[0]
+        self.assertIn(f"Library soname: [libkelplib.so.{major}]", self.dynamic)
+
+    def test_its_data_stays_one_with_the_tools(self):
+        # With -Bsymbolic the tool would have one KELP_GlobalProgress and the library another.
+        self.assertNotIn("SYMBOLIC", self.dynamic)
+
+    @hardened_only
+    def test_its_tables_are_bound_at_once_and_then_read_only(self):
+        self.assertRegex(self.dynamic, r"\(FLAGS\).*\bBIND_NOW\b")
+        self.assertRegex(self.dynamic, r"\(FLAGS_1\).*\bNOW\b")
+        segments = told_by(TOOLS[0], "-lW")
+        self.assertIn("GNU_RELRO", segments)
+        self.assertRegex(segments, r"GNU_STACK .* RW +0x")
+
+    @hardened_only
+    def test_its_stacks_and_calls_are_checked(self):
+        undefined = self.undefined()
+        self.assertIn("__stack_chk_fail", undefined)
+        self.assertIn("__snprintf_chk", undefined)
+        self.assertNotIn("snprintf", undefined)
+
+    @hardened_only
+    def test_its_functions_are_marked_as_targets_of_jumps(self):
+        if "X86-64" not in told_by(TOOLS[0], "-h"):
+            self.skipTest("only this processor has the marks")
+        code = told_by(TOOLS[2], "-d", "--no-show-raw-insn")
+        for name in ("KELP_progress", "KELP_time_stamp", "KELP_sleep"):
+            found = re.search(rf"<{name}>:\n.*", code)
+            with self.subTest(name):
+                self.assertTrue(found and found[0].endswith("endbr64"))
+
+
+@unittest.skipUnless(ON_WINDOWS, "for DLLs")
+class OnWindows(unittest.TestCase):
+    def setUp(self):
+        self.headers = told_by(TOOLS[0], "-p")
+
+    @hardened_only
+    def test_it_may_lie_anywhere_and_its_data_is_no_code(self):
+        for mark in ("HIGH_ENTROPY_VA", "DYNAMIC_BASE", "NX_COMPAT"):
+            self.assertRegex(self.headers, rf"(?m)^\s+{mark}$")
+
+    def test_it_needs_the_runtime_of_the_compiler_and_the_system_only(self):
+        needed = set(re.findall(r"DLL Name: (\S+)", self.headers))
+        self.assertEqual(needed - {"libgcc_s_seh-1.dll", "libstdc++-6.dll", "libwinpthread-1.dll"},
+                         {"KERNEL32.dll", "msvcrt.dll"})
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,111 @@
+#!/usr/bin/env python3
+"""What the shared library exports: symbols_test.py [--renew] NM LIBRARY LIST INCLUDE_FOLDER
+
+LIBRARY is the library that programs are linked with: on Windows the import library. LIST has its exported names, one a line,
+in the same words whatever standard library is underneath. A name on it is declared in the public headers.
+
+  --renew  writes LIST anew
+"""
+
+import pathlib
+import re
+import subprocess
+import sys
+import unittest
+
+HEADER = """\
+# The names that the shared library exports; constructors and destructors stand here once for each of their variants.
+# Written by scripts/abi --renew; a test compares with them.
+"""
+
+
+def in_plain_words(symbol):
+    """The name without the marks of one standard library: libstdc++'s and libc++'s are told in the same words."""
+    symbol = re.sub(r"\[abi:\w+\]", "", symbol)
+    symbol = symbol.replace("std::__1::__fs::filesystem::", "std::filesystem::").replace("::__cxx11::", "::")
+    symbol = symbol.replace("std::__1::", "std::").replace(" >", ">")
+    text = "std::basic_string<char, std::char_traits<char>, std::allocator<char>>"
+    return symbol.replace(text, "std::string")
+
+
+def exported_symbols(nm, library):
+    dynamic = [] if library.endswith(".a") else ["--dynamic"]
+    listing = subprocess.run([nm, *dynamic, "--defined-only", "--demangle", library], stdout=subprocess.PIPE,
+                             check=True, encoding="utf-8").stdout
+    lines = [line.split(" ", 2) for line in listing.splitlines() if re.match(r"[0-9a-f]+ [A-Zu] ", line)]
+    # Of an import library only the names themselves, not its tables; its one object has a pointer to it and nothing else.
+    names = [symbol for _, kind, symbol in lines if dynamic or kind == "T"]
+    names += [symbol.removeprefix("__imp_") for _, _, symbol in lines
+              if not dynamic and symbol.startswith("__imp_KELP_Global")]
+    return sorted(in_plain_words(name) for name in names)
+
+
+def listed_symbols(path):
+    return [line for line in path.read_text(encoding="utf-8").splitlines() if not line.startswith("#")]
+
+
+def public_words(folder):
+    words = set()
+    for header in sorted(pathlib.Path(folder).rglob("*.h")):
+        code = re.sub(r"//.*|/\*.*?\*/", "", header.read_text(encoding="utf-8"))
+        words.update(re.findall(r"\w+", code))
+    return words
+
+
+def qualified_name(symbol):
+    """The name in a symbol, without result, parameters and template arguments."""
+    text = symbol.replace("operator()", "operator_call")
+    while (shorter := re.sub(r"<[^<>]*>", "", text)) != text:
+        text = shorter
+    return text.split("(")[0].split(" ")[-1]
+
+
+def is_public(symbol, words):
+    """Whether the headers declare it: an instance of a template of the standard library is none of theirs."""
+    parts = [part.lstrip("~") for part in qualified_name(symbol).split("::")]
+    if parts[0] == "std":
+        return parts == ["std", "to_string"]
+    return all(part in words or part.startswith("operator") for part in parts)
+
+
+class Exports(unittest.TestCase):
+    maxDiff = None
+
+    def test_one_name_in_the_words_of_two_libraries(self):
+        for symbol in ("Kelp::f[abi:cxx11](std::__cxx11::basic_string<char, std::char_traits<char>, std::allocator<char> >)",
+                       "Kelp::f(std::__1::basic_string<char, std::__1::char_traits<char>, std::__1::allocator<char> >)"):
+            self.assertEqual(in_plain_words(symbol), "Kelp::f(std::string)")
+        for symbol in ("g(std::filesystem::__cxx11::path&)", "g(std::__1::__fs::filesystem::path&)"):
+            self.assertEqual(in_plain_words(symbol), "g(std::filesystem::path&)")
+
+    def test_internal_names_are_told_apart(self):
+        words = public_words(INCLUDE_FOLDER)
+        for symbol in ("Kelp::platform::sleepMilliseconds(unsigned int)", "sleepMilliseconds", "Kelp::escape::red",
+                       "Kelp::flagKey(std::string const&)", "(anonymous namespace)::copyrightLine", "std_like::name()",
+                       "int collectArguments<std::vector<std::pair<int, int>>>(Kelp::OptionReader const&)",
+                       "std::vector<Kelp::Option>::reserve(unsigned long)", "std::to_string_of(int)"):
+            with self.subTest(symbol):
+                self.assertFalse(is_public(symbol, words))
+        for symbol in ("Kelp::Option::~Option()", "Kelp::Option::operator=(Kelp::Option&&)", "std::to_string(Kelp::Option)",
+                       "ci_less::operator()(std::string const&) const", "KELP_GlobalProgress",
+                       "int Kelp::OptionReader::getValue<std::vector<std::pair<int, int>>>(int)"):
+            with self.subTest(symbol):
+                self.assertTrue(is_public(symbol, words))
+
+    def test_the_headers_declare_what_is_listed(self):
+        words = public_words(INCLUDE_FOLDER)
+        self.assertEqual([symbol for symbol in listed_symbols(LIST) if not is_public(symbol, words)], [])
+
+    def test_exactly_the_listed_names_are_exported(self):
+        self.assertEqual(exported_symbols(NM, LIBRARY), listed_symbols(LIST))
+
+
+if __name__ == "__main__":
+    RENEW = sys.argv[1] == "--renew"
+    NM, LIBRARY, LIST, INCLUDE_FOLDER = sys.argv[-4:]
+    LIST = pathlib.Path(LIST)
+    del sys.argv[1:]
+    if RENEW:
+        LIST.write_text(HEADER + "\n".join(exported_symbols(NM, LIBRARY)) + "\n", encoding="utf-8")
+    else:
+        unittest.main()

@@ -1,0 +1,51 @@
+"""Building and running the programs of consumer/ as another project would, for the scripts beside this one."""
+
+import os
+import pathlib
+import shutil
+import subprocess
+
+HERE = pathlib.Path(__file__).resolve().parent
+ROOT = HERE.parent.parent
+NUMBERS = "-n=1:2.5"
+TOOL_OUTPUT = "1, 2.5\ncaught\nfrom the tool  50.0% ## |\r\n"
+FLAT_OUTPUT = "from C  50.0% ## |\r\n"
+# What a build of the library alone needs.
+SOURCES = ("CMakeLists.txt", "cmake", "include", "src", "README.md", "CHANGELOG.md", "LICENSE", "docs")
+
+
+def output(*command, **environment):
+    """Runs a command to its end and returns what it wrote on standard output; a failure shows all that it wrote."""
+    done = subprocess.run([str(word) for word in command], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                          stderr=subprocess.PIPE, env={**os.environ, **environment}, timeout=600, check=False)
+    if done.returncode != 0:
+        raise AssertionError(f"{command} ended with {done.returncode}\n{(done.stdout + done.stderr).decode()}")
+    return done.stdout.decode()
+
+
+def refusal(*command, **environment):
+    """Runs a command that has to fail and returns what it wrote, its line ends and blanks as one blank each."""
+    done = subprocess.run([str(word) for word in command], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                          stderr=subprocess.STDOUT, env={**os.environ, **environment}, timeout=600, check=False)
+    if done.returncode == 0:
+        raise AssertionError(f"{command} did not fail\n{done.stdout.decode()}")
+    return " ".join(done.stdout.decode().split())
+
+
+def built(project, folder, *settings):
+    """Configures and builds one of the projects in a new folder, without a network, and returns the folder."""
+    output("cmake", "-G", "Ninja", "-S", HERE / project, "-B", folder, "-DFETCHCONTENT_FULLY_DISCONNECTED=ON",
+           *settings, http_proxy="http://127.0.0.1:9", https_proxy="http://127.0.0.1:9")
+    output("cmake", "--build", folder, "--parallel", "2")
+    return folder
+
+
+def copy_of_sources(folder):
+    """The library's sources in another folder."""
+    folder.mkdir(parents=True)
+    for name in SOURCES:
+        if (ROOT / name).is_dir():
+            shutil.copytree(ROOT / name, folder / name)
+        else:
+            shutil.copy(ROOT / name, folder / name)
+    return folder

@@ -1,0 +1,93 @@
+#!/usr/bin/env python3
+"""An installed kelplib, used in every way that needs no build of it: installed_test.py BUILD_FOLDER C_COMPILER
+CXX_COMPILER CXX_FLAGS
+"""
+
+import pathlib
+import re
+import shlex
+import shutil
+import sys
+import tempfile
+import unittest
+
+from consumers import FLAT_OUTPUT, HERE, NUMBERS, ROOT, TOOL_OUTPUT, built, output
+
+BUILD, C_COMPILER, CXX_COMPILER, CXX_FLAGS = sys.argv[1:]
+del sys.argv[1:]
+
+
+class Installed(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        holder = tempfile.TemporaryDirectory(prefix="kelplib.")
+        cls.addClassCleanup(holder.cleanup)
+        cls.folder = pathlib.Path(holder.name)
+        cls.prefix = cls.folder / "prefix"
+        output("cmake", "--install", BUILD, "--prefix", cls.prefix)
+        # Moved, and into a folder with blanks: every way in has to work from there too.
+        cls.moved = cls.folder / "a moved" / "pre fix"
+        shutil.copytree(cls.prefix, cls.moved, symlinks=True)
+        cls.library_folder = next(cls.prefix.rglob("libkelplib.so.1")).parent.relative_to(cls.prefix)
+
+    def flags(self, prefix):
+        told = output("pkg-config", "--cflags", "--libs", "kelplib",
+                      PKG_CONFIG_PATH=str(prefix / self.library_folder / "pkgconfig"))
+        return [*shlex.split(told), f"-Wl,-rpath,{prefix / self.library_folder}"]
+
+    def test_by_find_package(self):
+        for name, prefix in (("installed", self.prefix), ("moved", self.moved)):
+            with self.subTest(name):
+                folder = built("find_package", self.folder / f"build {name}", f"-DCMAKE_PREFIX_PATH={prefix}",
+                               f"-DCMAKE_CXX_COMPILER={CXX_COMPILER}", f"-DCMAKE_CXX_FLAGS={CXX_FLAGS}")
+                self.assertEqual(output(folder / "tool", NUMBERS), TOOL_OUTPUT)
+
+    def test_by_pkg_config(self):
+        for name, prefix in (("installed", self.prefix), ("moved", self.moved)):
+            with self.subTest(name):
+                tool = self.folder / f"tool {name}"
+                output(CXX_COMPILER, *shlex.split(CXX_FLAGS), HERE / "consumer" / "tool.cpp", "-o", tool,
+                       *self.flags(prefix))
+                self.assertEqual(output(tool, NUMBERS), TOOL_OUTPUT)
+
+    def test_by_a_c_compiler_alone(self):
+        # A program at a fixed address gets the library's object copied into itself: there must be one all the same.
+        for name, words in (("any address", []), ("fixed address", ["-fno-pie", "-no-pie"])):
+            with self.subTest(name):
+                program = self.folder / f"flat {name}"
+                output(C_COMPILER, "-std=c99", "-Wall", "-Wextra", "-Werror", *words, HERE / "consumer" / "flat.c", "-o",
+                       program, *self.flags(self.moved))
+                self.assertEqual(output(program), FLAT_OUTPUT)
+
+    def test_by_python(self):
+        code = ("import ctypes, sys\nlibrary = ctypes.CDLL(sys.argv[1])\n"
+                "library.KELP_progress.argtypes = [ctypes.c_double, ctypes.c_double, ctypes.c_int, ctypes.c_char_p,"
+                " ctypes.c_double]\nlibrary.KELP_progress(5, 10, 4, b'from Python ', 0)\n")
+        library = self.moved / self.library_folder / "libkelplib.so.1"
+        self.assertEqual(output(sys.executable, "-c", code, library), "from Python  50.0% ## |\r")
+
+    def test_no_file_knows_a_folder_of_this_machine(self):
+        for path in sorted(self.prefix.rglob("*")):
+            if path.suffix in (".cmake", ".pc", ".h"):
+                text = path.read_text(encoding="utf-8")
+                for known in (str(self.folder), str(ROOT), BUILD):
+                    self.assertNotIn(known, text, path)
+
+    def test_the_whole_interface_is_there_and_nothing_else(self):
+        files = [path.relative_to(self.prefix).as_posix() for path in self.prefix.rglob("*") if not path.is_dir()]
+        library = self.library_folder.as_posix()
+        beside = re.compile(rf"share/doc/|{library}/cmake/kelplib/kelplibTargets-\w+\.cmake")
+        plain = [name for name in files if not beside.match(name)]
+        self.assertEqual(sorted(plain), sorted([
+            *(f"include/kelplib/{name}.h"
+              for name in ("CommandLineTool", "Export", "FilePath", "Kelp", "KelpProgress")),
+            *(f"{library}/{name}" for name in (
+                "cmake/kelplib/kelplibConfig.cmake", "cmake/kelplib/kelplibConfigVersion.cmake",
+                "cmake/kelplib/kelplibTargets.cmake", "libkelplib.so", "libkelplib.so.1", "libkelplib.so.1.0.0",
+                "pkgconfig/kelplib.pc"))]))
+        for name in ("README.md", "LICENSE", "docs/tour.md"):
+            self.assertIn(f"share/doc/kelplib/{name}", files)
+
+
+if __name__ == "__main__":
+    unittest.main()
