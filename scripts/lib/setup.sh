@@ -43,6 +43,11 @@ need_for_windows() {
     needs+=("x86_64-w64-mingw32-g++-posix g++-mingw-w64-x86-64-posix" "wine wine wine64")
 }
 
+need_for_abi() {
+    need_for_tests
+    needs+=("abidiff abigail-tools")
+}
+
 need_for_debian_packages() {
     need_for_demo
     needs+=("dpkg-shlibdeps dpkg-dev" "lintian lintian" "pkg-config pkg-config" "python3 python3")
