@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """An installed kelplib, used in every way that needs no build of it: installed_test.py BUILD_FOLDER C_COMPILER
-CXX_COMPILER CXX_FLAGS
+CXX_COMPILER --flags=CXX_FLAGS
 """
 
 import pathlib
@@ -14,6 +14,7 @@ import unittest
 from consumers import FLAT_OUTPUT, HERE, NUMBERS, ROOT, TOOL_OUTPUT, built, output
 
 BUILD, C_COMPILER, CXX_COMPILER, CXX_FLAGS = sys.argv[1:]
+CXX_FLAGS = CXX_FLAGS.removeprefix("--flags=")
 del sys.argv[1:]
 
 
