@@ -45,9 +45,14 @@ class OnElf(unittest.TestCase):
         self.assertRegex(segments, r"GNU_STACK .* RW +0x")
 
     @hardened_only
-    def test_its_stacks_and_calls_are_checked(self):
+    def test_its_stacks_are_checked(self):
+        self.assertIn("__stack_chk_fail", self.undefined())
+
+    @hardened_only
+    def test_its_calls_are_checked(self):
+        if "clang" in told_by(TOOLS[0], "-p", ".comment"):
+            self.skipTest("it checks only where it knows the buffer, and there the buffers are large enough")
         undefined = self.undefined()
-        self.assertIn("__stack_chk_fail", undefined)
         self.assertIn("__snprintf_chk", undefined)
         self.assertNotIn("snprintf", undefined)
 

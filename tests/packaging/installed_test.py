@@ -47,7 +47,7 @@ class Installed(unittest.TestCase):
         for name, prefix in (("installed", self.prefix), ("moved", self.moved)):
             with self.subTest(name):
                 tool = self.folder / f"tool {name}"
-                output(CXX_COMPILER, *shlex.split(CXX_FLAGS), HERE / "consumer" / "tool.cpp", "-o", tool,
+                output(CXX_COMPILER, "-std=c++17", *shlex.split(CXX_FLAGS), HERE / "consumer" / "tool.cpp", "-o", tool,
                        *self.flags(prefix))
                 self.assertEqual(output(tool, NUMBERS), TOOL_OUTPUT)
 
