@@ -50,7 +50,7 @@ need_for_abi() {
 
 need_for_debian_packages() {
     need_for_demo
-    needs+=("dpkg-shlibdeps dpkg-dev" "lintian lintian" "pkg-config pkg-config" "python3 python3")
+    needs+=("dpkg-shlibdeps dpkg-dev" "pkg-config pkg-config" "python3 python3")
 }
 
 need_for_guard() {
