@@ -15,7 +15,6 @@
 #include <filesystem>
 #include <set>
 #include <string>
-#include <string_view>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -234,10 +233,7 @@ public:
 private:
     friend class ::CommandLineTool;
 
-    int findOption(const std::string& shortFlag, const std::string& longFlag, int start) const;
     int findValue(const char* shortFlag, const char* longFlag, std::string& text, int start) const;
-
-    std::string_view token(std::size_t position) const;
 
     // One behind the other, which reads a command line as fast as memory does: a string of each token's own would take
     // several times as long to make. There are as many tokens as marks; without any, the other two may be empty.

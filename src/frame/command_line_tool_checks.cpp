@@ -47,7 +47,7 @@ void CommandLineTool::checkForInvalidFlags() {
         if (Kelp::isArgumentMark(reader.marks[i])) {
             continue;
         }
-        const std::string_view token = reader.token(i);
+        const std::string_view token = Kelp::tokenAt(reader.tokens, reader.begins, i);
         const auto letter = static_cast<unsigned char>(Kelp::keyLetter(token.data()));
         if (accepted.test(letter)) {
             continue;

@@ -51,15 +51,11 @@ OptionReader& OptionReader::operator=(const OptionReader& other) {
     return *this = OptionReader(other);
 }
 
-std::string_view OptionReader::token(std::size_t position) const {
-    return {tokens.data() + begins[position], begins[position + 1] - begins[position] - 1};
-}
-
-int OptionReader::findOption(const std::string& shortFlag, const std::string& longFlag, int start) const {
+int OptionReader::hasOption(std::string shortFlag, std::string longFlag, int start) const {
     const char one = tokenMark(shortFlag.c_str());
     const char other = tokenMark(longFlag.c_str());
     for (std::size_t i = firstPosition(start); (i = findMark(marks, one, other, i)) != std::string::npos; ++i) {
-        const char* const found = token(i).data();
+        const char* const found = tokenAt(tokens, begins, i).data();
         if (equalIgnoringAsciiCase(found, shortFlag.c_str()) || equalIgnoringAsciiCase(found, longFlag.c_str())) {
             return static_cast<int>(i);
         }
@@ -67,12 +63,8 @@ int OptionReader::findOption(const std::string& shortFlag, const std::string& lo
     return 0;
 }
 
-int OptionReader::hasOption(std::string shortFlag, std::string longFlag, int start) const {
-    return findOption(shortFlag, longFlag, start);
-}
-
 int OptionReader::hasOption(const Option& option, int start) const {
-    return findOption(option.longFlag, option.shortFlag, start);
+    return hasOption(option.longFlag, option.shortFlag, start);
 }
 
 int OptionReader::findValue(const char* shortFlag, const char* longFlag, std::string& text, int start) const {
@@ -84,7 +76,7 @@ int OptionReader::findValue(const char* shortFlag, const char* longFlag, std::st
     if (i == std::string::npos) {
         return 0;
     }
-    const std::string_view found = token(i);
+    const std::string_view found = tokenAt(tokens, begins, i);
     text = found.substr(std::min(found.find('='), found.size() - 1) + 1);
     return static_cast<int>(i) + 1;
 }
@@ -99,7 +91,7 @@ int OptionReader::getFirstArgument(std::string& argument, int start) const {
     if (i == std::string::npos) {
         return 0;
     }
-    argument = token(i);
+    argument = tokenAt(tokens, begins, i);
     return static_cast<int>(i);
 }
 
@@ -112,7 +104,7 @@ bool OptionReader::getArguments(std::vector<std::string>& arguments, int start) 
     }
     for (std::size_t i = first; i < marks.size(); ++i) {
         if (isArgumentMark(marks[i])) {
-            arguments.emplace_back(token(i));
+            arguments.emplace_back(tokenAt(tokens, begins, i));
         }
     }
     return arguments.size() > before;
@@ -122,7 +114,7 @@ void OptionReader::getOptions(std::vector<std::string>& out) {
     out.clear();
     out.reserve(marks.size());
     for (std::size_t i = 0; i < marks.size(); ++i) {
-        out.emplace_back(token(i));
+        out.emplace_back(tokenAt(tokens, begins, i));
     }
 }
 
@@ -152,7 +144,7 @@ bool OptionReader::getVerbose() const {
 }
 
 std::string OptionReader::getNameTool() const {
-    return marks.empty() ? std::string() : std::string(token(0));
+    return marks.empty() ? std::string() : std::string(tokenAt(tokens, begins, 0));
 }
 
 }  // namespace Kelp

@@ -2,6 +2,8 @@
 #define KELPLIB_FRAME_TOKEN_MARK_H
 
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "frame/flag_key.h"
 #include "util/ascii_fold.h"
@@ -27,6 +29,12 @@ char keyMark(const char* name);
 
 inline bool isArgumentMark(char mark) {
     return mark == markOfArgument || mark == markOfSlash;
+}
+
+/// One of a reader's tokens, which stand one behind the other, each with its NUL.
+inline std::string_view tokenAt(const std::string& tokens, const std::vector<std::size_t>& begins,
+                                std::size_t position) {
+    return {tokens.data() + begins[position], begins[position + 1] - begins[position] - 1};
 }
 
 /// The first position at or after `from` that has one of two marks; npos when there is none.

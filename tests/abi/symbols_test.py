@@ -15,6 +15,7 @@ import unittest
 
 HEADER = """\
 # The names that the shared library exports; constructors and destructors stand here once for each of their variants.
+# Only OptionReader::findValue is private: getValue, a template in the header, calls it.
 # Written by scripts/abi --renew; a test compares with them.
 """
 
