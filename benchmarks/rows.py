@@ -28,6 +28,7 @@ def start(_, __):
     most = 230000
     counts = {}
     floor = callgrind.of_process(str(measuring.PROGRAMS / "start_nothing"))
+    lazily_bound = callgrind.of_process(str(measuring.PROGRAMS / "start_lazily_bound"), *SHORT_WORDS) - floor
     for library, program, words in TOOLS:
         measuring.tell(f"  {library}")
         counts[library] = callgrind.of_process(str(measuring.PROGRAMS / f"start_{program}"), *words) - floor
@@ -40,10 +41,13 @@ def start(_, __):
         table.add(f"**{library}**" if library == KELPLIB else library, f"{count:,}")
         if library == KELPLIB:
             table.add("goal", judged(count, most, "{:,}".format))
+            table.add("kelplib, its names bound at their first use", f"{lazily_bound:,}")
     cheaper = [library for library in counts if library not in (KELPLIB, "getopt_long") and counts[library] <= counts[KELPLIB]]
     table.remark("Goal: fewer than with every other C++ library: "
                  + (f"**missed** ({', '.join(cheaper)})." if cheaper else "reached.")
-                 + " getopt_long is C, and part of the C library that every program has loaded.")
+                 + " getopt_long is C, and part of the C library that every program has loaded. kelplib's names are all bound "
+                 "when it is loaded, also those that this tool never uses, so that the table of their addresses is read-only "
+                 "before the tool runs.")
     return [table]
 
 
