@@ -7,68 +7,13 @@
 #include "check.h"
 #include "fake_platform.h"
 #include "input.h"
+#include "paths_model.h"
 #include "target.h"
 
 namespace {
 
 using fuzz::expectSame;
-
-/// A path as the header tells it: folder and name.
-struct Model {
-    std::string folder;
-    std::string name;
-
-    void cut(const std::string& text, char delimiter) {
-        folder.clear();
-        name.clear();
-        for (const char c : text) {
-            name += c;
-            if (c == delimiter) {
-                folder += name;
-                name.clear();
-            }
-        }
-    }
-};
-
-/// The first of "/" and "\" that the text holds, whichever stands where; empty without any.
-std::string delimiterOf(const std::string& text) {
-    for (const char* const delimiter : {"/", "\\"}) {
-        if (text.find(delimiter) != std::string::npos) {
-            return delimiter;
-        }
-    }
-    return "";
-}
-
-/// "yes", "no", or "out of range".
-std::string absolute(const std::string& text) {
-    if (text.empty() || text[0] == '/') {
-        return text.empty() ? "no" : "yes";
-    }
-    if (text.size() == 1) {
-        return "out of range";
-    }
-    return text[1] == ':' ? "yes" : "no";
-}
-
-Model modelOf(const std::string& text, const std::string& directory) {
-    Model model;
-    if (absolute(text) == "yes") {
-        if (!delimiterOf(text).empty()) {
-            model.cut(text, delimiterOf(text)[0]);
-        }
-    } else if (delimiterOf(directory).empty()) {
-        model = {directory, text};
-    } else {
-        std::string whole = text;
-        for (char& c : whole) {
-            c = c == '/' || c == '\\' ? delimiterOf(directory)[0] : c;
-        }
-        model.cut(directory + delimiterOf(directory) + whole, delimiterOf(directory)[0]);
-    }
-    return model;
-}
+using namespace paths_model;
 
 void compare(const FilePath& file, const Model& model, const std::string& directory) {
     expectSame("getPath", file.getPath(), model.folder);

@@ -19,10 +19,19 @@ struct Named {
 };
 
 constexpr Named targets[] = {
-    {"reader", fuzz::reader},           {"start_up", fuzz::start_up},   {"scanners", fuzz::scanners},
-    {"scalars", fuzz::scalars},         {"localized", fuzz::localized}, {"collections", fuzz::collections},
-    {"number_text", fuzz::number_text}, {"paths", fuzz::paths},         {"strings", fuzz::strings},
-    {"labels", fuzz::labels},           {"progress", fuzz::progress},   {"install_location", fuzz::install_location},
+    {"reader", fuzz::reader},
+    {"start_up", fuzz::start_up},
+    {"tool", fuzz::tool},
+    {"scanners", fuzz::scanners},
+    {"scalars", fuzz::scalars},
+    {"localized", fuzz::localized},
+    {"collections", fuzz::collections},
+    {"number_text", fuzz::number_text},
+    {"paths", fuzz::paths},
+    {"strings", fuzz::strings},
+    {"labels", fuzz::labels},
+    {"progress", fuzz::progress},
+    {"install_location", fuzz::install_location},
 };
 
 std::string current;

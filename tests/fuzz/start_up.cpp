@@ -8,6 +8,7 @@
 #include "input.h"
 #include "start_up_model.h"
 #include "target.h"
+#include "tool_input.h"
 
 namespace {
 
@@ -15,33 +16,12 @@ using fuzz::expectSame;
 
 struct ProcessEnds {};
 
-start_up_model::ToolText toolTextOf(fuzz::Input& input) {
-    start_up_model::ToolText tool;
-    tool.full = input.line() == "full";
-    while (!input.isEmpty()) {
-        const std::string line = input.line();
-        if (line.rfind('+', 0) == 0) {
-            const std::size_t first = line.find(',');
-            const std::size_t second = first == std::string::npos ? first : line.find(',', first + 1);
-            const bool whole = second != std::string::npos;
-            tool.options.emplace_back(line.substr(1, whole ? first - 1 : first),
-                                      whole ? line.substr(first + 1, second - first - 1) : "",
-                                      whole ? line.substr(second + 1) : "", false);
-        } else if (line.rfind(':', 0) == 0) {
-            const bool repeated = line.size() > 3 && line.substr(line.size() - 3) == "...";
-            tool.arguments.emplace_back(line.substr(1, line.size() - (repeated ? 4 : 1)), "text", repeated);
-        } else {
-            tool.tokens.push_back(fuzz::untilNul(line));
-        }
-    }
-    return tool;
-}
-
 /// What a tool that has started answers.
 void compareTool(const CommandLineTool& tool, const start_up_model::ToolText& text) {
     expectSame("isVerbose", tool.isVerbose(), start_up_model::isVerbose(text));
     for (const Kelp::Option& option : text.options) {
-        expectSame("hasOption", tool.hasOption(option.shortFlag, 0), start_up_model::hasOption(text, option.shortFlag));
+        expectSame("hasOption", tool.hasOption(option.shortFlag, 0),
+                   start_up_model::hasOption(text, option.shortFlag, 0));
     }
     std::list<std::string> arguments;
     tool.getArguments(arguments, 0);
@@ -53,8 +33,8 @@ void compareTool(const CommandLineTool& tool, const start_up_model::ToolText& te
 void start(start_up_model::ToolText& text) {
     Arguments line(text.tokens);
     if (text.full) {
-        const CommandLineTool tool(line.argc(), line.argv(), "Does a job", "", "-o=b a", "Made for tests", text.options,
-                                   text.arguments);
+        const CommandLineTool tool(line.argc(), line.argv(), "Does a job", "", text.example, "Made for tests",
+                                   text.options, text.arguments);
         expectSame("getOptions", tool.getOptions().size(), text.options.size());
         compareTool(tool, text);
     } else {
@@ -81,7 +61,10 @@ std::string run(start_up_model::ToolText& text) {
 
 void fuzz::start_up(const std::uint8_t* data, std::size_t size) {
     Input input(data, size);
-    start_up_model::ToolText text = toolTextOf(input);
+    start_up_model::ToolText text;
+    text.full = input.line() == "full";
+    text.example = text.full ? "-o=b a" : "";
+    describe(text, input);
     if (start_up_model::opensAFileElsewhere(text)) {
         return;
     }

@@ -19,6 +19,8 @@ using option_reader_model::Names;
 /// A tool's description and its command line.
 struct ToolText {
     bool full = false;
+    std::string usage;
+    std::string example;
     std::vector<Kelp::Option> options;
     std::vector<Kelp::Argument> arguments;
     std::vector<std::string> tokens;
@@ -58,11 +60,18 @@ inline std::vector<Kelp::Option> registered(const ToolText& tool) {
     return options;
 }
 
-inline std::string helpScreen(const ToolText& tool, const std::string& name) {
-    std::string text = "\x1b[36mDoes a job\x1b[0m\n\x1b[36mUsage:\x1b[0m\n  " + name + " [OPTIONS] ";
+/// The usage line of a tool that brings none.
+inline std::string madeUsage(const ToolText& tool) {
+    std::string text = "[OPTIONS] ";
     for (const Kelp::Argument& argument : tool.full ? tool.arguments : std::vector<Kelp::Argument>()) {
         text += argument.name + (argument.repeated ? "... " : " ");
     }
+    return text;
+}
+
+inline std::string helpScreen(const ToolText& tool, const std::string& name) {
+    std::string text = "\x1b[36mDoes a job\x1b[0m\n\x1b[36mUsage:\x1b[0m\n  " + name + " ";
+    text += tool.usage.empty() ? madeUsage(tool) : tool.usage;
     text += "\n\n\x1b[36mOptions:\x1b[0m\n";
     for (const Kelp::Option& option : registered(tool)) {
         text += "  \x1b[34m" + option.shortFlag + ", " + option.longFlag + ":\x1b[0m " + option.description + "\n\n";
@@ -71,11 +80,11 @@ inline std::string helpScreen(const ToolText& tool, const std::string& name) {
     for (const Kelp::Argument& argument : tool.full ? tool.arguments : std::vector<Kelp::Argument>()) {
         text += "  \x1b[34m" + argument.name + ":\x1b[0m text\n\n";
     }
-    return text + "\n\x1b[36mExample:\x1b[0m\n  \x1b[34m" + name + "\x1b[0m " + (tool.full ? "-o=b a" : "") + "\n";
+    return text + "\n\x1b[36mExample:\x1b[0m\n  \x1b[34m" + name + "\x1b[0m " + tool.example + "\n";
 }
 
-/// Banner, help screen and the end; a program path without a tool name ends it inside the banner.
-inline std::string usageScreen(const ToolText& tool) {
+/// A program path without a tool name ends it early.
+inline std::string banner(const ToolText& tool) {
     const std::string rule = "\x1b[34m####################################\x1b[0m\n";
     std::string name;
     if (!toolName(tool, name)) {
@@ -83,24 +92,33 @@ inline std::string usageScreen(const ToolText& tool) {
     }
     const std::string header =
         tool.full ? "Made for tests" : "     Copyright (c) 2026 The kelplib authors, MIT licence";
-    return "\n" + rule + "\x1b[37m\t" + name + "\x1b[0m\n\x1b[37m" + header + "\x1b[0m\n" + rule + "\n" +
-           helpScreen(tool, name) + "[the end]";
+    return "\n" + rule + "\x1b[37m\t" + name + "\x1b[0m\n\x1b[37m" + header + "\x1b[0m\n" + rule + "\n";
+}
+
+/// Banner, help screen and the end; a program path without a tool name ends it inside the banner.
+inline std::string usageScreen(const ToolText& tool) {
+    std::string name;
+    return toolName(tool, name) ? banner(tool) + helpScreen(tool, name) + "[the end]" : banner(tool);
 }
 
 inline bool has(const ToolText& tool, const char* longFlag, const char* shortFlag) {
     return option_reader_model::option(tool.tokens, {shortFlag, longFlag}, 0).first != 0;
 }
 
+inline bool asksForHelp(const ToolText& tool) {
+    return has(tool, "--help", "-h") || has(tool, "/help", "/h") || has(tool, "/?", "/?");
+}
+
 inline bool isVerbose(const ToolText& tool) {
     return has(tool, "--verbose", "-v");
 }
 
-inline int hasOption(const ToolText& tool, const std::string& shortFlag) {
+inline int hasOption(const ToolText& tool, const std::string& shortFlag, int start) {
     for (const Kelp::Option& option : registered(tool)) {
         if (plainLower(option.shortFlag) == plainLower(shortFlag)) {
             // Tokens are C strings, and names are compared as such.
-            return option_reader_model::option(tool.tokens,
-                                               {fuzz::untilNul(option.shortFlag), fuzz::untilNul(option.longFlag)}, 0)
+            return option_reader_model::option(
+                       tool.tokens, {fuzz::untilNul(option.shortFlag), fuzz::untilNul(option.longFlag)}, start)
                 .first;
         }
     }
@@ -115,9 +133,13 @@ inline std::string firstArgument(const ToolText& tool, bool& found) {
 }
 
 /// Opening files that lie elsewhere may wait, or do something.
-inline bool opensAFileElsewhere(const ToolText& tool) {
+inline bool namesFileElsewhere(const ToolText& tool) {
     bool found = false;
-    return tool.full && firstArgument(tool, found).find_first_of("/\\:") != std::string::npos;
+    return firstArgument(tool, found).find_first_of("/\\:") != std::string::npos;
+}
+
+inline bool opensAFileElsewhere(const ToolText& tool) {
+    return tool.full && namesFileElsewhere(tool);
 }
 
 /// What the file check prints; nothing when it is content.
@@ -156,7 +178,7 @@ inline std::string screen(const ToolText& tool) {
     if (tool.full && !fileComplaint(tool).empty()) {
         return fileComplaint(tool) + usageScreen(tool);
     }
-    if (has(tool, "--help", "-h") || has(tool, "/help", "/h") || has(tool, "/?", "/?")) {
+    if (asksForHelp(tool)) {
         return usageScreen(tool);
     }
     const std::string flag = invalidFlag(tool);

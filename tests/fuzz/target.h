@@ -13,6 +13,7 @@ using Target = void(const std::uint8_t* data, std::size_t size);
 
 Target reader;
 Target start_up;
+Target tool;
 Target scanners;
 Target scalars;
 Target localized;
