@@ -1,0 +1,97 @@
+#!/usr/bin/env python3
+"""Each redraw and each message leaves the process with one write: write_test.py WRITE_TOOL
+
+Otherwise a terminal could show half of it, and another program's output could come in between. The pipe keeps the writes apart:
+in its packet mode a read returns what one write has written.
+"""
+
+import os
+import pty
+import subprocess
+import sys
+import unittest
+
+TOOL = sys.argv.pop(1)
+
+# How the C library buffers, and what the tool prints first. glibc hands the very first text of a stream that it buffers by the
+# line on line by line; so there something has been printed before.
+BUFFERINGS = (("full", b""), ("line", b"ready\n"), ("none", b""))
+
+BAR = [
+    b"Reading  0.0%                    |\r",
+    b"Reading 50.0% ##########         |\r",
+    b"Reading100.0% #####################\r",
+]
+WIDE_BAR = [b"Reading 50.0% " + 497 * b"#" + b"\r"]
+NEGATIVE = [b"KELP_progress() ERROR: 0.0 is not a valid progress, must be >= 0!\n"]
+
+CLOSED_EYES = (
+    b"     _____\n"
+    b"    /     \\         the label\n"
+    b"   /  _ _  \\\n"
+    b"   >   _   <        10.0% ##                 |  \n"
+    b"   \\  / \\  /\n"
+    b"    \\_____/         time remaining: 112 hours     \n")
+OPEN_EYES = CLOSED_EYES.replace(b"_ _", b"* *")
+HALF = (
+    b"     _____\n"
+    b"    /     \\         the label\n"
+    b"   /  . .  \\\n"
+    b"   >       <        50.0% ##########         |  \n"
+    b"   \\  ---  /\n"
+    b"    \\_____/         time remaining: 8 hours     \n")
+CHEER = (
+    b"     _____\n"
+    b"    /     \\         the label\n"
+    b"   /  ^ ^  \\\n"
+    b"   > \\   / <       100.0%\n"
+    b"   \\  \\_/  /\n"
+    b"    \\_____/         time spent:  10 hours     \n")
+CHEER_BLINK = CHEER.replace(b"^ ^", b"_ _")
+UP = b"\x1b[6A\r"
+
+
+def writes(what, buffering, before, standard_output):
+    """What each write of the tool has written."""
+    reading, writing = os.pipe2(os.O_DIRECT)
+    with subprocess.Popen([TOOL, what, buffering, str(writing), before], stdin=subprocess.DEVNULL, stdout=standard_output,
+                          pass_fds=[writing]) as tool:
+        os.close(writing)
+        packets = list(iter(lambda: os.read(reading, 65536), b""))
+    os.close(reading)
+    if tool.returncode != 0:
+        raise AssertionError(f"{TOOL} ends with {tool.returncode}")
+    return packets
+
+
+class Case(unittest.TestCase):
+    maxDiff = None
+
+    def check(self, what, expected, standard_output):
+        for buffering, before in BUFFERINGS:
+            with self.subTest(f"{what}, {buffering}"):
+                self.assertEqual(writes(what, buffering, before, standard_output), [before] * bool(before) + expected)
+
+
+class WithoutConsole(Case):
+    def test_one_write_each(self):
+        for what, expected in (("bar", BAR), ("wide-bar", WIDE_BAR), ("face", [CLOSED_EYES, OPEN_EYES, HALF]),
+                               ("finished-face", [CHEER, CHEER_BLINK, CHEER]), ("negative", NEGATIVE)):
+            self.check(what, expected, subprocess.DEVNULL)
+
+
+class Console(Case):
+    """There the cursor's moves stand between the frames, each a write of its own."""
+
+    def test_one_write_each(self):
+        console, other_end = pty.openpty()
+        for what, expected in (("bar", BAR), ("wide-bar", WIDE_BAR),
+                               ("face", [CLOSED_EYES, UP, OPEN_EYES, UP, HALF, UP]),
+                               ("finished-face", [CHEER, UP, CHEER_BLINK, UP, CHEER]), ("negative", NEGATIVE)):
+            self.check(what, expected, other_end)
+        os.close(other_end)
+        os.close(console)
+
+
+if __name__ == "__main__":
+    unittest.main()
