@@ -1,6 +1,9 @@
 // Numbers under a global locale with punctuation of its own: a line with the decimal point, the separator and the sizes of
-// the groups, then the text. Compared with a string stream.
+// the groups, then the text. Compared with a string stream and, for whole numbers that do not fit, with the types' limits.
 #include <kelplib/Kelp.h>
+
+#include <algorithm>
+#include <climits>
 
 #include "check.h"
 #include "input.h"
@@ -31,16 +34,60 @@ private:
     std::string marks;
 };
 
+/// Whether the locale groups digits at all.
+bool isGrouped(const std::string& marks) {
+    return marks.size() > 2 && marks[2] > 0 && marks[2] != CHAR_MAX;
+}
+
+/// The digits of a whole number across its separators, less zeros at the front. None when a separator stands without digits
+/// before it: then there is no number.
+std::string digitsOf(const std::string& number, char separator) {
+    std::string digits;
+    bool digitBefore = false;
+    for (const char c : number) {
+        const bool isDigit = c >= '0' && c <= '9';
+        if (c == separator && !digitBefore) {
+            return "";
+        }
+        if (c != separator && !isDigit) {
+            break;
+        }
+        digits += isDigit ? std::string(1, c) : "";
+        digitBefore = isDigit;
+    }
+    return digits.substr(std::min(digits.find_first_not_of('0'), digits.size()));
+}
+
+/// Sets `limit` to the end of the type's range that a whole number lies beyond.
+/// \returns false when it does not
 template <class T>
-void expectNumber(const char* type, T old, const std::string& text) {
+bool isBeyond(T& limit, const std::string& text, char separator) {
+    const std::string number = text.substr(std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size()));
+    const bool negative = number.rfind('-', 0) == 0;
+    const bool sign = negative || number.rfind('+', 0) == 0;
+    const std::string digits = digitsOf(number.substr(sign ? 1 : 0), separator);
+    const bool lowest = negative && std::is_signed_v<T>;
+    limit = lowest ? std::numeric_limits<T>::lowest() : std::numeric_limits<T>::max();
+    const std::string limitDigits = std::to_string(limit).substr(lowest ? 1 : 0);
+    return digits.size() > limitDigits.size() || (digits.size() == limitDigits.size() && digits > limitDigits);
+}
+
+/// What does not fit gives the limit: some streams lose count of a group's digits then, and give 0. All else is the stream's.
+template <class T>
+T expectedOver(T old, const std::string& text, const std::string& marks) {
+    if constexpr (std::is_integral_v<T>) {
+        if (T limit = 0; isGrouped(marks) && isBeyond(limit, text, marks[1])) {
+            return limit;
+        }
+    }
+    return number_model::extractedOver(old, text);
+}
+
+template <class T>
+void expectNumber(const char* type, T old, const std::string& text, const std::string& marks) {
     T actual = old;
     Kelp::stringToValue(actual, text);
-    const T expected = number_model::extractedOver(old, text);
-    // Some streams lose count of a group's digits as soon as a number does not fit any more, and then give 0.
-    const bool limit = actual == std::numeric_limits<T>::max() || actual == std::numeric_limits<T>::lowest();
-    if (!std::is_integral_v<T> || !limit || expected != 0) {
-        fuzz::expectSame(type, actual, expected);
-    }
+    fuzz::expectSame(type, actual, expectedOver(old, text, marks));
 }
 
 /// Whether the marks are such that reading has a meaning: no digit, sign, letter or blank among them.
@@ -59,12 +106,12 @@ void fuzz::localized(const std::uint8_t* data, std::size_t size) {
         return;
     }
     const ScopedGlobalLocale scope(new Punctuation(marks));
-    expectNumber<int>("int", 7, text);
-    expectNumber<unsigned short>("unsigned short", 7, text);
-    expectNumber<unsigned int>("unsigned int", 7, text);
-    expectNumber<unsigned long long>("unsigned long long", 7, text);
+    expectNumber<int>("int", 7, text, marks);
+    expectNumber<unsigned short>("unsigned short", 7, text, marks);
+    expectNumber<unsigned int>("unsigned int", 7, text, marks);
+    expectNumber<unsigned long long>("unsigned long long", 7, text, marks);
     if (number_model::exactCLibrary) {
-        expectNumber<double>("double", 7, text);
-        expectNumber<float>("float", 7, text);
+        expectNumber<double>("double", 7, text, marks);
+        expectNumber<float>("float", 7, text, marks);
     }
 }
