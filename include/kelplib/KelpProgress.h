@@ -5,8 +5,9 @@
 /// Progress on the console for any language: a bar that redraws its line, or a face that brightens. Compiles as C99 and as
 /// C++17.
 ///
-/// A call builds its line or its frame in fixed buffers, writes it to standard output with one write, and flushes; nothing
-/// is allocated. What does not fit the buffers is cut. Texts are zero-terminated; a null pointer counts as an empty text.
+/// A call builds its line or its frame in fixed buffers, hands it to standard output as a whole, and flushes, so it leaves
+/// the process with one write (a face that is the very first output to a console leaves glibc line by line); nothing is
+/// allocated. What does not fit the buffers is cut. Texts are zero-terminated; a null pointer counts as an empty text.
 ///
 /// Nothing here takes a lock: one thread at a time reports. Nothing throws.
 
