@@ -29,16 +29,20 @@ def in_plain_words(symbol):
     return symbol.replace(text, "std::string")
 
 
-def exported_symbols(nm, library):
-    dynamic = [] if library.endswith(".a") else ["--dynamic"]
-    listing = subprocess.run([nm, *dynamic, "--defined-only", "--demangle", library], stdout=subprocess.PIPE,
-                             check=True, encoding="utf-8").stdout
+def defined_symbols(nm, *options):
+    listing = subprocess.run([nm, "--defined-only", *options], stdout=subprocess.PIPE, check=True, encoding="utf-8").stdout
     lines = [line.split(" ", 2) for line in listing.splitlines() if re.match(r"[0-9a-f]+ [A-Zu] ", line)]
-    # Of an import library only the names themselves, not its tables; its one object has a pointer to it and nothing else.
-    names = [symbol for _, kind, symbol in lines if dynamic or kind == "T"]
-    names += [symbol.removeprefix("__imp_") for _, _, symbol in lines
-              if not dynamic and symbol.startswith("__imp_KELP_Global")]
-    return sorted(in_plain_words(name) for name in names)
+    return [(kind, symbol) for _, kind, symbol in lines]
+
+
+def exported_symbols(nm, library):
+    if not library.endswith(".a"):
+        return sorted(in_plain_words(symbol) for _, symbol in defined_symbols(nm, "--dynamic", "--demangle", library))
+    # Of an import library only the names themselves, not its tables. Data have a pointer to them and no name of their own.
+    functions = {symbol for kind, symbol in defined_symbols(nm, library) if kind == "T"}
+    pointers = {symbol.removeprefix("__imp_") for _, symbol in defined_symbols(nm, library) if symbol.startswith("__imp_")}
+    names = [symbol for kind, symbol in defined_symbols(nm, "--demangle", library) if kind == "T"]
+    return sorted(in_plain_words(name) for name in [*names, *(pointers - functions)])
 
 
 def listed_symbols(path):
