@@ -11,7 +11,17 @@ endif()
 set(KELPLIB_DOCS_DIR ${CMAKE_CURRENT_BINARY_DIR}/html)
 configure_file(cmake/Doxyfile.in Doxyfile @ONLY)
 
+# Doxygen finds no page that another one links to below such a folder.
+if(CMAKE_CURRENT_SOURCE_DIR MATCHES " ")
+    set(KELPLIB_DOXYGEN_FOLDER OFF)
+else()
+    set(KELPLIB_DOXYGEN_FOLDER ON)
+endif()
+
 if(KELPLIB_BUILD_DOCS)
+    if(NOT KELPLIB_DOXYGEN_FOLDER)
+        message(FATAL_ERROR "Doxygen cannot build the documentation in a folder with a blank in its path.")
+    endif()
     find_package(Doxygen REQUIRED)
     add_custom_target(docs ALL
         COMMAND ${CMAKE_COMMAND} -E rm -rf ${KELPLIB_DOCS_DIR}
