@@ -15,16 +15,18 @@ function(kelplib_harden_code target)
     if(NOT KELPLIB_HARDENING OR WIN32)
         return()
     endif()
-    foreach(flag IN ITEMS -fstack-protector-strong -fstack-clash-protection -fcf-protection)
+    foreach(flag IN ITEMS -fstack-protector-strong -fcf-protection)
         string(MAKE_C_IDENTIFIER KELPLIB_HAS${flag} known)
         check_cxx_compiler_flag(-Werror\ ${flag} ${known})
         if(${known})
             target_compile_options(${target} PRIVATE ${flag})
         endif()
     endforeach()
-    # The C library checks calls only in optimised code.
-    target_compile_options(${target} PRIVATE
-        $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>)
+    # The C library checks calls only in optimised code. A level that was chosen for the whole build stays.
+    if(NOT CMAKE_CXX_FLAGS MATCHES "_FORTIFY_SOURCE")
+        target_compile_options(${target} PRIVATE
+            $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>)
+    endif()
 endfunction()
 
 # kelplib_harden_library(TARGET): what it is linked with.

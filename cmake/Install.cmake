@@ -19,7 +19,8 @@ file(RELATIVE_PATH prefix_seen_from_pc ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${
 configure_file(cmake/packages/kelplib.pc.in kelplib.pc @ONLY)
 install(FILES ${binary_dir}/kelplib.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
 
-install(FILES README.md CHANGELOG.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation)
+install(FILES README.md CHANGELOG.md CONTRIBUTING.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation)
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation
     FILES_MATCHING PATTERN *.md PATTERN *.svg)
-install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation)
+# The pages lead to the headers and to the examples.
+install(DIRECTORY include examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation)

@@ -51,12 +51,17 @@ set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
 set(CPACK_DEBIAN_DOCUMENTATION_DESCRIPTION "How to write a tool with the shared library, and how the
 library is made.")
 
+find_program(KELPLIB_GZIP gzip)
+if(NOT KELPLIB_GZIP)
+    message(STATUS "Without Debian packages, which need gzip")
+    return()
+endif()
 # Each Debian package has its licence and its changes beside it; a plain installation leaves them out.
 string(TIMESTAMP package_date "%a, %d %b %Y %H:%M:%S +0000" UTC)
 configure_file(cmake/packages/debian-changelog.in debian/changelog @ONLY)
 configure_file(cmake/packages/debian-copyright.in debian/copyright @ONLY)
 add_custom_command(OUTPUT debian/changelog.gz DEPENDS ${CMAKE_CURRENT_BINARY_DIR}/debian/changelog
-    COMMAND gzip -9 -n -c debian/changelog > debian/changelog.gz VERBATIM)
+    COMMAND ${KELPLIB_GZIP} -9 -n -c debian/changelog > debian/changelog.gz VERBATIM)
 add_custom_target(debian_changelog ALL DEPENDS debian/changelog.gz)
 foreach(component IN ITEMS RUNTIME DEVELOPMENT DOCUMENTATION)
     string(TOLOWER ${component} component_name)

@@ -11,7 +11,7 @@ NUMBERS = "-n=1:2.5"
 TOOL_OUTPUT = "1, 2.5\ncaught\nfrom the tool  50.0% ## |\r\n"
 FLAT_OUTPUT = "from C  50.0% ## |\r\n"
 # What a build of the library alone needs.
-SOURCES = ("CMakeLists.txt", "cmake", "include", "src", "README.md", "CHANGELOG.md", "LICENSE", "docs", "examples")
+SOURCES = ("CMakeLists.txt", "cmake", "include", "src", "README.md", "CHANGELOG.md", "CONTRIBUTING.md", "LICENSE", "docs", "examples")
 
 
 def output(*command, **environment):
