@@ -15,7 +15,8 @@
 /// comment says current directory, it is what the system's call gives in a buffer of 260 bytes: a longer or deleted
 /// directory counts as an empty text.
 ///
-/// A plain value; throws only what it names, std::bad_alloc and std::length_error.
+/// A plain value; throws only what it names, std::bad_alloc and std::length_error. One thread at a time may use it, several
+/// may read it. The current directory is the whole process's: relative texts are completed while no thread changes it.
 class KELP_API FilePath {
 public:
     /// Folder and name are empty.

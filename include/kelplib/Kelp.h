@@ -61,7 +61,7 @@ public:
     /// \param description  one line of help text
     /// \param repeated     true when the argument may be given several times; the usage line then puts "..." after the name
     Argument(std::string name, std::string description, bool repeated);
-    /// The same from literals.
+    /// The same from literals; a null pointer counts as an empty text.
     Argument(const char* name, const char* description, bool repeated);
 
     // As with Option.
@@ -345,8 +345,8 @@ KELP_API std::vector<std::string> getAllArguments(int argc, char** argv);
 /// @}
 
 /// The number that the environment variable K_VERBOSITY begins with, 0 without one. The environment is read at the first
-/// call, from whichever thread, and never again. What a level means is the program's choice; the library looks at it in getIntFlag alone. A tool's
-/// verbose mode is another matter.
+/// call, from whichever thread, and never again. What a level means is the program's choice; the library looks at it in
+/// getIntFlag alone. A tool's verbose mode is another matter.
 KELP_API int verbosity();
 
 /// Prints the message and a line that says for how long, and waits until a key comes in on standard input (a console hands
