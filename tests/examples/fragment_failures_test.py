@@ -115,6 +115,14 @@ class InterruptedTest(ToolTestCase):
                 self.assertEqual(b"fragment: interrupted\n", tool.communicate()[1])
                 self.assertEqual({self.name: self.data}, self.contents())
 
+    @unittest.skipUnless("KELPLIB_LATE_SIGNAL" in os.environ, "this build loads nothing before the tool")
+    def test_signal_just_before_the_tool_waits(self):
+        shim = {**os.environ, "LD_PRELOAD": os.environ["KELPLIB_LATE_SIGNAL"], "PIPE": "4096"}
+        tool = self.start("-s=8000", "-o=" + self.name + ".", self.name, env=shim)
+        self.assertEqual(-signal.SIGTERM, tool.wait(timeout=30))
+        self.assertEqual(b"fragment: interrupted\n", tool.communicate()[1])
+        self.assertEqual({self.name: self.data}, self.contents())
+
     @native_only
     def test_signals_ignored_from_the_start(self):
         for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
