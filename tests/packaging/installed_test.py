@@ -67,6 +67,14 @@ class Installed(unittest.TestCase):
         library = self.moved / self.library_folder / "libkelplib.so.1"
         self.assertEqual(output(sys.executable, "-c", code, library), "from Python  50.0% ## |\r")
 
+    def test_the_installed_examples_can_be_built(self):
+        folder = self.folder / "examples"
+        output("cmake", "-G", "Ninja", "-S", self.moved / "share/doc/kelplib/examples", "-B", folder,
+               f"-Dkelplib_DIR={self.moved / self.library_folder / 'cmake/kelplib'}",
+               f"-DCMAKE_C_COMPILER={C_COMPILER}", f"-DCMAKE_CXX_COMPILER={CXX_COMPILER}", f"-DCMAKE_CXX_FLAGS={CXX_FLAGS}")
+        output("cmake", "--build", folder, "--parallel", "2", "--target", "flat_progress", "slice")
+        self.assertTrue((folder / "slice").exists())
+
     def test_no_file_knows_a_folder_of_this_machine(self):
         for path in sorted(self.prefix.rglob("*")):
             if path.suffix in (".cmake", ".pc", ".h"):
