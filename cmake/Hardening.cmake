@@ -1,7 +1,6 @@
 # How the shared library resists misuse of its memory, where the compiler can: tools are given what they print by their
 # users. Sanitizers watch the memory themselves. Windows gets its own by the linker: guarded stacks would need one more DLL.
 include(CheckCXXCompilerFlag)
-include(CheckCXXSourceCompiles)
 
 if(CMAKE_CXX_FLAGS MATCHES "sanitize")
     set(unless_sanitized OFF)

@@ -12,6 +12,7 @@ import unittest
 import programs
 import progress_screens
 import terminal
+from progress_screens import CLOSED_EYES, HALF, OPEN_EYES
 
 TOOL = sys.argv.pop(1)
 SYSTEM_TOOL = sys.argv.pop(1)
@@ -23,22 +24,6 @@ BAR = (
     b"Reading 99.0% ####################|\r"
     b"Reading100.0% #####################\r\n"
     b"later output\n")
-
-CLOSED_EYES = (
-    b"     _____\n"
-    b"    /     \\         the label\n"
-    b"   /  _ _  \\\n"
-    b"   >   _   <        10.0% ##                 |  \n"
-    b"   \\  / \\  /\n"
-    b"    \\_____/         time remaining: 112 hours     \n")
-OPEN_EYES = CLOSED_EYES.replace(b"_ _", b"* *")
-HALF = (
-    b"     _____\n"
-    b"    /     \\         the label\n"
-    b"   /  . .  \\\n"
-    b"   >       <        50.0% ##########         |  \n"
-    b"   \\  ---  /\n"
-    b"    \\_____/         time remaining: 8 hours     \n")
 
 
 class Terminals(unittest.TestCase):

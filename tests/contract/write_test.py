@@ -11,6 +11,8 @@ import subprocess
 import sys
 import unittest
 
+from progress_screens import CLOSED_EYES, HALF, OPEN_EYES
+
 TOOL = sys.argv.pop(1)
 
 # How the C library buffers, and what the tool prints first. glibc hands the very first text of a stream that it buffers by the
@@ -25,21 +27,6 @@ BAR = [
 WIDE_BAR = [b"Reading 50.0% " + 497 * b"#" + b"\r"]
 NEGATIVE = [b"KELP_progress() ERROR: 0.0 is not a valid progress, must be >= 0!\n"]
 
-CLOSED_EYES = (
-    b"     _____\n"
-    b"    /     \\         the label\n"
-    b"   /  _ _  \\\n"
-    b"   >   _   <        10.0% ##                 |  \n"
-    b"   \\  / \\  /\n"
-    b"    \\_____/         time remaining: 112 hours     \n")
-OPEN_EYES = CLOSED_EYES.replace(b"_ _", b"* *")
-HALF = (
-    b"     _____\n"
-    b"    /     \\         the label\n"
-    b"   /  . .  \\\n"
-    b"   >       <        50.0% ##########         |  \n"
-    b"   \\  ---  /\n"
-    b"    \\_____/         time remaining: 8 hours     \n")
 CHEER = (
     b"     _____\n"
     b"    /     \\         the label\n"

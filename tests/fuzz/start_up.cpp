@@ -14,8 +14,6 @@ namespace {
 
 using fuzz::expectSame;
 
-struct ProcessEnds {};
-
 /// What a tool that has started answers.
 void compareTool(const CommandLineTool& tool, const start_up_model::ToolText& text) {
     expectSame("isVerbose", tool.isVerbose(), start_up_model::isVerbose(text));
@@ -49,7 +47,7 @@ std::string run(start_up_model::ToolText& text) {
     std::string end = "[running]";
     try {
         start(text);
-    } catch (const ProcessEnds&) {
+    } catch (const fuzz::ProcessEnds&) {
         end = "[the end]";
     } catch (const std::out_of_range&) {
         end = "[out of range]";
@@ -68,11 +66,7 @@ void fuzz::start_up(const std::uint8_t* data, std::size_t size) {
     if (start_up_model::opensAFileElsewhere(text)) {
         return;
     }
-    fake_platform::reset();
-    fake_platform::state().onSleep = [](unsigned int milliseconds) {
-        expectSame("pause", milliseconds, 500U);
-        throw ProcessEnds();
-    };
+    resetPlatform();
     expectSame("screen", run(text), start_up_model::screen(text));
     fake_platform::reset();
 }

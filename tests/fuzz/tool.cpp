@@ -14,8 +14,6 @@ namespace {
 using tool_model::Tool;
 using Calls = std::vector<tool_calls::Call>;
 
-struct ProcessEnds {};
-
 constexpr char theEnd[] = "[the end]";
 
 start_up_model::ToolText toolTextOf(fuzz::Input& input, std::string& kind) {
@@ -109,7 +107,7 @@ std::string run(const std::string& kind, start_up_model::ToolText& text, const C
         for (const tool_calls::Call& call : calls) {
             make(*tool, call);
         }
-    } catch (const ProcessEnds&) {
+    } catch (const fuzz::ProcessEnds&) {
         std::cout << theEnd;
     } catch (const std::out_of_range&) {
         std::cout << "[out of range]";
@@ -126,11 +124,7 @@ void fuzz::tool(const std::uint8_t* data, std::size_t size) {
     if (start_up_model::opensAFileElsewhere(text)) {
         return;
     }
-    fake_platform::reset();
-    fake_platform::state().onSleep = [](unsigned int milliseconds) {
-        expectSame("pause", milliseconds, 500U);
-        throw ProcessEnds();
-    };
+    resetPlatform();
     Calls calls = callsOf(input);
     const std::string screen = expected(text, calls);
     expectSame("screen", run(kind, text, calls), screen);

@@ -3,10 +3,24 @@
 
 #include <string>
 
+#include "check.h"
+#include "fake_platform.h"
 #include "input.h"
 #include "start_up_model.h"
 
 namespace fuzz {
+
+/// Stands for the end of the process.
+struct ProcessEnds {};
+
+/// A platform whose pause behind the help screen, the last thing before the process ends, throws ProcessEnds instead.
+inline void resetPlatform() {
+    fake_platform::reset();
+    fake_platform::state().onSleep = [](unsigned int milliseconds) {
+        expectSame("pause", milliseconds, 500U);
+        throw ProcessEnds();
+    };
+}
 
 /// An option from "short,long,text"; without two commas all of it is the short form.
 inline Kelp::Option optionOf(const std::string& text) {

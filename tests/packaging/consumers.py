@@ -4,6 +4,8 @@ import os
 import pathlib
 import shutil
 import subprocess
+import tempfile
+import unittest
 
 HERE = pathlib.Path(__file__).resolve().parent
 ROOT = HERE.parent.parent
@@ -49,3 +51,13 @@ def copy_of_sources(folder):
         else:
             shutil.copy(ROOT / name, folder / name)
     return folder
+
+
+class InOneFolder(unittest.TestCase):
+    """Tests that share a temporary folder."""
+
+    @classmethod
+    def setUpClass(cls):
+        holder = tempfile.TemporaryDirectory(prefix="kelplib.")
+        cls.addClassCleanup(holder.cleanup)
+        cls.folder = pathlib.Path(holder.name)

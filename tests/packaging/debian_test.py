@@ -9,21 +9,19 @@ import pathlib
 import re
 import subprocess
 import sys
-import tempfile
 import unittest
 
-from consumers import FLAT_OUTPUT, HERE, NUMBERS, TOOL_OUTPUT, built, output
+from consumers import FLAT_OUTPUT, HERE, NUMBERS, TOOL_OUTPUT, InOneFolder, built, output
 
 PACKAGES = pathlib.Path(sys.argv.pop(1))
 NAMES = ["libkelplib-dev", "libkelplib-doc", "libkelplib1"]
 
 
-class DebianPackages(unittest.TestCase):
+class DebianPackages(InOneFolder):
     @classmethod
     def setUpClass(cls):
-        holder = tempfile.TemporaryDirectory(prefix="kelplib.")
-        cls.addClassCleanup(holder.cleanup)
-        cls.root = pathlib.Path(holder.name) / "root"
+        super().setUpClass()
+        cls.root = cls.folder / "root"
         database = cls.root / "var" / "lib" / "dpkg"
         for folder in ("updates", "info", "triggers"):
             (database / folder).mkdir(parents=True)

@@ -3,27 +3,23 @@
 CXX_COMPILER --flags=CXX_FLAGS
 """
 
-import pathlib
 import re
 import shlex
 import shutil
 import sys
-import tempfile
 import unittest
 
-from consumers import FLAT_OUTPUT, HERE, NUMBERS, ROOT, TOOL_OUTPUT, built, output
+from consumers import FLAT_OUTPUT, HERE, NUMBERS, ROOT, TOOL_OUTPUT, InOneFolder, built, output
 
 BUILD, C_COMPILER, CXX_COMPILER, CXX_FLAGS = sys.argv[1:]
 CXX_FLAGS = CXX_FLAGS.removeprefix("--flags=")
 del sys.argv[1:]
 
 
-class Installed(unittest.TestCase):
+class Installed(InOneFolder):
     @classmethod
     def setUpClass(cls):
-        holder = tempfile.TemporaryDirectory(prefix="kelplib.")
-        cls.addClassCleanup(holder.cleanup)
-        cls.folder = pathlib.Path(holder.name)
+        super().setUpClass()
         cls.prefix = cls.folder / "prefix"
         output("cmake", "--install", BUILD, "--prefix", cls.prefix)
         # Moved, and into a folder with blanks: every way in has to work from there too.

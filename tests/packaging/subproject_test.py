@@ -7,21 +7,18 @@ LIBRARY, kelplib's own build of the same type, the project's has to become the s
 
 import pathlib
 import sys
-import tempfile
 import unittest
 
-from consumers import NUMBERS, TOOL_OUTPUT, built, copy_of_sources, output
+from consumers import NUMBERS, TOOL_OUTPUT, InOneFolder, built, copy_of_sources, output
 
 WAY, CXX_COMPILER, BUILD_TYPE, *LIBRARY = sys.argv[1:]
 del sys.argv[1:]
 
 
-class Subproject(unittest.TestCase):
+class Subproject(InOneFolder):
     @classmethod
     def setUpClass(cls):
-        holder = tempfile.TemporaryDirectory(prefix="kelplib.")
-        cls.addClassCleanup(holder.cleanup)
-        cls.folder = pathlib.Path(holder.name)
+        super().setUpClass()
         cls.build = built(WAY, cls.folder / "its build", f"-DCMAKE_CXX_COMPILER={CXX_COMPILER}",
                           f"-DCMAKE_BUILD_TYPE={BUILD_TYPE}",
                           f"-DKELPLIB_FOLDER={copy_of_sources(cls.folder / 'its kelplib')}")

@@ -5,25 +5,21 @@ cpack packs the build; the programs of consumer/ are cross-compiled with what th
 """
 
 import os
-import pathlib
 import sys
-import tempfile
 import unittest
 import zipfile
 
 import programs
-from consumers import FLAT_OUTPUT, HERE, NUMBERS, TOOL_OUTPUT, built, output
+from consumers import FLAT_OUTPUT, HERE, NUMBERS, TOOL_OUTPUT, InOneFolder, built, output
 
 BUILD, TOOLCHAIN, C_COMPILER = sys.argv[1:]
 del sys.argv[1:]
 
 
-class WindowsZip(unittest.TestCase):
+class WindowsZip(InOneFolder):
     @classmethod
     def setUpClass(cls):
-        holder = tempfile.TemporaryDirectory(prefix="kelplib.")
-        cls.addClassCleanup(holder.cleanup)
-        cls.folder = pathlib.Path(holder.name)
+        super().setUpClass()
         output("cpack", "-G", "ZIP", "-B", cls.folder, "--config", f"{BUILD}/CPackConfig.cmake")
         with zipfile.ZipFile(next(cls.folder.glob("*.zip"))) as archive:
             cls.names = archive.namelist()

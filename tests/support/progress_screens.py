@@ -49,3 +49,20 @@ CASES = [
     (["unfinished-face", "0"], UNFINISHED_FACE + 18 * [EMPTY_ROW], (0, 0), b"167\n165\n"),
     (["unfinished-face", "23"], fillers(7, 23) + UNFINISHED_FACE + [EMPTY_ROW], (0, 17), b"167\n165\n"),
 ]
+
+# What an unfinished face writes: its first frame, a blink, and a later one.
+CLOSED_EYES = (
+    b"     _____\n"
+    b"    /     \\         the label\n"
+    b"   /  _ _  \\\n"
+    b"   >   _   <        10.0% ##                 |  \n"
+    b"   \\  / \\  /\n"
+    b"    \\_____/         time remaining: 112 hours     \n")
+OPEN_EYES = CLOSED_EYES.replace(b"_ _", b"* *")
+HALF = (
+    b"     _____\n"
+    b"    /     \\         the label\n"
+    b"   /  . .  \\\n"
+    b"   >       <        50.0% ##########         |  \n"
+    b"   \\  ---  /\n"
+    b"    \\_____/         time remaining: 8 hours     \n")
