@@ -4,6 +4,9 @@ import os
 import pty
 import subprocess
 import termios
+import threading
+
+END = b"\0the program has ended\0"
 
 
 def written_to_terminal(words, columns=80, rows=24, started=None, **options):
@@ -16,18 +19,21 @@ def written_to_terminal(words, columns=80, rows=24, started=None, **options):
     reader, writer = pty.openpty()
     termios.tcsetwinsize(writer, (rows, columns))
     with subprocess.Popen(words, stdin=subprocess.DEVNULL, stdout=writer, **options) as process:
-        os.close(writer)
+        marker = threading.Thread(target=_mark_end, args=[process, writer])
+        marker.start()
         if started:
             started(process)
-        output = b"".join(iter(lambda: _read(reader), b""))
+        output = b""
+        while not output.endswith(END):
+            output += os.read(reader, 65536)
+        marker.join()
         errors = process.stderr.read() if process.stderr else b""
+    os.close(writer)
     os.close(reader)
-    return process.returncode, output, errors
+    return process.returncode, output.removesuffix(END), errors
 
 
-def _read(terminal):
-    try:
-        return os.read(terminal, 65536)
-    except OSError:
-        # A terminal that nobody holds open for writing any more cannot be read.
-        return b""
+def _mark_end(process, writer):
+    """A terminal that nobody holds open for writing any more may drop what was not read yet, so its end is written."""
+    process.wait()
+    os.write(writer, END)
