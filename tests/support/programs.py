@@ -1,6 +1,5 @@
 """Running the programs under test, natively or under wine, from a test script."""
 
-import atexit
 import functools
 import os
 import subprocess
@@ -12,8 +11,6 @@ ON_WINDOWS = bool(EMULATOR)
 
 def command(program, *arguments):
     """The whole command line of a program."""
-    if ON_WINDOWS:
-        _keep_windows_up()
     return [*EMULATOR, program, *arguments]
 
 
@@ -34,13 +31,3 @@ def run(program, *arguments, timeout=60, **options):
 def windows_path(folder):
     """A folder of this machine as wine's programs see it."""
     return run("winepath", "-w", folder)[1].removesuffix(b"\n")
-
-
-@functools.cache
-def _keep_windows_up():
-    """Starts wine's services and keeps them up until the script ends. Otherwise the first program would start them, and
-    they would print into its standard error and hold that open for seconds after its end."""
-    keeper = subprocess.Popen([*EMULATOR, "cmd"], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-                              stderr=subprocess.DEVNULL)
-    atexit.register(keeper.communicate)
-    keeper.stdout.read(1)
