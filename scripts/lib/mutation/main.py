@@ -42,8 +42,8 @@ def parse_arguments():
         "Ctrl+C stops it; the next call goes on where it stopped, unless sources or tests have changed since. "
         "Exit status 1 when a change passes unnoticed that tests/mutation/survivors.txt does not explain.")
     parser.add_argument("paths", nargs="*", help="files or folders to change (src and include by default)")
-    parser.add_argument("--sample", type=int, metavar="N", help="tries N changes only, picked at random, "
-                        "the same ones as long as the library is the same")
+    parser.add_argument("--sample", type=int, metavar="N", help="tries N changes only, picked at random from "
+                        "those that a test should notice, the same ones as long as the library is the same")
     parser.add_argument("--seed", type=int, default=None, help="picks others")
     parser.add_argument("--survivors", action="store_true", help="tries those again that passed unnoticed last time")
     parser.add_argument("--list", action="store_true", help="prints the changes and tries none")
@@ -161,15 +161,18 @@ class Run:
         self.build.write(mutant.file)
 
 
-def choose(mutants, arguments, results):
+def choose(mutants, arguments, results, explained):
     chosen = [mutant for mutant in mutants
               if not arguments.paths or any(f"{mutant.file}/".startswith(f"{path}/") for path in arguments.paths)]
     if arguments.survivors:
         chosen = [mutant for mutant in chosen if results.last.get(mutant.key, "") is None]
-    if arguments.sample is not None and arguments.sample < len(chosen):
+    if arguments.sample is not None:
+        # One that is explained takes every test that reaches it, only to say what is known.
+        chosen = [mutant for mutant in chosen if mutant.key not in explained]
         seed = arguments.seed if arguments.seed is not None else int(digest(LIBRARY)[:5], 16)
-        say(f"{arguments.sample} of {len(chosen)} changes, picked with --seed {seed}")
-        chosen = random.Random(seed).sample(chosen, arguments.sample)
+        count = min(arguments.sample, len(chosen))
+        say(f"{count} of {len(chosen)} changes, picked with --seed {seed}")
+        chosen = random.Random(seed).sample(chosen, count)
     return chosen
 
 
@@ -198,7 +201,7 @@ def main():
     mutants = all_mutants(arguments.jobs)
     explained = survivors.read(LIST)
     results = Results(FOLDER / "results.jsonl", digest((*LIBRARY, "tests", "cmake", "scripts/lib/mutation")))
-    chosen = choose(mutants, arguments, results)
+    chosen = choose(mutants, arguments, results, explained)
     if arguments.list:
         for mutant in chosen:
             print(f"{mutant.file}:{mutant.line}: {mutant.change}")
