@@ -2,5 +2,8 @@
 add_library(kelplib_warnings INTERFACE)
 target_compile_options(kelplib_warnings INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow
-    $<$<AND:$<COMPILE_LANG_AND_ID:CXX,Clang>,$<VERSION_GREATER_EQUAL:$<CXX_COMPILER_VERSION>,14>>:-Wreserved-identifier;-Wreserved-macro-identifier>
     $<$<BOOL:${KELPLIB_WERROR}>:-Werror>)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang" AND CMAKE_CXX_COMPILER_VERSION VERSION_GREATER_EQUAL 14)
+    target_compile_options(kelplib_warnings INTERFACE
+        $<$<COMPILE_LANGUAGE:CXX>:-Wreserved-identifier;-Wreserved-macro-identifier>)
+endif()

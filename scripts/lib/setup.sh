@@ -89,7 +89,7 @@ need_for_all_tests() {
     need_for_fuzzing
     need_for_windows
     needs+=(
-        "pkg-config pkg-config" "valgrind valgrind" "clang clang" "clang++ clang" "clang-tidy clang-tidy" "clang-format clang-format"
+        "pkg-config pkg-config" "valgrind valgrind" "clang clang" "clang++ clang" "run-clang-tidy clang-tidy" "clang-format clang-format"
         "/usr/lib/llvm-*/include/c++/v1/version libc++-dev" "/usr/lib/llvm-*/lib/libc++abi.so libc++abi-dev")
 }
 
