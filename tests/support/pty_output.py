@@ -24,13 +24,13 @@ def written_to_terminal(words, columns=80, rows=24, started=None, **options):
         if started:
             started(process)
         output = b""
-        while not output.endswith(END):
+        while END not in output:
             output += os.read(reader, 65536)
         marker.join()
         errors = process.stderr.read() if process.stderr else b""
     os.close(writer)
     os.close(reader)
-    return process.returncode, output.removesuffix(END), errors
+    return process.returncode, output.partition(END)[0], errors
 
 
 def _mark_end(process, writer):
