@@ -66,6 +66,7 @@ class LayoutCheck(unittest.TestCase):
         self.assertEqual(found("src/util/a.cpp", "\n" * 200), [])
         self.assertEqual(found("src/util/a.cpp", "\n" * 201), ["src/util/a.cpp: more than 200 lines"])
         self.assertEqual(found("include/kelplib/Kelp.h", "\n" * 201), [])
+        self.assertEqual(found("tests/unit/a.cpp", "\n" * 201), [])
 
 
 if __name__ == "__main__":
