@@ -10,6 +10,9 @@
 /// allocated. What does not fit the buffers is cut. Texts are zero-terminated; a null pointer counts as an empty text.
 ///
 /// Nothing here takes a lock: one thread at a time reports. Nothing throws.
+///
+/// All output goes through the C library's stdout; std::cout is left alone. A program that has called
+/// std::ios::sync_with_stdio(false) flushes std::cout before it draws, or its own text comes out later.
 
 #include <kelplib/Export.h>
 
@@ -40,7 +43,7 @@ KELP_API double KELP_time_stamp(void);
 /// Blocks the calling thread for at least `milliseconds`.
 KELP_API void KELP_sleep(unsigned int milliseconds);
 
-/// Flushes standard output, then moves the console's cursor up `lines` rows and to column 0.
+/// Flushes stdout, then moves the console's cursor up `lines` rows and to column 0.
 /// \returns -1 when standard output is closed; 0 when it is no console, with nothing written, or when the console refuses;
 ///          another value when the cursor was moved
 KELP_API int KELP_rewind_cursor(unsigned int lines);

@@ -15,7 +15,8 @@ double monotonicSeconds();
 /// Blocks the calling thread for at least `milliseconds`; goes on for the rest after a signal.
 void sleepMilliseconds(unsigned int milliseconds);
 
-/// Flushes standard output, then moves the console's cursor to column 0 of the row `lines` above its own.
+/// Flushes the C library's standard output, then moves the console's cursor to column 0 of the row `lines` above its own.
+/// Leaves std::cout alone: its buffer may be missing, throw, or be in use by another thread.
 /// \returns -1 when standard output is closed, 0 when it is no console (nothing is written then) or the console refuses,
 ///          otherwise a value other than 0 and -1
 int rewindCursor(unsigned int lines);

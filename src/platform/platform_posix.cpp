@@ -9,8 +9,6 @@
 #include <ctime>
 #include <utility>
 
-#include "platform/standard_streams.h"
-
 namespace {
 
 /// While it lives, signals wait or go to other threads; a new thread begins like the one that starts it.
@@ -53,8 +51,6 @@ void sleepMilliseconds(unsigned int milliseconds) {
 }
 
 int rewindCursor(unsigned int lines) {
-    // Not flush(), which throws where a program has asked for that.
-    standardOutput().rdbuf()->pubsync();
     std::fflush(stdout);
     if (isatty(STDOUT_FILENO) == 0) {
         const bool closed = fcntl(STDOUT_FILENO, F_GETFD) == -1;

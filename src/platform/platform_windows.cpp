@@ -6,8 +6,6 @@
 #include <cstdio>
 #include <utility>
 
-#include "platform/standard_streams.h"
-
 namespace Kelp::platform {
 
 double monotonicSeconds() {
@@ -23,8 +21,6 @@ void sleepMilliseconds(unsigned int milliseconds) {
 }
 
 int rewindCursor(unsigned int lines) {
-    // Not flush(), which throws where a program has asked for that.
-    standardOutput().rdbuf()->pubsync();
     std::fflush(stdout);
     const HANDLE console = GetStdHandle(STD_OUTPUT_HANDLE);
     if (console == nullptr || console == INVALID_HANDLE_VALUE) {

@@ -156,10 +156,9 @@ class RewindWithoutConsole(unittest.TestCase):
                 self.assertEqual(self.rewind_into_one_pipe(lines), (b"stdio stream ", b""))
 
     def test_stream_with_a_buffer_of_its_own(self):
-        # Which of the two buffers comes first is nobody's promise.
-        before, after = self.rewind_into_one_pipe("3", call="rewind-two-buffers")
-        self.assertIn(before, (b"stdio stream ", b"stream stdio "))
-        self.assertEqual(after, b"")
+        # It is left alone. libc++'s stream always prints through the C library and has none.
+        self.assertIn(self.rewind_into_one_pipe("3", call="rewind-two-buffers"),
+                      ((b"stdio ", b"stream "), (b"stdio stream ", b"")))
 
     def test_file(self):
         with tempfile.TemporaryFile() as file:
