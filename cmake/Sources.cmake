@@ -9,6 +9,7 @@ set(KELPLIB_PUBLIC_HEADERS
 include(CheckCXXSourceCompiles)
 # Where the streams can be declared without <iostream>, they are made ready at their first use.
 check_cxx_source_compiles("
+    #include <ext/stdio_sync_filebuf.h>
     #include <ostream>
     namespace std { extern ostream cout; }
     int main() { static const std::ios_base::Init ready; std::cout.flush(); }"

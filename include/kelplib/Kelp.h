@@ -349,11 +349,16 @@ KELP_API std::vector<std::string> getAllArguments(int argc, char** argv);
 /// getIntFlag alone. A tool's verbose mode is another matter.
 KELP_API int verbosity();
 
-/// Prints the message and a line that says for how long, and waits until a key comes in on standard input (a console hands
-/// it on with Enter) or the seconds are over, whichever is earlier. The end of standard input counts as a key. A wait for
-/// the whole time takes 0.2 s longer. It still takes the next character that comes in, so standard input is not to be read
-/// after it; a wait that a key ended has taken one character and leaves the rest of the line. Standard output may be a pipe:
-/// the lines go there and the wait is the same.
+/// Prints the message and a line that gives the number of seconds, then waits for a key on standard input or for the seconds
+/// to pass, whichever comes first. A console passes a key on with Enter. The end of standard input counts as a key, and so
+/// does input that cannot be read. A program in the background of its terminal waits the whole time: what is typed belongs
+/// to the program in the foreground.
+///
+/// A wait that a key ends takes one character and leaves the rest of the line. A wait for the whole time takes 0.2 s longer
+/// than announced and leaves its reader: a thread that takes the next character that comes in, after those of earlier waits.
+/// Do not read standard input afterwards. The reader does not keep the process from exiting, forking or flushing its
+/// streams. From the first wait on the library stays in memory, even if the program unloads it. A wait whose thread is
+/// cancelled leaves its reader too.
 /// \throws std::system_error  when no thread can be started
 KELP_API void waitOrPressKey(unsigned int seconds, std::string message);
 

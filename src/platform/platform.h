@@ -21,9 +21,21 @@ void sleepMilliseconds(unsigned int milliseconds);
 ///          otherwise a value other than 0 and -1
 int rewindCursor(unsigned int lines);
 
-/// Starts a thread that handles no signals: those are for the tool's own threads.
+/// Takes one character from standard input. While it waits for one it holds no lock of the C library, so that the rest of
+/// the process can exit, fork and flush. In the background of its terminal it goes on waiting: what is typed then is meant
+/// for another program.
+/// \param throughCLibrary  whether the character comes through the C library's stdin, which may have some in its buffer;
+///                         otherwise straight from the system
+/// \returns false at the end of the input, or when it cannot be read
+bool readCharacter(bool throughCLibrary);
+
+/// Starts a thread that handles no signals: those are for the tool's own threads. From then on the library stays in memory,
+/// even where it is unloaded: the thread may outlive the call that started it.
 /// \throws std::system_error when there can be no further thread, besides std::bad_alloc
 std::thread startThread(std::function<void()> run);
+
+/// Has `handler` called in every child of fork(), which has none of the threads that its parent started.
+void callInForkedChild(void (*handler)());
 
 /// The current directory as the system gives it; empty when the system's call fails on a buffer of 260 bytes.
 std::string currentDirectory();

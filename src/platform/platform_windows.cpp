@@ -1,10 +1,70 @@
 #include "platform/platform.h"
 
 #include <direct.h>
+#include <io.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <utility>
+#include <vector>
+
+namespace {
+
+constexpr DWORD pollMilliseconds = 50;
+
+/// Keeps the library in memory until the process ends.
+void stayLoaded() {
+    HMODULE self = nullptr;
+    GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
+                       reinterpret_cast<const char*>(&stayLoaded), &self);
+}
+
+/// Takes a character that the C library has read already. Windows has no call that says whether there is one, so this looks
+/// at a member of msvcrt's FILE.
+bool takeBufferedCharacter() {
+    _lock_file(stdin);
+    const bool taken = stdin->_cnt > 0 && std::getc(stdin) != EOF;
+    _unlock_file(stdin);
+    return taken;
+}
+
+bool isKey(const INPUT_RECORD& event, bool collectsLines) {
+    const KEY_EVENT_RECORD& key = event.Event.KeyEvent;
+    const wchar_t character = key.uChar.UnicodeChar;
+    return event.EventType == KEY_EVENT && key.bKeyDown != 0 && (collectsLines ? character == L'\r' : character != 0);
+}
+
+/// Whether a console has what a program may read: a whole line where it collects lines, otherwise any character. It also
+/// has events of keys that are let go, of the mouse, and of its window.
+bool hasConsoleInput(HANDLE console, DWORD mode) {
+    DWORD count = 0;
+    GetNumberOfConsoleInputEvents(console, &count);
+    // wine's console (seen with 8.0) takes no events in before it is asked for some.
+    std::vector<INPUT_RECORD> events(count + 1);
+    if (PeekConsoleInputW(console, events.data(), count + 1, &count) == 0) {
+        return true;
+    }
+    return std::any_of(events.begin(), events.begin() + count,
+                       [mode](const INPUT_RECORD& event) { return isKey(event, (mode & ENABLE_LINE_INPUT) != 0); });
+}
+
+/// Whether reading would not wait. A file never does, and what is closed or broken fails at once. Of a pipe that belongs to
+/// the system below, wine (seen with 8.0) does not know.
+bool hasInput(HANDLE input) {
+    DWORD available = 0;
+    DWORD mode = 0;
+    switch (GetFileType(input)) {
+        case FILE_TYPE_PIPE:
+            return PeekNamedPipe(input, nullptr, 0, nullptr, &available, nullptr) == 0 || available > 0;
+        case FILE_TYPE_CHAR:
+            return GetConsoleMode(input, &mode) == 0 || hasConsoleInput(input, mode);
+        default:
+            return true;
+    }
+}
+
+}  // namespace
 
 namespace Kelp::platform {
 
@@ -36,9 +96,33 @@ int rewindCursor(unsigned int lines) {
     return SetConsoleCursorPosition(console, target);
 }
 
+bool readCharacter(bool throughCLibrary) {
+    if (throughCLibrary && takeBufferedCharacter()) {
+        return true;
+    }
+    const int descriptor = _fileno(stdin);
+    if (descriptor < 0) {
+        return false;
+    }
+    const auto input = reinterpret_cast<HANDLE>(_get_osfhandle(descriptor));
+    while (!hasInput(input)) {
+        Sleep(pollMilliseconds);
+    }
+    if (throughCLibrary) {
+        // The rest of a console's line waits in the buffer of the C library, where the next call finds it.
+        return std::getc(stdin) != EOF;
+    }
+    char character = '\0';
+    return _read(descriptor, &character, 1) == 1;
+}
+
 std::thread startThread(std::function<void()> run) {
+    stayLoaded();
     return std::thread(std::move(run));
 }
+
+/// Windows has no fork().
+void callInForkedChild(void (* /*handler*/)()) {}
 
 std::string currentDirectory() {
     char buffer[260];

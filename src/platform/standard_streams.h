@@ -12,6 +12,15 @@ namespace Kelp {
 std::ostream& standardOutput();
 std::istream& standardInput();
 
+/// Where the next character of std::cin comes from.
+enum class InputSource {
+    stream,    ///< what std::cin has in its buffer, or a buffer of the tool's own; or nothing, when std::cin has failed
+    cLibrary,  ///< the C library's stdin
+    system     ///< straight from the system, after std::ios::sync_with_stdio(false)
+};
+
+InputSource standardInputSource();
+
 }  // namespace Kelp
 
 #endif

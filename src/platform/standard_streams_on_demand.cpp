@@ -1,6 +1,11 @@
-// For standard libraries whose <iostream> makes the streams ready in every file that includes it, and whose streams can be
-// declared without it. The build finds out.
+// For libstdc++. Before version 13 its <iostream> makes the streams ready in every file that includes it; the streams can be
+// declared without it, as the build has found out.
+#include <ext/stdio_filebuf.h>
+#include <ext/stdio_sync_filebuf.h>
+
 #include <atomic>
+#include <cstdio>
+#include <typeinfo>
 
 #include "platform/standard_streams.h"
 
@@ -40,4 +45,23 @@ std::ostream& Kelp::standardOutput() {
 std::istream& Kelp::standardInput() {
     makeReady();
     return std::cin;
+}
+
+Kelp::InputSource Kelp::standardInputSource() {
+    using Synchronized = __gnu_cxx::stdio_sync_filebuf<char>;
+    using Unsynchronized = __gnu_cxx::stdio_filebuf<char>;
+    const std::istream& input = standardInput();
+    std::streambuf* const buffer = input.rdbuf();
+    if (!input.good()) {
+        return InputSource::stream;
+    }
+    const std::type_info& type = typeid(*buffer);
+    if (type == typeid(Synchronized) && static_cast<Synchronized*>(buffer)->file() == stdin) {
+        return InputSource::cLibrary;
+    }
+    if (type == typeid(Unsynchronized) && static_cast<Unsynchronized*>(buffer)->fd() == fileno(stdin) &&
+        buffer->in_avail() <= 0) {
+        return InputSource::system;
+    }
+    return InputSource::stream;
 }

@@ -2,10 +2,22 @@
 
 #include <iostream>
 
+namespace {
+
+// Taken when the library is loaded, before a tool can have given the stream a buffer of its own.
+const std::streambuf* const systemsBuffer = std::cin.rdbuf();
+
+}  // namespace
+
 std::ostream& Kelp::standardOutput() {
     return std::cout;
 }
 
 std::istream& Kelp::standardInput() {
     return std::cin;
+}
+
+Kelp::InputSource Kelp::standardInputSource() {
+    // libc++ always reads through the C library.
+    return std::cin.good() && std::cin.rdbuf() == systemsBuffer ? InputSource::cLibrary : InputSource::stream;
 }

@@ -2,14 +2,12 @@
 """Pipes that nobody reads, directories that are gone, signals at a bad time:
 failing_system_test.py PROGRESS_TOOL SCREEN_TOOL WAITING_TOOL INTERRUPTED_TOOL PATH_TOOL"""
 
-import fcntl
 import os
 import pathlib
 import signal
 import subprocess
 import sys
 import tempfile
-import termios
 import unittest
 
 PROGRESS_TOOL, SCREEN_TOOL, WAITING_TOOL, INTERRUPTED_TOOL, PATH_TOOL = sys.argv[1:6]
@@ -74,26 +72,6 @@ class Waiting(unittest.TestCase):
         self.assertEqual(printed, [b"waiting", b"    Press key to continue -- otherwise wait for 1 seconds."])
         self.check_whole(float(seconds))
         self.assertRegex(signals, rb"\A[1-9][0-9]* signals\Z")
-
-    def test_is_stopped_in_the_background(self):
-        """As every program is that reads the terminal there."""
-        terminal, other_end = os.openpty()
-        shell = os.fork()
-        if shell == 0:
-            os.setsid()
-            fcntl.ioctl(other_end, termios.TIOCSCTTY, 0)
-            tool = os.fork()
-            if tool == 0:
-                os.setpgid(0, 0)
-                os.dup2(other_end, 0)
-                os.dup2(os.open(os.devnull, os.O_WRONLY), 1)
-                os.execv(WAITING_TOOL, [WAITING_TOOL, "wait", "3"])
-            _, status = os.waitpid(tool, os.WUNTRACED)
-            os.kill(tool, signal.SIGKILL)
-            os._exit(0 if os.WIFSTOPPED(status) and os.WSTOPSIG(status) == signal.SIGTTIN else 1)
-        os.close(other_end)
-        self.assertEqual(os.waitpid(shell, 0)[1], 0)
-        os.close(terminal)
 
     def test_lasts_as_long_without_output(self):
         for output in (">/dev/full", ">&-"):

@@ -157,6 +157,12 @@ class WaitingInATerminal(unittest.TestCase):
             self.assertEqual(pane.wait_for_end(), 0)
             self.assertLess(float(pane.errors()), 30.0)
 
+    def test_a_line_ends_as_many_waits_as_it_has_characters(self):
+        with terminal.Terminal(TOOL, "wait", LONG, LONG) as pane:
+            pane.wait_for_text(f"otherwise wait for {LONG} seconds.")
+            pane.type("k\r")
+            self.assertEqual(pane.wait_for_end(), 0)
+
 
 if __name__ == "__main__":
     unittest.main()

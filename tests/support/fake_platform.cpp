@@ -16,6 +16,11 @@ std::function<void()>& onThreadEnd() {
     return instance;
 }
 
+std::function<bool(bool)>& onRead() {
+    static std::function<bool(bool)> instance;
+    return instance;
+}
+
 void reset() {
     state() = State();
 }
@@ -46,6 +51,11 @@ int rewindCursor(unsigned int lines) {
     return state().rewindResult;
 }
 
+bool readCharacter(bool throughCLibrary) {
+    const std::function<bool(bool)>& read = fake_platform::onRead();
+    return read && read(throughCLibrary);
+}
+
 std::thread startThread(std::function<void()> run) {
     return std::thread([run = std::move(run), end = fake_platform::onThreadEnd()] {
         run();
@@ -54,6 +64,8 @@ std::thread startThread(std::function<void()> run) {
         }
     });
 }
+
+void callInForkedChild(void (* /*handler*/)()) {}
 
 std::string currentDirectory() {
     return state().directory;

@@ -26,6 +26,10 @@ void reset();
 /// What the threads that are started from now on do at their end; a reset leaves it.
 std::function<void()>& onThreadEnd();
 
+/// Replaces the system's standard input for the threads of the library: given whether the character comes through the C
+/// library, returns whether there was one. Without it the input has ended. A reset leaves it.
+std::function<bool(bool)>& onRead();
+
 }  // namespace fake_platform
 
 #endif

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 #include <kelplib/Kelp.h>
 
+#include <condition_variable>
 #include <iostream>
+#include <mutex>
 
 #include "fake_keyboard.h"
 #include "fake_platform.h"
@@ -129,6 +131,109 @@ TEST_F(WaitOrPressKey, EndsWhenTheInputThrowsAtItsEnd) {
     inEverySleep([this](std::size_t) { keyboard.waitForEnds(1); });
     EXPECT_EQ(sleepsOf(5), Sleeps(1, 100));
     std::cin.exceptions(std::ios::goodbit);
+}
+
+struct Thrown {};
+
+class ThrowingBuffer : public std::streambuf {
+    int_type uflow() override {
+        throw Thrown();
+    }
+};
+
+/// The system's standard input in place of a buffer of the tool's own.
+class WaitOrPressKeyOfTheSystem : public ::testing::Test {
+protected:
+    WaitOrPressKeyOfTheSystem() {
+        fake_platform::onRead() = [this](bool throughCLibrary) { return read(throughCLibrary); };
+        fake_platform::onThreadEnd() = [this] { change(ends); };
+    }
+
+    ~WaitOrPressKeyOfTheSystem() override {
+        fake_platform::reset();
+        fake_platform::onRead() = nullptr;
+        fake_platform::onThreadEnd() = nullptr;
+        std::cin.clear();
+    }
+
+    static std::size_t sleepsOf(unsigned int seconds) {
+        fake_platform::state().sleepsMilliseconds.clear();
+        const FlushRecorder output;
+        Kelp::waitOrPressKey(seconds, "");
+        return fake_platform::state().sleepsMilliseconds.size();
+    }
+
+    void change(int& number) {
+        const std::lock_guard<std::mutex> lock(mutex);
+        ++number;
+        changed.notify_all();
+    }
+
+    void waitFor(const int& number, int count) {
+        std::unique_lock<std::mutex> lock(mutex);
+        changed.wait(lock, [&] { return number >= count; });
+    }
+
+    bool read(bool throughCLibrary) {
+        std::unique_lock<std::mutex> lock(mutex);
+        EXPECT_TRUE(throughCLibrary);
+        EXPECT_EQ(++reading, 1);
+        changed.wait(lock, [this] { return keys > taken || closed > 0; });
+        --reading;
+        return taken < keys && ++taken > 0;
+    }
+
+    std::mutex mutex;
+    std::condition_variable changed;
+    int keys = 0;
+    int taken = 0;
+    int closed = 0;
+    int ends = 0;
+    int reading = 0;
+};
+
+TEST_F(WaitOrPressKeyOfTheSystem, EndsAfterTheSleepInWhichAKeyIsPressed) {
+    fake_platform::state().onSleep = [this](unsigned int) {
+        if (fake_platform::state().sleepsMilliseconds.size() == 3) {
+            change(keys);
+            waitFor(ends, 1);
+        }
+    };
+    EXPECT_EQ(sleepsOf(5), 3U);
+    EXPECT_FALSE(std::cin.eof());
+}
+
+TEST_F(WaitOrPressKeyOfTheSystem, EndsAtTheEndOfTheInput) {
+    change(closed);
+    std::cin.exceptions(std::ios::eofbit);
+    fake_platform::state().onSleep = [this](unsigned int) { waitFor(ends, 1); };
+    EXPECT_EQ(sleepsOf(5), 1U);
+    EXPECT_TRUE(std::cin.eof());
+    std::cin.exceptions(std::ios::goodbit);
+}
+
+TEST_F(WaitOrPressKeyOfTheSystem, LeavesTheFirstKeysToEarlierWaitsThatAreOver) {
+    EXPECT_EQ(sleepsOf(0), 2U);
+    EXPECT_EQ(sleepsOf(0), 2U);
+    fake_platform::state().onSleep = [this](unsigned int) {
+        const auto count = static_cast<int>(fake_platform::state().sleepsMilliseconds.size());
+        if (count >= 4) {
+            change(keys);
+            waitFor(ends, count - 3);
+        }
+    };
+    EXPECT_EQ(sleepsOf(5), 6U);
+    waitFor(ends, 3);
+}
+
+TEST_F(WaitOrPressKeyOfTheSystem, EndsWhenABufferOfTheToolThrows) {
+    ThrowingBuffer buffer;
+    std::streambuf* const before = std::cin.rdbuf(&buffer);
+    std::cin.exceptions(std::ios::badbit);
+    fake_platform::state().onSleep = [this](unsigned int) { waitFor(ends, 1); };
+    EXPECT_EQ(sleepsOf(5), 1U);
+    std::cin.exceptions(std::ios::goodbit);
+    std::cin.rdbuf(before);
 }
 
 }  // namespace

@@ -1,0 +1,121 @@
+#!/usr/bin/env python3
+"""Waits among forks, cancelled threads, signals and jobs of a terminal: odd_posix_program_test.py ODD_POSIX_PROGRAM"""
+
+import fcntl
+import os
+import subprocess
+import sys
+import termios
+import time
+import unittest
+
+PROGRAM = sys.argv.pop()
+
+LIMIT_SECONDS = 60
+
+
+def lines(message, seconds):
+    """What one wait prints."""
+    return f"{message}\n    Press key to continue -- otherwise wait for {seconds} seconds.\n".encode()
+
+
+class Processes(unittest.TestCase):
+    def start(self, what):
+        process = subprocess.Popen([PROGRAM, what], stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        self.addCleanup(process.__exit__, None, None, None)
+        self.addCleanup(process.kill)
+        return process
+
+    def check_end(self, process, printed, errors):
+        """The program ends while its standard input stays open."""
+        self.assertEqual(process.wait(timeout=LIMIT_SECONDS), 0)
+        self.assertEqual((process.stdout.read(), process.stderr.read()), (printed, errors))
+
+    def test_a_forked_child_waits_for_its_own_key(self):
+        self.check_end(self.start("fork"), lines("left", 0) + lines("in the child", 600), b"5\n")
+
+    def test_a_command_is_read_after_a_wait(self):
+        self.check_end(self.start("popen"), lines("left", 0) + b"from the command\n", b"0\n")
+
+    def test_a_cancelled_thread_ends_and_its_reader_takes_the_first_key(self):
+        process = self.start("cancel")
+        self.assertEqual(process.stderr.readline(), b"1\n")
+        process.stdin.write(b"a")
+        process.stdin.flush()
+        with self.assertRaises(subprocess.TimeoutExpired):
+            process.wait(timeout=1)
+        process.stdin.write(b"b")
+        process.stdin.flush()
+        self.check_end(process, lines("cancelled", 600) + lines("next", 600), b"")
+
+    def test_an_empty_input_that_does_not_wait_is_not_at_its_end(self):
+        start = time.monotonic()
+        self.check_end(self.start("without-waiting"), lines("empty", 1), b"0\n")
+        self.assertGreaterEqual(time.monotonic() - start, 1.2)
+
+
+class Background(unittest.TestCase):
+    """Jobs in the background of a terminal. What is typed there is meant for the program in the foreground."""
+
+    def run_in_background(self, what):
+        """Returns how the job changed its state first, and how many of two characters typed it has left."""
+        terminal, other_end = os.openpty()
+        shell = os.fork()
+        if shell == 0:
+            os.setsid()
+            fcntl.ioctl(other_end, termios.TIOCSCTTY, 0)
+            job = os.fork()
+            if job == 0:
+                os.setpgid(0, 0)
+                os.dup2(other_end, 0)
+                os.dup2(os.open(os.devnull, os.O_WRONLY), 1)
+                os.execv(PROGRAM, [PROGRAM, what])
+            os.setpgid(job, job)
+            os.write(terminal, b"k\n")
+            _, status = os.waitpid(job, os.WUNTRACED)
+            ended = os.WIFEXITED(status) and os.WEXITSTATUS(status) == 0
+            os.set_blocking(other_end, False)
+            os._exit(0 if ended and os.read(other_end, 10) == b"k\n" else 1)
+        os.close(other_end)
+        status = os.waitpid(shell, 0)[1]
+        os.close(terminal)
+        return status
+
+    def check_waits_its_time(self, what):
+        start = time.monotonic()
+        self.assertEqual(self.run_in_background(what), 0)
+        self.assertGreaterEqual(time.monotonic() - start, 1.2)
+
+    def test_waits_its_time_and_leaves_what_is_typed(self):
+        self.check_waits_its_time("wait")
+
+    def test_is_the_same_for_a_program_that_its_terminal_may_not_stop(self):
+        self.check_waits_its_time("block")
+
+    def test_takes_a_key_once_it_is_in_the_foreground(self):
+        terminal, other_end = os.openpty()
+        shell = os.fork()
+        if shell == 0:
+            os.setsid()
+            fcntl.ioctl(other_end, termios.TIOCSCTTY, 0)
+            reading, writing = os.pipe()
+            job = os.fork()
+            if job == 0:
+                os.setpgid(0, 0)
+                os.dup2(other_end, 0)
+                os.dup2(writing, 1)
+                os.execv(PROGRAM, [PROGRAM, "cancel"])
+            os.setpgid(job, job)
+            os.write(terminal, b"a\nb\n")
+            while b"next" not in os.read(reading, 1000):
+                pass
+            os.tcsetpgrp(other_end, job)
+            _, status = os.waitpid(job, os.WUNTRACED)
+            os._exit(0 if os.WIFEXITED(status) and os.WEXITSTATUS(status) == 0 else 1)
+        os.close(other_end)
+        self.assertEqual(os.waitpid(shell, 0)[1], 0)
+        os.close(terminal)
+
+
+if __name__ == "__main__":
+    unittest.main()

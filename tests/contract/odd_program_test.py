@@ -1,0 +1,124 @@
+#!/usr/bin/env python3
+"""Programs that treat their streams in unusual ways, or go on after a wait that has left its reader:
+odd_program_test.py ODD_PROGRAM UNLOADING_PROGRAM WAITING_PLUGIN [PIPING_PROGRAM]"""
+
+import subprocess
+import sys
+import unittest
+
+import programs
+
+ODD_PROGRAM, UNLOADING_PROGRAM, WAITING_PLUGIN = sys.argv[1:4]
+# On Windows, runs a program with a pipe of Windows' own: wine cannot look into one of the system below.
+PIPING_PROGRAM = sys.argv[4:]
+del sys.argv[1:]
+
+LIMIT_SECONDS = 60
+FACE = (b"     _____\n    /     \\         drawn\n   /  * *  \\\n   >       <        25.0% #  |  \n   \\  ---  /\n"
+        b"    \\_____/         time remaining: ")
+
+
+def lines(message, seconds):
+    """What one wait prints."""
+    return f"{message}\n    Press key to continue -- otherwise wait for {seconds} seconds.\n".encode()
+
+
+class Program(unittest.TestCase):
+    def start(self, *words):
+        """A program whose standard input stays open."""
+        process = subprocess.Popen(programs.command(*PIPING_PROGRAM, *words), stdin=subprocess.PIPE,
+                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        self.addCleanup(self.end, process)
+        return process
+
+    @staticmethod
+    def end(process):
+        with process:
+            process.kill()
+
+    def check(self, what, expected):
+        process = self.start(ODD_PROGRAM, what)
+        status = process.wait(timeout=LIMIT_SECONDS)
+        output, errors = (programs.plain_line_ends(pipe.read()) for pipe in (process.stdout, process.stderr))
+        self.assertEqual((status, output, errors), expected)
+
+
+class Output(Program):
+    def check_drawn(self, what):
+        status, output, errors = programs.run(ODD_PROGRAM, what)
+        self.assertEqual(status, 0)
+        face, bar = output[:len(FACE)], output[len(FACE):]
+        self.assertEqual(face, FACE)
+        self.assertRegex(bar, rb"\A[0-9]+ [a-z]+ +\ndrawn 25\.0% #  \|\r\Z")
+        self.assertRegex(errors, rb"\A1[0-9][0-9]\n0\n0\n\Z")
+
+    def test_is_drawn_where_the_stream_is_muted(self):
+        self.check_drawn("muted-output")
+
+    def test_is_drawn_where_the_stream_throws(self):
+        self.check_drawn("throwing-output")
+
+    def test_of_another_thread_is_neither_lost_nor_doubled(self):
+        expected = b"".join(b"line %d\n" % number for number in range(100000))
+        status, output, errors = programs.run(ODD_PROGRAM, "print-beside-the-face")
+        self.assertEqual((status, errors), (0, b""))
+        self.assertTrue(output == expected, f"{output.count(bytes([10]))} lines, {len(output)} bytes")
+
+
+class AfterAWait(Program):
+    LEFT = lines("left", 0)
+
+    def test_streams_are_flushed(self):
+        self.check("flush", (0, self.LEFT, b"0\n"))
+
+    def test_the_input_is_opened_again(self):
+        self.check("reopen", (0, self.LEFT, b"1\n"))
+
+    def test_any_thread_ends_the_process(self):
+        self.check("exit", (7, self.LEFT, b""))
+
+    def test_a_command_runs(self):
+        self.check("system", (0, self.LEFT, b"0\n"))
+
+    def test_the_library_is_unloaded_before_the_next_key(self):
+        process = self.start(UNLOADING_PROGRAM, WAITING_PLUGIN)
+        output = b"".join(process.stdout.readline() for _ in range(3))
+        self.assertEqual(programs.plain_line_ends(output), self.LEFT + b"unloaded\n")
+        # The reader that was left takes the first key, the program itself the second.
+        process.stdin.write(b"ab")
+        process.stdin.close()
+        self.assertEqual(process.wait(timeout=LIMIT_SECONDS), 0)
+        self.assertEqual(programs.plain_line_ends(process.stdout.read()), b"ended\n")
+
+
+class Input(Program):
+    def test_that_has_failed_counts_as_a_key(self):
+        self.check("failed-input", (0, lines("failed", 600), b""))
+
+    def test_that_throws_counts_as_a_key(self):
+        self.check("throwing-input", (0, lines("throwing", 600), b""))
+
+    def test_that_has_ended_is_at_its_end_for_the_stream(self):
+        self.assertEqual(programs.run(ODD_PROGRAM, "end-of-input"), (0, lines("ended", 600), b"1\n"))
+
+    def run_to_the_end(self, what, keys):
+        status, output, errors = programs.run(ODD_PROGRAM, what, stdin=None, input=keys)
+        self.assertEqual((status, errors), (0, b""))
+        return output
+
+    def test_in_the_buffer_of_c_is_taken_first(self):
+        self.assertEqual(self.run_to_the_end("buffered-by-c", b"abcd"), b"a\n" + lines("buffered", 600) + b"cd")
+
+    def test_that_was_pushed_back_is_taken_first(self):
+        self.assertEqual(self.run_to_the_end("pushed-back", b"abcd"),
+                         lines("pushed back", 600) + lines("buffered", 600) + b"cd")
+
+    def test_in_the_buffer_of_the_stream_is_taken_first(self):
+        self.assertEqual(self.run_to_the_end("buffered-by-the-stream", b"abcd"), b"a\n" + lines("buffered", 600) + b"cd")
+
+    def test_is_left_to_a_stream_of_its_own_but_for_one_character(self):
+        self.assertEqual(self.run_to_the_end("nothing-buffered-by-the-stream", b"abcd"), lines("unbuffered", 600) + b"bcd")
+
+
+if __name__ == "__main__":
+    unittest.main()
