@@ -80,7 +80,9 @@ KELP_API int KELP_progress_global(double value);
 
 /// Draws the face: six lines with the label, the bar and the time left, from the settings of KELP_GlobalProgress. On a
 /// console the cursor then returns to the first of them; elsewhere the frames follow each other. Once `value` reaches
-/// `total` it cheers in three frames (300 ms) and stays, with the cursor below it. At most once in 4 s it blinks (75 ms).
+/// `total` it cheers in three frames (300 ms) and stays, with the cursor below it. At most once in 4 s it blinks (75 ms):
+/// when KELP_time_stamp() - last_blink is above 4 s. last_blink starts at 0, so the first call blinks, except while the clock
+/// itself is not past 4 s (a system's first seconds).
 /// \returns the number of characters of the last frame; -1 when standard output cannot be written
 KELP_API int KELP_progress_smile(double value);
 

@@ -43,15 +43,24 @@ TEST_F(SmileyBlink, BlinksWhenTheLastBlinkIsMoreThanFourSecondsAgo) {
         {1000.0, 1004.0000000000001, true},
         {1000.0, 990.0, false},
         {1000.0, 2000.0, true},
-        {0.0, 0.0, false},
-        {0.0, 3.9999999999999996, false},
-        {0.0, 4.0, false},
-        {0.0, 4.000000000000001, true},
     };
     for (const auto& c : cases) {
         KELP_GlobalProgress.last_blink = c.last;
         EXPECT_EQ(blinks(c.now), c.blinks) << c.now - c.last << " s after " << c.last;
         EXPECT_EQ(KELP_GlobalProgress.last_blink, c.blinks ? c.now : c.last) << c.now - c.last << " s after " << c.last;
+    }
+}
+
+// The clock may be that of a system which has just started.
+TEST_F(SmileyBlink, TheFirstCallBlinksOnceTheClockIsPastFourSeconds) {
+    for (const double now : {0.0, 3.9, 3.9999999999999996, 4.0}) {
+        ASSERT_EQ(KELP_GlobalProgress.last_blink, 0.0);
+        EXPECT_FALSE(blinks(now)) << now;
+    }
+    for (const double now : {4.000000000000001, 4.1, 1000.0}) {
+        KELP_GlobalProgress.last_blink = 0.0;
+        EXPECT_TRUE(blinks(now)) << now;
+        EXPECT_EQ(KELP_GlobalProgress.last_blink, now);
     }
 }
 
