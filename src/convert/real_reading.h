@@ -55,6 +55,8 @@ inline std::string decimalPoint() {
 template <class T>
 T convertWithC(const RealText& text) {
     std::string number(text.begin, text.end);
+    // glibc takes an "E" only where the current C locale has "e" for its lower case.
+    std::replace(number.begin(), number.end(), 'E', 'e');
     const std::size_t point = number.find('.');
     if (point != std::string::npos) {
         number.replace(point, 1, decimalPoint());

@@ -130,4 +130,18 @@ TEST(RealReadingUnderALocale, OfTheCLibraryReadsAsEver) {
     expectNumbers<int>({{"1.234", 99, 1}, {"1,5", 99, 1}});
 }
 
+// The locale that Linux builds make for the tests has no lower case for A to Z.
+TEST(RealReadingUnderALocale, TakesAnExponentInCapitalsWhateverTheCLibraryFolds) {
+    if (testLocaleName() == nullptr) {
+        GTEST_SKIP() << "KELPLIB_TEST_LOCALE is not set";
+    }
+    const ScopedCLocale scope(LC_ALL, testLocaleName());
+    ASSERT_TRUE(scope.isValid());
+    expectNumbers<double>({{"1.5E1", 99, 15.0},
+                           {"1.5E400", 99, 0x1.fffffffffffffp+1023},
+                           {"-749E687", 99, -0x1.fffffffffffffp+1023},
+                           {"8180.172E-850", 99, 0.0}});
+    expectNumbers<float>({{"1E39", 99, 0x1.fffffep+127F}, {"-1E39", 99, -0x1.fffffep+127F}, {"9E-99", 99, 0.0F}});
+}
+
 }  // namespace
