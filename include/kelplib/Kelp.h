@@ -90,13 +90,14 @@ struct StringDouble {
 /// No overload reports an error: a text that cannot be read leaves the value that its comment names. A tool that must tell
 /// bad text apart looks at the text itself.
 ///
-/// The numeric overloads read as a formatted stream of the process's global locale does. With the classic locale (every
+/// The numeric overloads read as a formatted stream with the process's global locale does. With the classic locale (every
 /// tool that never changes it) that means: leading blanks are skipped; an optional sign; decimal digits only, and for the
 /// two real types an optional "." and exponent; reading stops where the number stops and the rest is ignored ("12abc" is
 /// 12, "0x1F" is 0). No digits, "inf" and "nan" give 0, and so does a real number whose exponent lacks its digits ("1e").
 /// A number that does not fit becomes the type's nearest limit, never infinity. An unsigned type negates modulo its range
 /// ("-1" is its largest value), but a magnitude beyond the range gives the largest value. An empty or blank text leaves
-/// the target as it was, so that a default survives.
+/// the target as it was, so that a default survives. With a locale that groups digits, libstdc++'s own stream gives 0 for
+/// some whole numbers that do not fit; these overloads give the limit.
 /// @{
 
 /// The target becomes an exact copy of the text.

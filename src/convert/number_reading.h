@@ -53,7 +53,7 @@ void readClassic(T& target, const char*& begin, const char* end) {
     }
 }
 
-/// Reads numbers as a stream of today's global locale does. One object serves many numbers, because asking the locale takes
+/// Reads numbers as a stream with the current global locale does, to the same values with every standard library. One object serves many numbers, because asking the locale takes
 /// longer than reading one.
 class NumberReader {
 public:

@@ -8,6 +8,7 @@
 #include "arguments.h"
 #include "bit_pattern.h"
 #include "captured_output.h"
+#include "util/tokens.h"
 
 namespace {
 
@@ -178,6 +179,7 @@ TEST(FlagScanners, LookAtANullProgramPathOnlyFromTheStart) {
     Arguments texts{"x"};
     char* line[] = {nullptr, texts.argv()[0]};
     int value = 0;
+    EXPECT_THROW(Kelp::tokenAt(2, line, 0), std::logic_error);
     EXPECT_THROW(Kelp::getNextFlag(2, line, "-h", 0), std::logic_error);
     EXPECT_THROW(Kelp::getHelpFlag(2, line), std::logic_error);
     EXPECT_THROW(Kelp::getIntFlag(0, line, "-h", value, 0), std::logic_error);

@@ -95,6 +95,34 @@ TEST(LocalizedText, ReadsExponentsOfEitherCase) {
     }
 }
 
+// What readers of whole and of real numbers may take, and no more.
+TEST(LocalizedText, EndsWhereTheNumberEnds) {
+    const std::locale locale(std::locale::classic(), new Punctuation(',', '.', "\3"));
+    const struct {
+        std::string_view text;
+        const char* real;
+        const char* integer;
+    } cases[] = {{" 1.234,5e-3x", "1234.5e-3", "1234"},
+                 {"-1,5,5", "-1.5", "-1"},
+                 {"1e5,5", "1e5", "1"},
+                 {"1E5e5", "1e5", "1"},
+                 {"1e5.5", "1e5", "1"},
+                 {"+,5", "+.5", "+"},
+                 {",5", ".5", "?"},
+                 {"e5", "?", "?"},
+                 {",e5", ".", "?"},
+                 {"1..2", "?", "?"},
+                 {"x", "?", "?"},
+                 {"", "", ""},
+                 {" ", "", ""},
+                 {std::string_view("1e+5", 2), "1e", "1"},
+                 {std::string_view("1-5", 1), "1", "1"}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(Kelp::classicNumber(c.text, locale, true), c.real) << c.text;
+        EXPECT_EQ(Kelp::classicNumber(c.text, locale, false), c.integer) << c.text;
+    }
+}
+
 TEST(LocalizedText, GroupsOnlyWhereTheFirstGroupHasASize) {
     const struct {
         int size;

@@ -108,6 +108,20 @@ TEST(IntegerReadingUnderALocale, ClampsAndWraps) {
                                        {"-1", 99, 18446744073709551615ULL}});
 }
 
+// libstdc++'s own stream stops counting the digits of a group once the number is too large, takes the next separator for one
+// without digits before it, and gives 0.
+TEST(IntegerReadingUnderALocale, ClampsWhateverFollowsInGroups) {
+    const ScopedGlobalLocale scope(new Punctuation("\3"));
+    expectNumbers<int>({{"71.357.236.111", 99, 2147483647},
+                        {"-71.357.236.111", 99, -2147483647 - 1},
+                        {"71.357.236.111.000.1", 99, 2147483647}});
+    expectNumbers<unsigned short>(
+        {{"71.357.236.111", 99, 65535}, {"-71.357.236.111", 99, 65535}, {"65.536.000", 99, 65535}});
+    expectNumbers<unsigned int>({{"71.357.236.111.000", 99, 4294967295}, {"-71.357.236.111.000", 99, 4294967295}});
+    expectNumbers<unsigned long long>({{"71.357.236.111.000.000.000.000", 99, 18446744073709551615ULL},
+                                       {"-71.357.236.111.000.000.000.000", 99, 18446744073709551615ULL}});
+}
+
 // The locale of the C library, which the C++ library's own does not follow.
 TEST(RealReadingUnderALocale, OfTheCLibraryReadsAsEver) {
     if (testLocaleName() == nullptr) {
