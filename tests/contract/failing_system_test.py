@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Pipes that nobody reads, directories that are gone, signals at a bad time:
-failing_system_test.py PROGRESS_TOOL SCREEN_TOOL WAITING_TOOL INTERRUPTED_TOOL PATH_TOOL"""
+"""Pipes that nobody reads, directories that are gone, files that cannot be opened, signals at a bad time:
+failing_system_test.py PROGRESS_TOOL SCREEN_TOOL WAITING_TOOL INTERRUPTED_TOOL PATH_TOOL WITHOUT_FILES_TOOL"""
 
 import os
 import pathlib
@@ -10,8 +10,8 @@ import sys
 import tempfile
 import unittest
 
-PROGRESS_TOOL, SCREEN_TOOL, WAITING_TOOL, INTERRUPTED_TOOL, PATH_TOOL = sys.argv[1:6]
-del sys.argv[1:6]
+PROGRESS_TOOL, SCREEN_TOOL, WAITING_TOOL, INTERRUPTED_TOOL, PATH_TOOL, WITHOUT_FILES_TOOL = sys.argv[1:7]
+del sys.argv[1:7]
 
 LIMIT_SECONDS = 60
 FACE_OR_BAR = (("bar", 5 * b"-1\n"), ("face", 7 * b"-1\n"))
@@ -111,6 +111,13 @@ class DeletedDirectory(unittest.TestCase):
         done = self.in_deleted_folder(SCREEN_TOOL, "notes.txt")
         self.assertEqual((done.returncode, done.stderr), (0, b""))
         self.assertTrue(done.stdout.startswith(b"File notes.txt doesn't exist. Please insert a valid file name.\n"))
+
+
+class FileCheck(unittest.TestCase):
+    def test_opens_neither_the_directory_nor_patterns(self):
+        """A user may enter a directory without being allowed to list it. Here nothing at all can be opened."""
+        done = run(WITHOUT_FILES_TOOL, ".", "*", "no/*.txt", stdout=subprocess.PIPE)
+        self.assertEqual((done.returncode, done.stdout, done.stderr), (0, b"1\n1\n1\n", b""))
 
 
 if __name__ == "__main__":
