@@ -18,19 +18,19 @@ struct Tag {
 };
 
 struct OptionWidth : Tag<std::size_t> {
-    friend Pointer member(OptionWidth tag);
+    friend Pointer member(OptionWidth /*tag*/);
 };
 struct Options : Tag<std::map<std::string, Kelp::Option, ci_less>> {
-    friend Pointer member(Options tag);
+    friend Pointer member(Options /*tag*/);
 };
 struct Header : Tag<std::string> {
-    friend Pointer member(Header tag);
+    friend Pointer member(Header /*tag*/);
 };
 struct Example : Tag<std::string> {
-    friend Pointer member(Example tag);
+    friend Pointer member(Example /*tag*/);
 };
 struct ArgumentList : Tag<std::vector<Kelp::Argument>> {
-    friend Pointer member(ArgumentList tag);
+    friend Pointer member(ArgumentList /*tag*/);
 };
 
 template struct Reveal<OptionWidth, &CommandLineTool::optionWidth>;
