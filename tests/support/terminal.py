@@ -10,6 +10,7 @@ is there, and gives up after LIMIT_SECONDS.
 
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -35,6 +36,24 @@ exec sleep 600
 
 if shutil.which("tmux") is None:
     sys.exit("tmux is not installed: the tests in real terminals need it")
+
+
+OWN_COLOUR = "\x1b[39m"
+
+
+def rows_by_themselves(rows):
+    """Rows whose colours end with them. tmux 3.3 lets a colour go on into the next row, tmux 3.5 ends it."""
+    colour = OWN_COLOUR
+    for row in rows:
+        drawn, text = OWN_COLOUR, ""
+        for part in re.findall(r"\x1b\[[0-9;]*m|.", row):
+            if part.startswith("\x1b"):
+                colour = part
+                continue
+            if drawn != colour:
+                text, drawn = text + colour, colour
+            text += part
+        yield text + (OWN_COLOUR if drawn != OWN_COLOUR else "")
 
 
 class Terminal:
@@ -64,8 +83,11 @@ class Terminal:
         self._folder.cleanup()
 
     def rows(self, colours=False):
-        """The screen, one text per row without the blanks at its end; with colours as escape sequences if asked for."""
-        return self._tmux("capture-pane", "-p", *(["-e"] if colours else [])).split("\n")[:-1]
+        """The screen, one text per row without the blanks at its end; with colours as escape sequences if asked for,
+        each before the first character that has it and ended in its row."""
+        if colours:
+            return list(rows_by_themselves(self._tmux("capture-pane", "-p", "-e").split("\n")[:-1]))
+        return self._tmux("capture-pane", "-p").split("\n")[:-1]
 
     def cursor(self):
         """Column and row of the cursor, from 0."""
