@@ -1,0 +1,20 @@
+# Whether the tests are built. KELPLIB_BUILD_TESTS=ON demands them. Unless it is set, the project's own build has them if
+# BUILD_TESTING, CMake's usual switch, is on and what they need is there.
+set(KELPLIB_GOOGLETEST_DIR /usr/src/googletest CACHE PATH "The sources of GoogleTest")
+if(PROJECT_IS_TOP_LEVEL)
+    option(BUILD_TESTING "Build the tests, if what they need is there" ON)
+endif()
+# Not an option: its value would count as the user's at the next run.
+if(NOT DEFINED KELPLIB_BUILD_TESTS)
+    set(KELPLIB_BUILD_TESTS OFF)
+    if(PROJECT_IS_TOP_LEVEL AND BUILD_TESTING)
+        find_program(KELPLIB_SYSTEM_PYTHON NAMES python3 HINTS /usr/bin)
+        if(NOT EXISTS ${KELPLIB_GOOGLETEST_DIR}/CMakeLists.txt)
+            message(STATUS "Without tests, which need GoogleTest's sources in KELPLIB_GOOGLETEST_DIR (Debian's package googletest)")
+        elseif(NOT KELPLIB_SYSTEM_PYTHON)
+            message(STATUS "Without tests, which need python3")
+        else()
+            set(KELPLIB_BUILD_TESTS ON)
+        endif()
+    endif()
+endif()
