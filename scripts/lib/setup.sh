@@ -43,6 +43,13 @@ need_for_windows() {
     needs+=("x86_64-w64-mingw32-g++-posix g++-mingw-w64-x86-64-posix" "wine wine wine64")
 }
 
+# Compilers for other processors, and what runs their programs.
+need_for_processors() {
+    need_for_tests
+    needs+=("aarch64-linux-gnu-g++ g++-aarch64-linux-gnu" "qemu-aarch64 qemu-user"
+            "s390x-linux-gnu-g++ g++-s390x-linux-gnu" "qemu-s390x qemu-user")
+}
+
 need_for_abi() {
     need_for_tests
     needs+=("abidiff abigail-tools")
@@ -88,6 +95,7 @@ need_for_all_tests() {
     need_for_guard
     need_for_fuzzing
     need_for_windows
+    need_for_processors
     needs+=(
         "pkg-config pkg-config" "valgrind valgrind" "clang clang" "clang++ clang" "run-clang-tidy clang-tidy" "clang-format clang-format"
         "/usr/lib/llvm-*/include/c++/v1/version libc++-dev" "/usr/lib/llvm-*/lib/libc++abi.so libc++abi-dev")

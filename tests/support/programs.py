@@ -4,9 +4,9 @@ import functools
 import os
 import subprocess
 
-# Set by the build for programs of another system: the command that runs one of them.
+# Set by the build for programs of another system or processor: the command that runs one of them.
 EMULATOR = [os.environ["KELPLIB_EMULATOR"]] if os.environ.get("KELPLIB_EMULATOR") else []
-ON_WINDOWS = bool(EMULATOR)
+ON_WINDOWS = [os.path.basename(word) for word in EMULATOR] == ["run-under-wine"]
 
 
 def command(program, *arguments):

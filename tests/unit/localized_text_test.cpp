@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <climits>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -127,7 +128,7 @@ TEST(LocalizedText, GroupsOnlyWhereTheFirstGroupHasASize) {
     const struct {
         int size;
         int value;
-    } cases[] = {{-1, 1}, {0, 1}, {1, 1000}, {126, 1000}, {127, 1}};
+    } cases[] = {{-1, 1}, {0, 1}, {1, 1000}, {CHAR_MAX - 1, 1000}, {CHAR_MAX, 1}};
     for (const auto& c : cases) {
         const std::string grouping = {static_cast<char>(c.size), '\3'};
         const ScopedGlobalLocale scope(new Punctuation(',', '.', grouping));
