@@ -37,23 +37,15 @@ def say(text):
 
 
 def parse_arguments():
-    parser = argparse.ArgumentParser(
-        prog="scripts/mutate", description="Changes kelplib's sources in one place at a time, and sees whether a test notices. "
-        "Ctrl+C stops it; the next call goes on where it stopped, unless sources or tests have changed since. "
-        "Exit status 1 when a change passes unnoticed that tests/mutation/survivors.txt does not explain.")
-    parser.add_argument("paths", nargs="*", help="files or folders to change (src and include by default)")
-    parser.add_argument("--sample", type=int, metavar="N", help="tries N changes only, picked at random from "
-                        "those that a test should notice, the same ones as long as the library is the same")
-    parser.add_argument("--seed", type=int, default=None, help="picks others")
-    parser.add_argument("--survivors", action="store_true", help="tries those again that passed unnoticed last time")
-    parser.add_argument("--list", action="store_true", help="prints the changes and tries none")
-    parser.add_argument("--jobs", type=int, default=os.cpu_count(), help="how many at the same time (every processor)")
+    """The arguments as scripts/mutate has let them pass; it explains them."""
+    parser = argparse.ArgumentParser(prog="scripts/mutate", add_help=False, allow_abbrev=False)
+    parser.add_argument("paths", nargs="*")
+    parser.add_argument("--sample", type=int)
+    parser.add_argument("--seed", type=int)
+    parser.add_argument("--jobs", type=int, default=os.cpu_count())
+    parser.add_argument("--survivors", action="store_true")
+    parser.add_argument("--list", action="store_true")
     arguments = parser.parse_args()
-    for path in arguments.paths:
-        if not (ROOT / path).exists():
-            parser.error(f"there is no {path}")
-    if arguments.jobs < 1 or arguments.sample is not None and arguments.sample < 1:
-        parser.error("as many as that make no sense")
     arguments.paths = [(ROOT / path).resolve().relative_to(ROOT).as_posix() for path in arguments.paths]
     return arguments
 

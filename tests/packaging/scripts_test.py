@@ -1,0 +1,54 @@
+#!/usr/bin/env python3
+"""What the scripts say before they do anything: scripts_test.py"""
+
+import os
+import pathlib
+import shutil
+import subprocess
+import tempfile
+import unittest
+
+from consumers import ROOT
+
+SCRIPTS = sorted(path for path in (ROOT / "scripts").iterdir() if path.is_file())
+
+
+class Scripts(unittest.TestCase):
+    def setUp(self):
+        """A machine on which every tool is missing, and where installing one leaves a mark."""
+        holder = tempfile.TemporaryDirectory(prefix="kelplib.")
+        self.addCleanup(holder.cleanup)
+        self.folder = pathlib.Path(holder.name)
+        self.mark = self.folder / "installed"
+        for name in ("apt-get", "sudo"):
+            (self.folder / name).write_text(f"#!/bin/sh\n: >{self.mark}\nexit 1\n", encoding="utf-8")
+            (self.folder / name).chmod(0o755)
+        for name in ("basename", "bash", "cat", "dirname", "env", "mktemp", "readlink", "rm", "sed", "stat", "tail"):
+            (self.folder / name).symlink_to(shutil.which(name))
+
+    def run_script(self, path, *words):
+        self.mark.unlink(missing_ok=True)
+        done = subprocess.run([path, *words], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                              env={**os.environ, "PATH": str(self.folder)}, encoding="utf-8", timeout=60, check=False)
+        self.assertFalse(self.mark.exists(), "something was installed")
+        return done.returncode, done.stdout, done.stderr
+
+    def test_they_help_at_once(self):
+        for path in SCRIPTS:
+            for word in ("--help", "-h"):
+                with self.subTest(path.name, word=word):
+                    status, told, problem = self.run_script(path, word)
+                    self.assertEqual((0, ""), (status, problem))
+                    self.assertTrue(told.startswith(f"usage: scripts/{path.name} "), told)
+                    self.assertIn("\n  -h, --help ", told)
+
+    def test_they_refuse_what_they_do_not_know(self):
+        for path in SCRIPTS:
+            with self.subTest(path.name):
+                status, told, problem = self.run_script(path, "--unknown")
+                self.assertEqual((2, ""), (status, told))
+                self.assertRegex(problem, rf"^usage: scripts/{path.name} [^\n]*\n$")
+
+
+if __name__ == "__main__":
+    unittest.main()
