@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""How the shared library is linked: library_test.py LIBRARY VERSION HARDENED TOOL...
+"""How the shared library is linked: library_test.py LIBRARY VERSION HARDENED STACK_GUARD START_FILE TOOL...
 
-Its name, what it may bind by itself, and what guards it. HARDENED is ON or OFF; the TOOLs are readelf, nm and objdump, on
-Windows objdump alone.
+Its name, what it may bind by itself, and what guards it. HARDENED is ON or OFF, STACK_GUARD whether the C library has what
+guarded stacks call, START_FILE the C library's crti.o; the TOOLs are readelf, nm and objdump, on Windows objdump alone.
 """
 
 import re
@@ -10,14 +10,14 @@ import subprocess
 import sys
 import unittest
 
-LIBRARY, VERSION, HARDENED, *TOOLS = sys.argv[1:]
+LIBRARY, VERSION, HARDENED, STACK_GUARD, START_FILE, *TOOLS = sys.argv[1:]
 del sys.argv[1:]
 ON_WINDOWS = len(TOOLS) == 1
 hardened_only = unittest.skipUnless(HARDENED == "ON", "built without guards")
 
 
-def told_by(tool, *arguments):
-    return subprocess.run([tool, *arguments, LIBRARY], stdout=subprocess.PIPE, check=True, encoding="utf-8").stdout
+def told_by(tool, *arguments, file=LIBRARY):
+    return subprocess.run([tool, *arguments, file], stdout=subprocess.PIPE, check=True, encoding="utf-8").stdout
 
 
 @unittest.skipIf(ON_WINDOWS, "for ELF")
@@ -66,6 +66,14 @@ class OnElf(unittest.TestCase):
             with self.subTest(name):
                 self.assertTrue(found and found[0].endswith("endbr64"))
 
+    @hardened_only
+    def test_it_is_declared_guarded_exactly_where_the_start_files_are(self):
+        if "X86-64" not in told_by(TOOLS[0], "-h"):
+            self.skipTest("only this processor has the declaration")
+        for guard in ("IBT", "SHSTK"):
+            with self.subTest(guard):
+                self.assertEqual(*(guard in told_by(TOOLS[0], "-nW", file=file) for file in (START_FILE, LIBRARY)))
+
 
 @unittest.skipUnless(ON_WINDOWS, "for DLLs")
 class OnWindows(unittest.TestCase):
@@ -76,6 +84,10 @@ class OnWindows(unittest.TestCase):
     def test_it_may_lie_anywhere_and_its_data_is_no_code(self):
         for mark in ("HIGH_ENTROPY_VA", "DYNAMIC_BASE", "NX_COMPAT"):
             self.assertRegex(self.headers, rf"(?m)^\s+{mark}$")
+
+    @unittest.skipUnless(HARDENED == "ON" and STACK_GUARD == "ON", "this mingw-w64 has no guarded stacks without a DLL")
+    def test_its_stacks_are_checked(self):
+        self.assertRegex(told_by(TOOLS[0], "-d"), r"call +\w+ <__stack_chk_fail>")
 
     def test_it_needs_the_runtime_of_the_compiler_and_the_system_only(self):
         needed = set(re.findall(r"DLL Name: (\S+)", self.headers))
