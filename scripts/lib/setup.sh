@@ -50,6 +50,10 @@ need_for_processors() {
             "s390x-linux-gnu-g++ g++-s390x-linux-gnu" "qemu-s390x qemu-user")
 }
 
+need_for_minimal_debian() {
+    needs+=("debootstrap debootstrap")
+}
+
 need_for_abi() {
     need_for_tests
     needs+=("abidiff abigail-tools")
@@ -90,6 +94,7 @@ need_for_fuzzing() {
 }
 
 need_for_all_tests() {
+    (( EUID != 0 )) || need_for_minimal_debian
     need_for_tests
     need_for_docs
     need_for_guard
