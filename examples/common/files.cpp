@@ -6,6 +6,8 @@
 #include <cerrno>
 #include <stdexcept>
 
+#include "system_file.h"
+
 namespace common {
 
 std::filesystem::path pathOf(const std::string& name) {
@@ -21,7 +23,7 @@ std::filesystem::path pathOf(const std::string& name) {
 bool exists(const std::string& name) {
     std::error_code reason;
     const std::filesystem::file_status status = std::filesystem::symlink_status(pathOf(name), reason);
-    // What is too long for a name is nobody's.
+    // Nothing has a name that is too long.
     if (!std::filesystem::status_known(status) && reason != std::errc::filename_too_long) {
         fail("cannot look at " + name, reason);
     }
@@ -52,6 +54,18 @@ std::uintmax_t sizeOf(const std::string& name) {
         fail("cannot read " + name, reason);
     }
     return size;
+}
+
+void requireNoInput(const std::string& output, const std::vector<std::string>& inputs) {
+    const std::optional<FileIdentity> identity = identityOfTarget(pathOf(output));
+    if (!identity) {
+        return;
+    }
+    for (const std::string& input : inputs) {
+        if (identityOfTarget(pathOf(input)) == identity) {
+            throw std::runtime_error(output + " is an input too; choose another name");
+        }
+    }
 }
 
 bool arePlainFiles(const std::vector<std::string>& names) {

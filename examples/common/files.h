@@ -29,6 +29,9 @@ void requirePlainFile(const std::string& name);
 /// The size of a plain file. Refuses whatever else the name may mean, and what nobody may look at.
 std::uintmax_t sizeOf(const std::string& name);
 
+/// Refuses a file that is to be written when it is one of the inputs, by whatever name or link.
+void requireNoInput(const std::string& output, const std::vector<std::string>& inputs);
+
 /// Whether all of them are plain files, whose reading never waits for anybody.
 bool arePlainFiles(const std::vector<std::string>& names);
 

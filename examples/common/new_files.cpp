@@ -4,40 +4,21 @@
 #include <utility>
 
 #include "files.h"
+#include "run_names.h"
 
 namespace common {
 
 namespace {
 
-std::string unfinished(const std::string& name) {
-    return name + ".unfinished";
-}
+constexpr std::size_t bufferBytes = 65536;
 
-/// Where a file that is overwritten waits until all the new ones are in place.
-std::string replaced(const std::string& name) {
-    return name + ".replaced";
-}
-
-void requireFree(const std::string& name, const std::string& advice) {
-    if (exists(name)) {
-        throw std::runtime_error(name + " exists already; " + advice);
+void requireUsable(const std::string& name, bool overwrite) {
+    requirePlainFile(name);
+    if (!overwrite && exists(name)) {
+        refuse(name, "-f overwrites it");
     }
-}
-
-/// A file that is going to be replaced may not be for everybody to read.
-void keepPermissions(const std::string& name) {
-    std::error_code ignored;
-    const std::filesystem::file_status before = std::filesystem::status(pathOf(name), ignored);
-    if (std::filesystem::is_regular_file(before)) {
-        std::filesystem::permissions(pathOf(unfinished(name)), before.permissions(), ignored);
-    }
-}
-
-void rename(const std::string& from, const std::string& to) {
-    std::error_code reason;
-    std::filesystem::rename(pathOf(from), pathOf(to), reason);
-    if (reason) {
-        fail("cannot rename " + from, reason);
+    if (exists(replaced(name))) {
+        refuseReplaced(name);
     }
 }
 
@@ -45,14 +26,12 @@ void rename(const std::string& from, const std::string& to) {
 
 NewFiles::NewFiles(std::vector<std::string> fileNames, bool mayOverwrite)
     : names(std::move(fileNames)), overwrite(mayOverwrite) {
+    states.reserve(names.size());
     for (const std::string& name : names) {
-        requirePlainFile(name);
-        if (!overwrite) {
-            requireFree(name, "-f overwrites it");
+        requireUsable(name, overwrite);
+        if (exists(unfinished(name))) {
+            refuseUnfinished(name);
         }
-        // Only an interrupted run leaves these behind. The second one may be somebody's only copy.
-        requireFree(unfinished(name), "remove it first");
-        requireFree(replaced(name), "move it away first");
     }
 }
 
@@ -68,104 +47,48 @@ NewFiles::~NewFiles() {
 
 void NewFiles::startNext() {
     finishCurrent();
-    const std::string& name = names.at(created);
-    requireFree(unfinished(name), "remove it first");
-    current.open(pathOf(unfinished(name)), std::ios::binary);
-    if (!current) {
-        failOnStream("cannot create " + name);
+    const std::string& name = names.at(states.size());
+    const std::error_code reason = current.create(pathOf(unfinished(name)));
+    if (reason == std::errc::file_exists) {
+        refuseUnfinished(name);
     }
-    ++created;
-    keepPermissions(name);
+    if (reason) {
+        fail("cannot create " + name, reason);
+    }
+    states.push_back({current.identity()});
+    // Another run may have ended since the constructor looked.
+    requireUsable(name, overwrite);
 }
 
-void NewFiles::write(const char* data, std::streamsize count) {
-    if (!current.write(data, count)) {
-        failOnStream("cannot write " + names.at(created - 1));
+void NewFiles::write(const char* data, std::size_t count) {
+    buffer.append(data, count);
+    if (buffer.size() >= bufferBytes) {
+        flush();
+    }
+}
+
+void NewFiles::flush() {
+    const std::error_code reason = current.write(buffer.data(), buffer.size());
+    buffer.clear();
+    if (reason) {
+        fail("cannot write " + names.at(states.size() - 1), reason);
     }
 }
 
 void NewFiles::finishCurrent() {
-    if (!current.is_open()) {
+    if (!current.isOpen()) {
         return;
     }
-    // What the stream still holds is written now; a disk may be full only here.
-    current.close();
-    if (!current) {
-        failOnStream("cannot write " + names.at(created - 1));
+    flush();
+    const std::string& name = names.at(states.size() - 1);
+    current.setPermissionsFor(pathOf(name));
+    std::error_code reason = overwrite ? current.synchronise() : std::error_code();
+    if (const std::error_code closing = current.close(); !reason) {
+        reason = closing;
     }
-}
-
-void NewFiles::publish() {
-    finishCurrent();
-    try {
-        giveNames();
-    } catch (const std::runtime_error& error) {
-        const std::string left = takeBack();
-        if (left.empty()) {
-            throw;
-        }
-        throw std::runtime_error(std::string(error.what()) + "; the file before is now called " + left);
+    if (reason) {
+        fail("cannot write " + name, reason);
     }
-    settled = true;
-    removeReplaced();
-}
-
-void NewFiles::giveNames() {
-    for (const std::string& name : names) {
-        if (!overwrite) {
-            requireFree(name, "-f overwrites it");
-        }
-        if (exists(name)) {
-            rename(name, replaced(name));
-        }
-        rename(unfinished(name), name);
-        ++named;
-    }
-}
-
-void NewFiles::removeReplaced() {
-    std::string left;
-    std::error_code firstReason;
-    for (const std::string& name : names) {
-        std::error_code reason;
-        std::filesystem::remove(pathOf(replaced(name)), reason);
-        if (reason && left.empty()) {
-            left = replaced(name);
-            firstReason = reason;
-        }
-    }
-    if (!left.empty()) {
-        fail("cannot remove " + left, firstReason);
-    }
-}
-
-/// \returns the first of the files before that could not get its name back, as it is called now; empty when all have
-std::string NewFiles::takeBack() {
-    settled = true;
-    current.close();
-    std::string left;
-    std::error_code ignored;
-    for (std::size_t i = 0; i < created; ++i) {
-        const std::string& name = names[i];
-        std::filesystem::remove(pathOf(i < named ? name : unfinished(name)), ignored);
-        if (exists(replaced(name))) {
-            std::error_code reason;
-            std::filesystem::rename(pathOf(replaced(name)), pathOf(name), reason);
-            if (reason && left.empty()) {
-                left = replaced(name);
-            }
-        }
-    }
-    return left;
-}
-
-std::string leftover(const std::string& name) {
-    for (const std::string& other : {unfinished(name), replaced(name)}) {
-        if (exists(other)) {
-            return other;
-        }
-    }
-    return {};
 }
 
 }  // namespace common

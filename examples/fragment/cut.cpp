@@ -1,11 +1,13 @@
 #include "cut.h"
 
 #include <iostream>
+#include <optional>
 #include <stdexcept>
 
 #include "../common/files.h"
 #include "../common/new_files.h"
 #include "../common/progress.h"
+#include "note.h"
 #include "source.h"
 
 namespace fragment {
@@ -52,19 +54,39 @@ std::string baseName(const Request& request) {
     return request.output;
 }
 
-std::vector<std::string> fragmentNames(const std::string& base, unsigned long long count) {
-    // createFragmentName writes width + 1 digits: as many as the last index has.
-    const auto width = static_cast<unsigned int>(std::to_string(count - 1).size() - 1);
-    std::vector<std::string> names;
-    for (unsigned long long i = 0; i < count; ++i) {
-        names.push_back(Kelp::createFragmentName(i, base, width));
+/// createFragmentName writes width + 1 digits: as many as the last index has.
+unsigned int widthFor(unsigned long long count) {
+    return static_cast<unsigned int>(std::to_string(count - 1).size() - 1);
+}
+
+/// Refuses to leave fragments of an earlier cut beside the new ones: a longer one's, into which a join that follows the
+/// numbers would go on, and those with another number of digits, whose note is overwritten.
+void requireNoOtherCut(const std::string& base, unsigned long long count) {
+    std::string other = Kelp::createFragmentName(count, base, widthFor(count));
+    const std::optional<Note> before = readNote(noteName(base));
+    if (before && widthFor(before->fragments) != widthFor(count)) {
+        other = Kelp::createFragmentName(0, base, widthFor(before->fragments));
+    } else if (widthFor(count + 1) != widthFor(count)) {
+        return;
     }
-    // A join that follows the numbers would go on into the fragments of an earlier, longer cut.
-    const std::string next = Kelp::createFragmentName(count, base, width);
-    if (next.size() == names.back().size() && common::exists(next)) {
-        throw std::runtime_error(next + " belongs to another cut; remove that one first");
+    if (common::exists(other)) {
+        throw std::runtime_error(other + " belongs to another cut; remove that one first");
+    }
+}
+
+/// The note comes first: all cuts with this base have it in common, and so exclude each other.
+std::vector<std::string> namesOf(const std::string& base, unsigned long long count) {
+    std::vector<std::string> names{noteName(base)};
+    for (unsigned long long i = 0; i < count; ++i) {
+        names.push_back(Kelp::createFragmentName(i, base, widthFor(count)));
     }
     return names;
+}
+
+void startWithNote(common::NewFiles& files, const Note& note) {
+    const std::string text = textOf(note);
+    files.startNext();
+    files.write(text.data(), text.size());
 }
 
 }  // namespace
@@ -72,20 +94,26 @@ std::vector<std::string> fragmentNames(const std::string& base, unsigned long lo
 void cut(const Request& request, CommandLineTool& tool) {
     Source source(request.files.front());
     const Plan plan = request.pieces != 0 ? planNumber(source, request) : planSize(source, request.pieceBytes);
-    const std::vector<std::string> names = fragmentNames(baseName(request), plan.count);
+    const std::string base = baseName(request);
+    const std::vector<std::string> names = namesOf(base, plan.count);
+    for (const std::string& name : names) {
+        common::requireNoInput(name, request.files);
+    }
 
-    common::NewFiles fragments(names, request.overwrite);
+    common::NewFiles files(names, request.overwrite);
     common::Progress progress(tool, "cutting ", source.bytes());
-    for (std::size_t i = 0; i < names.size(); ++i) {
+    startWithNote(files, {plan.count, source.bytes()});
+    requireNoOtherCut(base, plan.count);
+    for (std::size_t i = 0; i < plan.count; ++i) {
         const unsigned long long bytes = i < plan.longer ? plan.bytes : plan.restBytes;
-        tool.print(names[i] + ": " + std::to_string(bytes) + " bytes");
-        fragments.startNext();
-        source.copyTo(fragments, bytes, progress);
+        tool.print(names[i + 1] + ": " + std::to_string(bytes) + " bytes");
+        files.startNext();
+        source.copyTo(files, bytes, progress);
     }
     source.close();
-    fragments.publish();
+    files.publish();
     progress.finish();
-    std::cout << "fragments: " << names.size() << ", bytes: " << source.bytes() << ", first: " << names.front()
+    std::cout << "fragments: " << plan.count << ", bytes: " << source.bytes() << ", first: " << names[1]
               << ", last: " << names.back() << std::endl;
 }
 

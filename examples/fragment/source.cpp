@@ -49,7 +49,7 @@ void Source::copyTo(common::NewFiles& target, std::uintmax_t count, common::Prog
         if (!stream.read(buffer.data(), static_cast<std::streamsize>(chunk))) {
             failOnRead();
         }
-        target.write(buffer.data(), static_cast<std::streamsize>(chunk));
+        target.write(buffer.data(), static_cast<std::size_t>(chunk));
         count -= chunk;
         progress.advance(chunk);
     }

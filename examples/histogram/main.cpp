@@ -18,8 +18,11 @@
 namespace {
 
 void makeHistogram(const histogram::Request& request, CommandLineTool& tool) {
-    // A table that cannot be is told before the counting, not after it.
+    // Refuses a table that cannot be written before the counting, not after it.
     const bool hasTable = !request.output.empty();
+    if (hasTable) {
+        common::requireNoInput(request.output, {request.file});
+    }
     common::NewFiles files(hasTable ? std::vector{request.output} : std::vector<std::string>{}, request.overwrite);
     std::vector<double> edges = histogram::requestedEdges(request);
     const std::uintmax_t passes = edges.empty() ? 2 : 1;

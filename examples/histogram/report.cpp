@@ -72,7 +72,7 @@ void writeTable(common::NewFiles& files, const std::vector<double>& edges, const
         table += labels[i] + "\t" + std::to_string(tally.bins[i]) + "\n";
     }
     files.startNext();
-    files.write(table.data(), static_cast<std::streamsize>(table.size()));
+    files.write(table.data(), table.size());
     files.publish();
 }
 

@@ -29,6 +29,9 @@ int run(const slice::Request& request) {
         // as long as the input does. Then the signals may do what they always do.
         common::noteInterruptions();
     }
+    if (!request.output.empty()) {
+        common::requireNoInput(request.output, request.inputs);
+    }
     slice::Output output(request.output, request.overwrite);
     const slice::Found found = slice::selectLines(request, output);
     if (found.written == 0) {

@@ -18,17 +18,16 @@ bool Output::isBinary() const {
 }
 
 void Output::write(std::string_view text) {
-    const auto count = static_cast<std::streamsize>(text.size());
     if (file) {
         if (!started) {
             file->startNext();
             started = true;
         }
-        file->write(text.data(), count);
+        file->write(text.data(), text.size());
         return;
     }
     errno = 0;
-    if (!std::cout.write(text.data(), count)) {
+    if (!std::cout.write(text.data(), static_cast<std::streamsize>(text.size()))) {
         common::failOnStream("cannot write standard output");
     }
 }

@@ -15,6 +15,14 @@ native_only = unittest.skipIf(programs.ON_WINDOWS, "Windows has nothing of this 
 windows_only = unittest.skipUnless(programs.ON_WINDOWS, "only Windows has this")
 
 
+def preloaded(variable, folder, **settings):
+    """The environment that loads the library named by a variable before the tool. LD_PRELOAD splits at blanks, so a link in
+    this folder leads there."""
+    link = os.path.join(folder, variable.lower() + ".so")
+    os.symlink(os.path.realpath(os.environ[variable]), link)
+    return {**os.environ, "LD_PRELOAD": link, **settings}
+
+
 def pseudo_random(size):
     """Bytes without a visible pattern, the same in every run."""
     state, words = 1, []

@@ -116,7 +116,7 @@ REFUSED_FILES = [
     (["-n=1", "-o=fold", "data.bin"], b"<here>/fold0 is a directory"),
     (["-n=1", "-f", "-o=fold", "data.bin"], b"<here>/fold0 is a directory"),
     (["-j", "-f", "-o=folder", "data.bin", "data.bin"], b"<here>/folder is a directory"),
-    (["-n=2", "-o=nowhere/x", "data.bin"], b"cannot create <here>/nowhere/x0: No such file or directory"),
+    (["-n=2", "-o=nowhere/x", "data.bin"], b"cannot create <here>/nowhere/x.count: No such file or directory"),
     (["-j", "-f", "-o=nowhere/x", "data.bin", "data.bin"], b"cannot create <here>/nowhere/x: No such file or directory"),
 ]
 

@@ -64,9 +64,11 @@ REFUSED_FILES = [
     (["-sr=1:2", "sub"], b"sub is a directory"),
     (["-sr=1:2", "-o=sub", "table"], b"sub is a directory"),
     (["-sr=1:2", "-f", "-o=sub", "table"], b"sub is a directory"),
-    (["-sr=1:2", "-o=table", "table"], b"table exists already; -f overwrites it"),
-    (["-sr=1:2", "-o=left", "table"], b"left.unfinished exists already; remove it first"),
-    (["-sr=1:2", "-f", "-o=left", "table"], b"left.unfinished exists already; remove it first"),
+    (["-sr=1:2", "-o=other", "table"], b"other exists already; -f overwrites it"),
+    (["-sr=1:2", "-o=table", "table"], b"table is an input too; choose another name"),
+    (["-sr=1:2", "-f", "-o=table", "other", "-i=sub/../table"], b"table is an input too; choose another name"),
+    (["-sr=1:2", "-o=left", "table"], b"left.unfinished exists already; remove it unless another run is writing it"),
+    (["-sr=1:2", "-f", "-o=left", "table"], b"left.unfinished exists already; remove it unless another run is writing it"),
     (["-sr=1:2", "-o=kept", "table"], b"kept.replaced exists already; move it away first"),
     (["-sr=1:2", "-o=gone/out", "table"], b"cannot create gone/out: No such file or directory"),
 ]
@@ -76,7 +78,8 @@ class RefusalTest(ToolTestCase):
     def setUp(self):
         super().setUp()
         (self.folder / "sub").mkdir()
-        for name, data in [("table", b"1 a\n2 b\n"), ("left.unfinished", b"half"), ("kept.replaced", b"old")]:
+        for name, data in [("table", b"1 a\n2 b\n"), ("other", b"3 c\n"), ("left.unfinished", b"half"),
+                           ("kept.replaced", b"old")]:
             self.write(name, data)
 
     def test_flags(self):

@@ -177,11 +177,6 @@ class SliceTest(ToolTestCase):
         self.write("in", b"1\r\n2\r\n")
         self.assertEqual((0, b"1\n2\n" if programs.ON_WINDOWS else b"1\r\n2\r\n", b""), self.tool("-sr=1:2", "in"))
 
-    def test_overwriting_the_input(self):
-        self.check(b"lines: 2, output: table\n", "-f", "-o=table", "-sr=2:3", "table")
-        self.assertEqual(b"2 b\n3 c\n", self.contents()["table"])
-        self.assertEqual(["clock", "empty", "log", "other", "table"], list(self.contents()))
-
     def test_no_trace_of_the_scanners(self):
         self.assertEqual((0, b"1 a\n", b""), self.tool("-sr=1:2", "-n=1", "table", env={**os.environ, "K_VERBOSITY": "11"}))
 

@@ -5,7 +5,7 @@ import unittest
 
 import check_layout
 
-LISTED = "a.cpp b.cpp main.c"
+LISTED = "a.cpp b.cpp main.c a_posix.cpp a_windows.c"
 
 
 def found(path, text, listed=LISTED, **others):
@@ -22,6 +22,8 @@ class LayoutCheck(unittest.TestCase):
                 ("include/kelplib/Export.h", "#elif !defined(_WIN32)\n"),
                 ("tests/contract/a.cpp", "#include <unistd.h>\n"),
                 ("benchmarks/redraw/a.cpp", "#include <unistd.h>\n"),
+                ("examples/common/a_posix.cpp", "#include <unistd.h>\n#include <sys/stat.h>\n"),
+                ("examples/common/a_windows.c", "#include <windows.h>\n"),
                 ("examples/main.c", "#include <kelplib/KelpProgress.h>\n" + "\n" * 199),
         ]:
             self.assertEqual(found(path, text), [], path)
@@ -43,6 +45,10 @@ class LayoutCheck(unittest.TestCase):
                          ["src/util/a.cpp: <windows.h> belongs into src/platform"])
         self.assertEqual(found("examples/a.cpp", "#include <unistd.h>\n"),
                          ["examples/a.cpp: <unistd.h> belongs into src/platform"])
+        self.assertEqual(found("examples/slice/a_posix.cpp", "#include <unistd.h>\n"),
+                         ["examples/slice/a_posix.cpp: <unistd.h> belongs into src/platform"])
+        self.assertEqual(found("examples/common/a_posix.cpp", "#ifdef _WIN32\n"),
+                         ["examples/common/a_posix.cpp: asks for the system outside src/platform"])
         for line in ("#ifdef _WIN32", "#if defined(__linux__)", "# elif defined(X) || defined(_WIN64)"):
             self.assertEqual(found("tests/unit/a.cpp", line + "\n"),
                              ["tests/unit/a.cpp: asks for the system outside src/platform"])

@@ -1,0 +1,105 @@
+/* Loaded before the system's library, this does something right before one of the process's calls that change its files.
+ *
+ * KELPLIB_STEP is the number of the call, counted from 1 over files created, moved without replacing, synchronised and
+ * removed; or the name of one of those functions and the number of its call, as in "renameat2 2". KELPLIB_DEED is "kill" (by
+ * SIGKILL), "fail" (this call and all after it, of the same function when one is named, as on a broken disk), "refuse"
+ * (likewise, as on a file system that cannot move without replacing) or a command for the shell. */
+#define _GNU_SOURCE
+
+#include <dlfcn.h>
+#include <errno.h>
+#include <fcntl.h>
+#include <signal.h>
+#include <stdarg.h>
+#include <stdlib.h>
+#include <string.h>
+#include <sys/types.h>
+#include <unistd.h>
+
+/* Whether the call is the one that was asked for, or, for a failure, one after it. */
+static int is_due(const char* name, int and_later) {
+    static long done = 0;
+    const char* step = getenv("KELPLIB_STEP");
+    const size_t length = strlen(name);
+    if (step == NULL) {
+        return 0;
+    }
+    if (strncmp(step, name, length) == 0 && step[length] == ' ') {
+        step += length;
+    } else if (*step < '0' || *step > '9') {
+        return 0;
+    }
+    ++done;
+    return and_later ? done >= strtol(step, NULL, 10) : done == strtol(step, NULL, 10);
+}
+
+/* Returns 0, or the reason for which the call has to fail. */
+static int before(const char* name) {
+    const char* const deed = getenv("KELPLIB_DEED");
+    const int fails = deed != NULL && strcmp(deed, "fail") == 0;
+    const int refuses = deed != NULL && strcmp(deed, "refuse") == 0;
+    if (deed == NULL || !is_due(name, fails || refuses)) {
+        return 0;
+    }
+    if (fails || refuses) {
+        return fails ? EIO : EINVAL;
+    }
+    if (strcmp(deed, "kill") == 0) {
+        raise(SIGKILL);
+    }
+    unsetenv("LD_PRELOAD");
+    return system(deed) == 0 ? 0 : ECHILD; /* NOLINT(cert-env33-c): a test's own command */
+}
+
+static int real(const char* name, void* function, size_t size) {
+    void* const found = dlsym(RTLD_NEXT, name);
+    memcpy(function, &found, size);
+    return found != NULL;
+}
+
+int open(const char* path, int flags, ...) {
+    int (*next)(const char*, int, ...);
+    int reason = (flags & O_CREAT) != 0 ? before("open") : 0;
+    unsigned int mode = 0;
+    va_list rest;
+    va_start(rest, flags);
+    if ((flags & O_CREAT) != 0) {
+        mode = va_arg(rest, unsigned int);
+    }
+    va_end(rest);
+    if (reason != 0 || !real("open", &next, sizeof next)) {
+        errno = reason;
+        return -1;
+    }
+    return next(path, flags, mode);
+}
+
+int renameat2(int from_folder, const char* from, int to_folder, const char* to, unsigned int flags) {
+    int (*next)(int, const char*, int, const char*, unsigned int);
+    const int reason = before("renameat2");
+    if (reason != 0 || !real("renameat2", &next, sizeof next)) {
+        errno = reason;
+        return -1;
+    }
+    return next(from_folder, from, to_folder, to, flags);
+}
+
+int fsync(int descriptor) {
+    int (*next)(int);
+    const int reason = before("fsync");
+    if (reason != 0 || !real("fsync", &next, sizeof next)) {
+        errno = reason;
+        return -1;
+    }
+    return next(descriptor);
+}
+
+int unlink(const char* path) {
+    int (*next)(const char*);
+    const int reason = before("unlink");
+    if (reason != 0 || !real("unlink", &next, sizeof next)) {
+        errno = reason;
+        return -1;
+    }
+    return next(path);
+}
