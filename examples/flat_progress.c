@@ -1,8 +1,7 @@
 /* flat_progress: finds the lines of a text that hold a byte outside ASCII.
  *
  * A C program on the flat interface alone: it draws the bar through KELP_progress_global and knows nothing else of the
- * library. Exit status: 0 when every byte is ASCII, 1 when some are not, 2 when the file cannot be read
- * or the findings cannot be written. */
+ * library. */
 
 /* fseeko and ftello, for files that a long cannot measure. */
 #define _POSIX_C_SOURCE 200112L
@@ -14,8 +13,23 @@
 #include <stdio.h>
 #include <string.h>
 
-/* The bar, its label and the longest time behind it fit into 80 columns. */
+/* The bar, its label and the longest time after it fit into 80 columns. */
 enum { MOST_SHOWN = 10, BAR_WIDTH = 30, LABEL_WIDTH = 18 };
+
+/* The exit status. */
+enum { NONE_FOUND = 0, SOME_FOUND = 1, TROUBLE = 2 };
+
+static const char help[] =
+    "usage: flat_progress FILE\n"
+    "\n"
+    "Finds the lines of a text that hold a byte outside ASCII, and shows the first\n"
+    "such byte of the first ten of them as FILE:LINE:COLUMN. A file whose name is a\n"
+    "flag needs its folder, as in ./-h.\n"
+    "\n"
+    "  -h, --help  shows this help\n"
+    "\n"
+    "Exit status: 0 every byte is ASCII, 1 some are not, 2 the file cannot be read\n"
+    "or the findings cannot be written.\n";
 
 static const double SECONDS_BETWEEN_REDRAWS = 0.05;
 
@@ -114,30 +128,46 @@ static void print(const char* name, const struct report* report) {
     printf("lines with bytes outside ASCII: %llu\n", report->found);
 }
 
-int main(int argc, char** argv) {
+static int fail(const char* problem, const char* name, int reason) {
+    fflush(stdout);
+    fprintf(stderr, "flat_progress: %s %s: %s\n", problem, name, strerror(reason));
+    return TROUBLE;
+}
+
+static int report_on(const char* name) {
     static struct report report;
-    FILE* file;
+    FILE* const file = fopen(name, "rb");
     int reason;
-    if (argc != 2) {
-        fprintf(stderr, "usage: flat_progress FILE\n");
-        return 2;
-    }
-    file = fopen(argv[1], "rb");
     if (file == NULL) {
-        fprintf(stderr, "flat_progress: cannot open %s: %s\n", argv[1], strerror(errno));
-        return 2;
+        return fail("cannot open", name, errno);
     }
-    reason = examine_file(file, argv[1], &report);
+    reason = examine_file(file, name, &report);
     fclose(file);
     if (reason != 0) {
-        fflush(stdout);
-        fprintf(stderr, "flat_progress: cannot read %s: %s\n", argv[1], strerror(reason));
-        return 2;
+        return fail("cannot read", name, reason);
     }
-    print(argv[1], &report);
-    if (fflush(stdout) != 0 || ferror(stdout)) {
+    print(name, &report);
+    return report.found > 0 ? SOME_FOUND : NONE_FOUND;
+}
+
+static int is_help(const char* argument) {
+    return strcmp(argument, "-h") == 0 || strcmp(argument, "--help") == 0;
+}
+
+int main(int argc, char** argv) {
+    int status = NONE_FOUND;
+    if (argc != 2) {
+        fprintf(stderr, "usage: flat_progress FILE\n");
+        return TROUBLE;
+    }
+    if (is_help(argv[1])) {
+        fputs(help, stdout);
+    } else {
+        status = report_on(argv[1]);
+    }
+    if (status != TROUBLE && (fflush(stdout) != 0 || ferror(stdout))) {
         fprintf(stderr, "flat_progress: standard output cannot be written\n");
-        return 2;
+        return TROUBLE;
     }
-    return report.found > 0 ? 1 : 0;
+    return status;
 }

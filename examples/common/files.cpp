@@ -56,6 +56,12 @@ std::uintmax_t sizeOf(const std::string& name) {
     return size;
 }
 
+void requireNoPattern(const std::string& name) {
+    if (name.find('*') != std::string::npos && !identityOf(pathOf(name))) {
+        throw std::runtime_error(name + ": name the file, patterns are not expanded");
+    }
+}
+
 void requireNoInput(const std::string& output, const std::vector<std::string>& inputs) {
     const std::optional<FileIdentity> identity = identityOfTarget(pathOf(output));
     if (!identity) {

@@ -29,6 +29,9 @@ void requirePlainFile(const std::string& name);
 /// The size of a plain file. Refuses whatever else the name may mean, and what nobody may look at.
 std::uintmax_t sizeOf(const std::string& name);
 
+/// Refuses a pattern, which the library's file check lets pass. A file whose name holds a "*" passes.
+void requireNoPattern(const std::string& name);
+
 /// Refuses a file that is to be written when it is one of the inputs, by whatever name or link.
 void requireNoInput(const std::string& output, const std::vector<std::string>& inputs);
 

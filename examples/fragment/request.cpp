@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "../common/files.h"
 #include "../common/options.h"
 
 namespace fragment {
@@ -10,14 +11,6 @@ namespace {
 
 /// The largest size that a file can have.
 constexpr unsigned long long mostBytes = 9223372036854775807ULL;
-
-void checkFiles(const std::vector<std::string>& files) {
-    for (const std::string& file : files) {
-        if (file.find('*') != std::string::npos) {
-            throw std::runtime_error(file + ": name each file, patterns are not expanded");
-        }
-    }
-}
 
 void checkCombination(const Request& request) {
     const bool pieces = request.pieces != 0;
@@ -62,7 +55,9 @@ Request readRequest(Kelp::OptionReader& reader, CommandLineTool& tool) {
     request.join = reader.hasOption("-j", "--join", common::firstToken) != 0;
     request.overwrite = reader.hasOption("-f", "--force", common::firstToken) != 0;
     reader.getArguments(request.files, common::firstToken);
-    checkFiles(request.files);
+    for (const std::string& file : request.files) {
+        common::requireNoPattern(file);
+    }
     checkCombination(request);
     return request;
 }

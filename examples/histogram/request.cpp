@@ -5,6 +5,7 @@
 #include <functional>
 #include <stdexcept>
 
+#include "../common/files.h"
 #include "../common/numbers.h"
 #include "../common/options.h"
 
@@ -69,11 +70,16 @@ void readRange(Kelp::OptionReader& reader, Request& request) {
     if (given.empty()) {
         return;
     }
-    if (std::count(given.begin(), given.end(), ':') != 1) {
+    const std::vector<std::string> ends = allPieces(given.substr(given.find('=') + 1), ':');
+    if (ends.size() != 2) {
         throw std::runtime_error(given + ": not two numbers as in -r=0.5:12");
     }
     if (std::get<0>(range) == std::get<1>(range)) {
         throw std::runtime_error(given + ": the range is empty");
+    }
+    // The library sorts the two.
+    if (common::decimalNumber(ends[0]) > common::decimalNumber(ends[1])) {
+        throw std::runtime_error(given + ": the range ends before it begins");
     }
     request.range = range;
 }
@@ -98,9 +104,7 @@ void readFile(Kelp::OptionReader& reader, Request& request) {
         throw std::runtime_error("one file is counted at a time, not " + std::to_string(files.size()));
     }
     request.file = files.front();
-    if (request.file.find('*') != std::string::npos) {
-        throw std::runtime_error(request.file + ": name the file, patterns are not expanded");
-    }
+    common::requireNoPattern(request.file);
 }
 
 }  // namespace

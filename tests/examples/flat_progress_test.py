@@ -33,6 +33,20 @@ TEXTS = [
 ]
 
 
+HELP = b"""\
+usage: flat_progress FILE
+
+Finds the lines of a text that hold a byte outside ASCII, and shows the first
+such byte of the first ten of them as FILE:LINE:COLUMN. A file whose name is a
+flag needs its folder, as in ./-h.
+
+  -h, --help  shows this help
+
+Exit status: 0 every byte is ASCII, 1 some are not, 2 the file cannot be read
+or the findings cannot be written.
+"""
+
+
 class FlatProgress(unittest.TestCase):
     def setUp(self):
         temporary = tempfile.TemporaryDirectory()
@@ -48,6 +62,13 @@ class FlatProgress(unittest.TestCase):
             with self.subTest(text=text[:20]):
                 (self.folder / "text").write_bytes(text)
                 self.assertEqual(self.run_in_folder("text"), (0 if report == NONE else 1, report, b""))
+
+    def test_help(self):
+        for flag in ("-h", "--help"):
+            self.assertEqual(self.run_in_folder(flag), (0, HELP, b""))
+            (self.folder / flag).write_bytes(b"\x80")
+            self.assertEqual(self.run_in_folder("./" + flag),
+                             (1, b"./%s:1:1: byte 0x80\nlines with bytes outside ASCII: 1\n" % flag.encode(), b""))
 
     def test_refusals(self):
         usage = (2, b"", b"usage: flat_progress FILE\n")

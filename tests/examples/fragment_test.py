@@ -100,9 +100,9 @@ REFUSED_FILES = [
     (["-n=100000", "data.bin"], b"-n=100000: data.bin has only 1000 bytes"),
     (["-n=100001", "data.bin"], b"-n=100001: not a whole number from 1 to 100000"),
     (["-n=1", "."], b". is a directory"),
-    (["-n=1", "*.bin"], b"*.bin: name each file, patterns are not expanded"),
-    (["-n=1", "data*"], b"data*: name each file, patterns are not expanded"),
-    (["-j", "-o=out", "data.bin", "*"], b"*: name each file, patterns are not expanded"),
+    (["-n=1", "*.bin"], b"*.bin: name the file, patterns are not expanded"),
+    (["-n=1", "data*"], b"data*: name the file, patterns are not expanded"),
+    (["-j", "-o=out", "data.bin", "*"], b"*: name the file, patterns are not expanded"),
     (["-n=1", "empty.bin"], b"empty.bin is empty"),
     (["-j", "-o=out", "data.bin", "empty.bin"], b"empty.bin is empty"),
     (["-j", "-o=out", "data.bin", "folder"], b"folder is a directory"),
@@ -177,6 +177,14 @@ class CommandLineTest(ToolTestCase):
             program, options = "C:\\ab", {"executable": PROGRAM}
         self.assertEqual((1, banner, problem),
                          programs.run(str(program), "-h", "data.bin", cwd=self.folder, **options))
+
+    @native_only
+    def test_file_whose_name_is_a_pattern(self):
+        for name in ["l*t", "l*", "list", "*"]:
+            self.write(name, name.encode() * 2)
+        self.check(b"fragments: 6, bytes: 6, first: ./l*t.part_0, last: ./l*t.part_5\n", "-s=1", "./l*t")
+        self.check(b"fragments: 2, bytes: 6, joined: <here>/out\n", "-j", "-o=out", "l*", "*")
+        self.assertEqual(b"l*l***", self.contents()["out"])
 
     @native_only
     def test_special_files(self):

@@ -68,7 +68,7 @@ PLOTS = [
      b"counted: 2, below: 1, above: 1, NaN: 0, not numbers: 0\n"),
     (["-r=0:4", "-b=4"], b"0 1 2 3 4", b"0:1 1 #\n1:2 1 #\n2:3 1 #\n3:4 2 ##\n",
      b"counted: 5, below: 0, above: 0, NaN: 0, not numbers: 0\n"),
-    (["--range=4:0", "--bins=04"], b"3.9999", b"0:1 0\n1:2 0\n2:3 0\n3:4 1 #\n",
+    (["--range=0:4", "--bins=04"], b"3.9999", b"0:1 0\n1:2 0\n2:3 0\n3:4 1 #\n",
      b"counted: 1, below: 0, above: 0, NaN: 0, not numbers: 0\n"),
     (["-r=0:1"], b"0.3 0.29 .7", b"  0:0.1 0\n0.1:0.2 0\n0.2:0.3 1 #\n0.3:0.4 1 #\n0.4:0.5 0\n0.5:0.6 0\n0.6:0.7 0\n"
      b"0.7:0.8 1 #\n0.8:0.9 0\n  0.9:1 0\n", b"counted: 3, below: 0, above: 0, NaN: 0, not numbers: 0\n"),
@@ -107,6 +107,8 @@ REFUSED = [
     (["-r=1:2:3", "data"], b"-r=1:2:3: not two numbers as in -r=0.5:12"),
     (["-r=1:1.0", "data"], b"-r=1:1.0: the range is empty"),
     (["-r=0:-0", "data"], b"-r=0:-0: the range is empty"),
+    (["-r=5:1", "data"], b"-r=5:1: the range ends before it begins"),
+    (["--range=-1:-1.5", "data"], b"-r=-1:-1.5: the range ends before it begins"),
     (["-r=", "data"], b"-r=: \"\" is no number"),
     (["-r=1:", "data"], b"-r=1:: \"\" is no number"),
     (["-r=1::2", "data"], b"-r=1::2: \"\" is no number"),
@@ -236,6 +238,10 @@ class SystemErrorTest(ToolTestCase):
         self.check_refusal(b"/dev/null is not a regular file", "-e=0:1", "/dev/null")
         self.check_refusal(b"cannot read /proc/self/mem: Input/output error", "-e=0:1", "-o=table", "/proc/self/mem")
         self.check_refusal(b"/dev/full is not a regular file", "-e=0:1", "-f", "-o=/dev/full", "data")
+
+    def test_file_whose_name_is_a_pattern(self):
+        self.write("d*", b"1")
+        self.check(b"0:2 1 #\ncounted: 1, below: 0, above: 0, NaN: 0, not numbers: 0\n", "-e=0:2", "d*")
 
     def test_file_size_limit(self):
         self.write("table", b"old")
