@@ -11,7 +11,10 @@
 
 #include <errno.h>
 #include <stdio.h>
+#include <stdlib.h>
 #include <string.h>
+
+#include "common/escaped.h"
 
 /* The bar, its label and the longest time after it fit into 80 columns. */
 enum { MOST_SHOWN = 10, BAR_WIDTH = 30, LABEL_WIDTH = 18 };
@@ -46,6 +49,16 @@ struct report {
     unsigned long long column;
     int line_is_found;
 };
+
+/* A name as a terminal may get it; NULL without memory. */
+static char* printable(const char* name) {
+    const size_t length = strlen(name);
+    char* const text = malloc(4 * length + 1);
+    if (text != NULL) {
+        text[common_escaped(text, name, length)] = '\0';
+    }
+    return text;
+}
 
 static void examine(struct report* report, const unsigned char* bytes, size_t count) {
     for (size_t i = 0; i < count; ++i) {
@@ -134,9 +147,10 @@ static int fail(const char* problem, const char* name, int reason) {
     return TROUBLE;
 }
 
-static int report_on(const char* name) {
+/* path names the file, name shows it. */
+static int report_on(const char* path, const char* name) {
     static struct report report;
-    FILE* const file = fopen(name, "rb");
+    FILE* const file = fopen(path, "rb");
     int reason;
     if (file == NULL) {
         return fail("cannot open", name, errno);
@@ -155,6 +169,7 @@ static int is_help(const char* argument) {
 }
 
 int main(int argc, char** argv) {
+    char* name;
     int status = NONE_FOUND;
     if (argc != 2) {
         fprintf(stderr, "usage: flat_progress FILE\n");
@@ -163,7 +178,13 @@ int main(int argc, char** argv) {
     if (is_help(argv[1])) {
         fputs(help, stdout);
     } else {
-        status = report_on(argv[1]);
+        name = printable(argv[1]);
+        if (name == NULL) {
+            fprintf(stderr, "flat_progress: out of memory\n");
+            return TROUBLE;
+        }
+        status = report_on(argv[1], name);
+        free(name);
     }
     if (status != TROUBLE && (fflush(stdout) != 0 || ferror(stdout))) {
         fprintf(stderr, "flat_progress: standard output cannot be written\n");

@@ -9,13 +9,14 @@
 #include <stdexcept>
 
 #include "interruption.h"
+#include "printable.h"
 
 namespace common {
 
 namespace {
 
 int report(const std::string& name, const char* problem) {
-    std::cerr << name << ": " << problem << std::endl;
+    std::cerr << name << ": " << printable(problem) << std::endl;
     return EXIT_FAILURE;
 }
 

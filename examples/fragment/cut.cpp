@@ -6,6 +6,7 @@
 
 #include "../common/files.h"
 #include "../common/new_files.h"
+#include "../common/printable.h"
 #include "../common/progress.h"
 #include "note.h"
 #include "source.h"
@@ -106,15 +107,16 @@ void cut(const Request& request, CommandLineTool& tool) {
     requireNoOtherCut(base, plan.count);
     for (std::size_t i = 0; i < plan.count; ++i) {
         const unsigned long long bytes = i < plan.longer ? plan.bytes : plan.restBytes;
-        tool.print(names[i + 1] + ": " + std::to_string(bytes) + " bytes");
+        tool.print(common::printable(names[i + 1]) + ": " + std::to_string(bytes) + " bytes");
         files.startNext();
         source.copyTo(files, bytes, progress);
     }
     source.close();
     files.publish();
     progress.finish();
-    std::cout << "fragments: " << plan.count << ", bytes: " << source.bytes() << ", first: " << names[1]
-              << ", last: " << names.back() << std::endl;
+    std::cout << "fragments: " << plan.count << ", bytes: " << source.bytes()
+              << ", first: " << common::printable(names[1]) << ", last: " << common::printable(names.back())
+              << std::endl;
 }
 
 }  // namespace fragment

@@ -6,6 +6,7 @@
 
 #include "../common/files.h"
 #include "../common/new_files.h"
+#include "../common/printable.h"
 #include "../common/progress.h"
 #include "fragment_set.h"
 #include "source.h"
@@ -61,7 +62,7 @@ void join(const Request& request, CommandLineTool& tool) {
     std::uintmax_t bytes = 0;
     for (const std::string& name : set.names) {
         Source source(name);
-        tool.print(name + ": " + std::to_string(source.bytes()) + " bytes");
+        tool.print(common::printable(name) + ": " + std::to_string(source.bytes()) + " bytes");
         source.copyTo(joined, source.bytes(), progress);
         source.close();
         bytes += source.bytes();
@@ -69,8 +70,8 @@ void join(const Request& request, CommandLineTool& tool) {
     requireSame(request, set, identities);
     joined.publish();
     progress.finish();
-    std::cout << "fragments: " << set.names.size() << ", bytes: " << bytes << ", joined: " << request.output
-              << std::endl;
+    std::cout << "fragments: " << set.names.size() << ", bytes: " << bytes
+              << ", joined: " << common::printable(request.output) << std::endl;
 }
 
 }  // namespace fragment

@@ -8,6 +8,7 @@
 
 #include "../common/files.h"
 #include "../common/interruption.h"
+#include "../common/printable.h"
 
 namespace histogram {
 
@@ -80,7 +81,7 @@ void print(const Request& request, const std::vector<double>& edges, const Tally
     errno = 0;
     std::cout << plot(edges, tally) << summary(tally);
     if (!request.output.empty()) {
-        std::cout << ", table: " << request.output;
+        std::cout << ", table: " << common::printable(request.output);
     }
     if (!(std::cout << std::endl)) {
         common::checkInterruption();

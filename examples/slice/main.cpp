@@ -12,6 +12,7 @@
 
 #include "../common/files.h"
 #include "../common/interruption.h"
+#include "../common/printable.h"
 #include "../common/run.h"
 #include "help.h"
 #include "output.h"
@@ -40,7 +41,7 @@ int run(const slice::Request& request) {
     }
     output.finish();
     if (!request.output.empty() &&
-        !(std::cout << "lines: " << found.written << ", output: " << request.output << std::endl)) {
+        !(std::cout << "lines: " << found.written << ", output: " << common::printable(request.output) << std::endl)) {
         common::failOnStream("the output is written, but standard output cannot be");
     }
     return EXIT_SUCCESS;
