@@ -15,6 +15,7 @@
 #include <string.h>
 
 #include "common/escaped.h"
+#include "common/utf8_console.h"
 
 /* The bar, its label and the longest time after it fit into 80 columns. */
 enum { MOST_SHOWN = 10, BAR_WIDTH = 30, LABEL_WIDTH = 18 };
@@ -171,6 +172,7 @@ static int is_help(const char* argument) {
 int main(int argc, char** argv) {
     char* name;
     int status = NONE_FOUND;
+    common_use_utf8_console();
     if (argc != 2) {
         fprintf(stderr, "usage: flat_progress FILE\n");
         return TROUBLE;

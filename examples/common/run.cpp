@@ -10,6 +10,7 @@
 
 #include "interruption.h"
 #include "printable.h"
+#include "utf8_console.h"
 
 namespace common {
 
@@ -23,6 +24,7 @@ int report(const std::string& name, const char* problem) {
 }  // namespace
 
 int runTool(const std::string& name, int (*work)(int, char**), int argc, char** argv) {
+    common_use_utf8_console();
     // The first file that is opened would take the place of a closed standard output, and get its text.
     if (KELP_rewind_cursor(0) == -1) {
         return report(name, "standard output is closed");

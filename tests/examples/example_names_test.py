@@ -81,7 +81,6 @@ class NamesTest(ToolTestCase):
         self.write("in", b"\x1b[31m\x07\xff\n")
         self.assertEqual((0, b"\x1b[31m\x07\xff\n", b""), self.other_tool("slice", "-sr=1:1", "in"))
 
-    @native_only
     def test_letters_of_any_language(self):
         for name in ("t\u00e4st", "\u65e5\u672c", "\u0436\u2192\U0001f600"):
             with self.subTest(name=name):

@@ -6,7 +6,7 @@ import shutil
 import unittest
 
 import programs
-from example_tool import PROGRAM, ToolTestCase, native_only, windows_only
+from example_tool import PROGRAM, ToolTestCase, native_only
 
 SCREEN = (
     b"\n"
@@ -196,14 +196,6 @@ class CommandLineTest(ToolTestCase):
         ]:
             with self.subTest(arguments=arguments):
                 self.check_refusal(problem, *arguments)
-
-    @windows_only
-    def test_name_in_another_encoding(self):
-        # The system hands the name to the program in its own 8-bit encoding.
-        self.write("gr\u00fcn.bin", b"1234")
-        status, output, problem = self.tool("-n=2", "gr\u00fcn.bin", env={**os.environ, "LC_ALL": "C.UTF-8"})
-        self.assertEqual((1, b""), (status, output))
-        self.assertRegex(problem, rb"^fragment: gr.*n\.bin: this name is not in UTF-8\n$")
 
 
 if __name__ == "__main__":
