@@ -21,13 +21,12 @@ void sleepMilliseconds(unsigned int milliseconds);
 ///          otherwise a value other than 0 and -1
 int rewindCursor(unsigned int lines);
 
-/// Takes one character from standard input. While it waits for one it holds no lock of the C library, so that the rest of
-/// the process can exit, fork and flush. In the background of its terminal it goes on waiting: what is typed then is meant
-/// for another program.
-/// \param throughCLibrary  whether the character comes through the C library's stdin, which may have some in its buffer;
-///                         otherwise straight from the system
-/// \returns false at the end of the input, or when it cannot be read
-bool readCharacter(bool throughCLibrary);
+/// Waits until standard input can be read without waiting, has ended or cannot be read, and then calls `read`. Until then it
+/// holds no lock of the C library, so that the rest of the process can exit, fork and flush. In the background of its
+/// terminal it goes on waiting: what is typed there is meant for another program.
+/// \param throughCLibrary  whether `read` uses the C library's stdin. Then it is also called when the C library has characters
+///                         in its buffer, and no other thread uses stdin meanwhile
+void whenInputIsReady(bool throughCLibrary, const std::function<void()>& read);
 
 /// Starts a thread that handles no signals: those are for the tool's own threads. From then on the library stays in memory,
 /// even where it is unloaded: the thread may outlive the call that started it.

@@ -10,6 +10,7 @@
 #include <csignal>
 #include <cstdio>
 #include <ctime>
+#include <optional>
 #include <utility>
 
 namespace {
@@ -42,37 +43,62 @@ void stayLoaded() {
     }
 }
 
-/// Whether the C library has characters of standard input that it has not handed on. POSIX has no call for that, so this
-/// looks at glibc's members of FILE (seen with 2.36 and 2.41). After ungetc() the buffer itself may be the saved area.
-bool hasBufferedCharacters() {
+/// Whether the C library answers without asking the system. POSIX has no call that tells whether characters are buffered, so
+/// this looks at glibc's members of FILE (seen with 2.36 and 2.41). After ungetc() the buffer itself may be the saved area.
+bool hasBufferedInput() {
     constexpr int readsPushedBack = 0x100;
     return stdin->_IO_read_ptr < stdin->_IO_read_end ||
-           ((stdin->_flags & readsPushedBack) != 0 && stdin->_IO_save_base < stdin->_IO_save_end);
+           ((stdin->_flags & readsPushedBack) != 0 && stdin->_IO_save_base < stdin->_IO_save_end) ||
+           std::feof(stdin) != 0;
 }
 
-bool takeBufferedCharacter() {
-    flockfile(stdin);
-    const bool taken = hasBufferedCharacters() && std::getc(stdin) != EOF;
-    funlockfile(stdin);
-    return taken;
+/// Waits for input, or looks whether there is some.
+/// \param milliseconds  0 or, without a limit, -1
+bool pollInput(int descriptor, int milliseconds) {
+    pollfd input{descriptor, POLLIN, 0};
+    const int ready = poll(&input, 1, milliseconds);
+    // Where the system cannot poll, for lack of descriptors, the read has to wait.
+    return ready > 0 || (ready == -1 && errno == EINVAL);
 }
 
-bool isInBackground() {
-    const pid_t foreground = tcgetpgrp(STDIN_FILENO);
+/// The system waits for a descriptor that can only be written, although reading it fails at once.
+bool cannotBeRead(int descriptor) {
+    return descriptor < 0 || (fcntl(descriptor, F_GETFL) & O_ACCMODE) == O_WRONLY;
+}
+
+bool isInBackground(int descriptor) {
+    const pid_t foreground = tcgetpgrp(descriptor);
     return foreground != -1 && foreground != getpgrp();
 }
 
-void waitForInput() {
-    pollfd input{STDIN_FILENO, POLLIN, 0};
-    while (poll(&input, 1, -1) == -1 || isInBackground()) {
-        // Also where the system refuses to wait, for lack of memory: another try comes later.
-        Kelp::platform::sleepMilliseconds(backgroundMilliseconds);
-    }
+bool isReady(int descriptor) {
+    return cannotBeRead(descriptor) || (pollInput(descriptor, 0) && !isInBackground(descriptor));
 }
 
-/// Whether reading failed only because another reader, or another program that uses the terminal, was faster.
-bool mayReadLater() {
-    return errno == EINTR || errno == EAGAIN || (errno == EIO && isInBackground());
+/// Keeps the other threads from stdin while it lives.
+class StdinLock {
+public:
+    StdinLock() {
+        flockfile(stdin);
+    }
+    ~StdinLock() {
+        funlockfile(stdin);
+    }
+    StdinLock(const StdinLock&) = delete;
+    StdinLock& operator=(const StdinLock&) = delete;
+};
+
+/// \returns whether the input was ready, so that `read` was called
+bool readIfReady(int descriptor, bool throughCLibrary, const std::function<void()>& read) {
+    std::optional<StdinLock> lock;
+    if (throughCLibrary) {
+        lock.emplace();
+    }
+    const bool ready = (throughCLibrary && hasBufferedInput()) || isReady(descriptor);
+    if (ready) {
+        read();
+    }
+    return ready;
 }
 
 }  // namespace
@@ -109,17 +135,13 @@ int rewindCursor(unsigned int lines) {
     return 1;
 }
 
-bool readCharacter(bool throughCLibrary) {
-    if (throughCLibrary && takeBufferedCharacter()) {
-        return true;
+void whenInputIsReady(bool throughCLibrary, const std::function<void()>& read) {
+    const int descriptor = fileno(stdin);
+    while (!readIfReady(descriptor, throughCLibrary, read)) {
+        if (!pollInput(descriptor, -1) || isInBackground(descriptor)) {
+            sleepMilliseconds(backgroundMilliseconds);
+        }
     }
-    char character = '\0';
-    ssize_t count = 0;
-    do {
-        waitForInput();
-        count = read(STDIN_FILENO, &character, 1);
-    } while (count == -1 && mayReadLater());
-    return count == 1;
 }
 
 std::thread startThread(std::function<void()> run) {

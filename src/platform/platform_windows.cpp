@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -20,13 +21,10 @@ void stayLoaded() {
                        reinterpret_cast<const char*>(&stayLoaded), &self);
 }
 
-/// Takes a character that the C library has read already. Windows has no call that says whether there is one, so this looks
-/// at a member of msvcrt's FILE.
-bool takeBufferedCharacter() {
-    _lock_file(stdin);
-    const bool taken = stdin->_cnt > 0 && std::getc(stdin) != EOF;
-    _unlock_file(stdin);
-    return taken;
+/// Whether the C library answers without asking the system. Windows has no call that tells whether characters are buffered,
+/// so this looks at a member of msvcrt's FILE.
+bool hasBufferedInput() {
+    return stdin->_cnt > 0 || std::feof(stdin) != 0;
 }
 
 bool isKey(const INPUT_RECORD& event, bool collectsLines) {
@@ -64,6 +62,32 @@ bool hasInput(HANDLE input) {
     }
 }
 
+/// Keeps the other threads from stdin while it lives.
+class StdinLock {
+public:
+    StdinLock() {
+        _lock_file(stdin);
+    }
+    ~StdinLock() {
+        _unlock_file(stdin);
+    }
+    StdinLock(const StdinLock&) = delete;
+    StdinLock& operator=(const StdinLock&) = delete;
+};
+
+/// \returns whether the input was ready, so that `read` was called
+bool readIfReady(HANDLE input, bool throughCLibrary, const std::function<void()>& read) {
+    std::optional<StdinLock> lock;
+    if (throughCLibrary) {
+        lock.emplace();
+    }
+    const bool ready = (throughCLibrary && hasBufferedInput()) || hasInput(input);
+    if (ready) {
+        read();
+    }
+    return ready;
+}
+
 }  // namespace
 
 namespace Kelp::platform {
@@ -96,24 +120,12 @@ int rewindCursor(unsigned int lines) {
     return SetConsoleCursorPosition(console, target);
 }
 
-bool readCharacter(bool throughCLibrary) {
-    if (throughCLibrary && takeBufferedCharacter()) {
-        return true;
-    }
+void whenInputIsReady(bool throughCLibrary, const std::function<void()>& read) {
     const int descriptor = _fileno(stdin);
-    if (descriptor < 0) {
-        return false;
-    }
-    const auto input = reinterpret_cast<HANDLE>(_get_osfhandle(descriptor));
-    while (!hasInput(input)) {
+    const auto input = descriptor < 0 ? INVALID_HANDLE_VALUE : reinterpret_cast<HANDLE>(_get_osfhandle(descriptor));
+    while (!readIfReady(input, throughCLibrary, read)) {
         Sleep(pollMilliseconds);
     }
-    if (throughCLibrary) {
-        // The rest of a console's line waits in the buffer of the C library, where the next call finds it.
-        return std::getc(stdin) != EOF;
-    }
-    char character = '\0';
-    return _read(descriptor, &character, 1) == 1;
 }
 
 std::thread startThread(std::function<void()> run) {

@@ -16,7 +16,7 @@ std::istream& standardInput();
 enum class InputSource {
     stream,    ///< what std::cin has in its buffer, or a buffer of the tool's own; or nothing, when std::cin has failed
     cLibrary,  ///< the C library's stdin
-    system     ///< straight from the system, after std::ios::sync_with_stdio(false)
+    system     ///< the system, through the buffer of std::cin, after std::ios::sync_with_stdio(false)
 };
 
 InputSource standardInputSource();

@@ -4,6 +4,7 @@
 #include <ext/stdio_sync_filebuf.h>
 
 #include <atomic>
+#include <cstddef>
 #include <cstdio>
 #include <typeinfo>
 
@@ -30,6 +31,14 @@ struct LastFlush {
 
 LastFlush lastFlush;
 
+/// The characters in a stream's buffer. in_avail() would ask the system as well when there are none.
+class Buffered : public std::streambuf {
+public:
+    static std::ptrdiff_t count(const std::streambuf& buffer) {
+        return (buffer.*&Buffered::egptr)() - (buffer.*&Buffered::gptr)();
+    }
+};
+
 void makeReady() {
     static const std::ios_base::Init ready;
     lastFlush.wanted = true;
@@ -51,17 +60,16 @@ Kelp::InputSource Kelp::standardInputSource() {
     using Synchronized = __gnu_cxx::stdio_sync_filebuf<char>;
     using Unsynchronized = __gnu_cxx::stdio_filebuf<char>;
     const std::istream& input = standardInput();
-    std::streambuf* const buffer = input.rdbuf();
     if (!input.good()) {
         return InputSource::stream;
     }
-    const std::type_info& type = typeid(*buffer);
-    if (type == typeid(Synchronized) && static_cast<Synchronized*>(buffer)->file() == stdin) {
+    std::streambuf& buffer = *input.rdbuf();
+    if (typeid(buffer) == typeid(Synchronized) && static_cast<Synchronized&>(buffer).file() == stdin) {
         return InputSource::cLibrary;
     }
-    if (type == typeid(Unsynchronized) && static_cast<Unsynchronized*>(buffer)->fd() == fileno(stdin) &&
-        buffer->in_avail() <= 0) {
-        return InputSource::system;
+    if (typeid(buffer) != typeid(Unsynchronized) || Buffered::count(buffer) > 0) {
+        return InputSource::stream;
     }
-    return InputSource::stream;
+    auto& file = static_cast<Unsynchronized&>(buffer);
+    return file.is_open() && file.fd() == fileno(stdin) ? InputSource::system : InputSource::stream;
 }

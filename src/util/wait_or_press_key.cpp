@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <condition_variable>
+#include <cstdio>
 #include <memory>
 #include <mutex>
 #include <new>
@@ -25,23 +26,27 @@ struct ReaderQueue {
     unsigned long long front = 0;  ///< the place of the reader that takes the next key
 };
 
-ReaderQueue& readerQueue();
+/// Never destroyed: readers wait longer than static objects live.
+std::atomic<ReaderQueue*> sharedQueue = nullptr;
 
 /// The readers stay in the parent. A reader of the child that waited for them would wait forever.
 void startNewQueue() {
-    new (&readerQueue()) ReaderQueue();
+    new (sharedQueue.load()) ReaderQueue();
 }
 
-/// Never destroyed: readers wait longer than static objects live.
 ReaderQueue& readerQueue() {
-    static ReaderQueue* const queue = [] {
-        platform::callInForkedChild(startNewQueue);
-        return new ReaderQueue();
-    }();
+    ReaderQueue* queue = sharedQueue;
+    if (queue == nullptr) {
+        auto created = std::make_unique<ReaderQueue>();
+        if (sharedQueue.compare_exchange_strong(queue, created.get())) {
+            queue = created.release();
+            platform::callInForkedChild(startNewQueue);
+        }
+    }
     return *queue;
 }
 
-enum class Key { none, pressed, endOfInput };
+enum class Key { none, pressed, endOfInput, failedInput };
 
 /// What a call shares with its reader, which may outlive it.
 using SharedKey = std::shared_ptr<std::atomic<Key>>;
@@ -55,12 +60,33 @@ void ignoreOne(std::istream& input) {
     }
 }
 
+/// Reads from the buffer alone: the stream would first flush the one that it is tied to, which another thread may be using.
+Key takeFromBuffer(std::streambuf* buffer) {
+    if (buffer == nullptr) {
+        return Key::failedInput;
+    }
+    try {
+        return buffer->sbumpc() == std::char_traits<char>::eof() ? Key::endOfInput : Key::pressed;
+    } catch (...) {
+        return Key::failedInput;
+    }
+}
+
 Key readKey(InputSource source) {
     if (source == InputSource::stream) {
         ignoreOne(standardInput());
         return Key::pressed;
     }
-    return platform::readCharacter(source == InputSource::cLibrary) ? Key::pressed : Key::endOfInput;
+    const bool throughCLibrary = source == InputSource::cLibrary;
+    Key key = Key::none;
+    platform::whenInputIsReady(throughCLibrary, [&key, throughCLibrary] {
+        if (throughCLibrary) {
+            key = std::getc(stdin) == EOF ? Key::endOfInput : Key::pressed;
+        } else {
+            key = takeFromBuffer(standardInput().rdbuf());
+        }
+    });
+    return key;
 }
 
 void readKeyInTurn(unsigned long long place, InputSource source, const SharedKey& key) {
@@ -107,15 +133,17 @@ public:
     void finish() {
         thread.join();
         if (*key == Key::endOfInput) {
-            markEndOfInput();
+            markInput(std::ios_base::eofbit);
+        } else if (*key == Key::failedInput) {
+            markInput(std::ios_base::badbit);
         }
     }
 
 private:
     /// As reading through the stream would have done; only the calling thread uses the stream.
-    static void markEndOfInput() {
+    static void markInput(std::ios_base::iostate state) {
         try {
-            standardInput().setstate(std::ios_base::eofbit);
+            standardInput().setstate(state);
         } catch (const std::ios_base::failure&) {
             // Where a program lets its input throw, the end of it is still its end.
         }

@@ -2,7 +2,6 @@
 // Standard output carries what is under test; what a call returned goes to standard error.
 #include <fcntl.h>
 #include <kelplib/Kelp.h>
-#include <kelplib/KelpProgress.h>
 #include <pthread.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -66,6 +65,11 @@ struct NotesUnwinding {
 
 /// A cancelled wait leaves its reader, as one does whose time is over: the next key is that reader's.
 void cancelAWait() {
+    // Sent when the wait has printed its lines. The threads started from now on leave it to this one.
+    sigset_t printed{};
+    sigemptyset(&printed);
+    sigaddset(&printed, SIGUSR1);
+    pthread_sigmask(SIG_BLOCK, &printed, nullptr);
     pthread_t waiting{};
     const auto wait = [](void* /*unused*/) -> void* {
         const NotesUnwinding noted;
@@ -76,7 +80,8 @@ void cancelAWait() {
     if (pthread_create(&waiting, nullptr, wait, nullptr) != 0) {
         std::_Exit(1);
     }
-    KELP_sleep(300);
+    int signal = 0;
+    sigwait(&printed, &signal);
     pthread_cancel(waiting);
     pthread_join(waiting, &result);
     printError(result == PTHREAD_CANCELED && unwound ? 1 : 0);
@@ -96,6 +101,15 @@ void wait() {
     Kelp::waitOrPressKey(1, "waiting");
 }
 
+void waitUnsynchronized() {
+    std::ios::sync_with_stdio(false);
+    wait();
+}
+
+void waitForAKey() {
+    Kelp::waitOrPressKey(longSeconds, "waiting");
+}
+
 /// An empty input that does not wait is no end of the input.
 void readWithoutWaiting() {
     fcntl(STDIN_FILENO, F_SETFL, fcntl(STDIN_FILENO, F_GETFL) | O_NONBLOCK);
@@ -109,9 +123,14 @@ struct Command {
 };
 
 constexpr Command commands[] = {
-    {"fork", forkAfterAWait}, {"popen", readFromACommand},
-    {"cancel", cancelAWait},  {"block", blockTerminalInput},
-    {"wait", wait},           {"without-waiting", readWithoutWaiting},
+    {"fork", forkAfterAWait},
+    {"popen", readFromACommand},
+    {"cancel", cancelAWait},
+    {"block", blockTerminalInput},
+    {"wait", wait},
+    {"wait-unsynchronized", waitUnsynchronized},
+    {"wait-for-a-key", waitForAKey},
+    {"without-waiting", readWithoutWaiting},
 };
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <iostream>
 #include <stdexcept>
 #include <streambuf>
@@ -112,6 +113,20 @@ void failedInput() {
     Kelp::waitOrPressKey(longSeconds, "failed");
 }
 
+/// The end of the input that the C library has seen lasts, also where more could be read.
+void endSeenByC() {
+    while (std::getchar() != EOF) {
+    }
+    Kelp::waitOrPressKey(longSeconds, "seen");
+    printError(std::cin.eof() ? 1 : 0);
+}
+
+void closedInput() {
+    std::fclose(stdin);
+    Kelp::waitOrPressKey(longSeconds, "closed");
+    printError(std::cin.eof() ? 1 : 0);
+}
+
 void throwingInput() {
     ThrowingBuffer buffer;
     std::streambuf* const before = std::cin.rdbuf(&buffer);
@@ -154,6 +169,13 @@ void bufferedByTheStream() {
     std::cout << std::cin.rdbuf();
 }
 
+void closedByTheStream() {
+    std::ios::sync_with_stdio(false);
+    static_cast<std::filebuf*>(std::cin.rdbuf())->close();
+    Kelp::waitOrPressKey(longSeconds, "closed");
+    printError(std::cin.eof() ? 1 : 0);
+}
+
 void nothingBufferedByTheStream() {
     std::ios::sync_with_stdio(false);
     Kelp::waitOrPressKey(longSeconds, "unbuffered");
@@ -175,10 +197,13 @@ constexpr Command commands[] = {
     {"system", runACommand},
     {"failed-input", failedInput},
     {"throwing-input", throwingInput},
+    {"end-seen-by-c", endSeenByC},
+    {"closed-input", closedInput},
     {"end-of-input", endOfInput},
     {"buffered-by-c", bufferedByC},
     {"pushed-back", pushedBack},
     {"buffered-by-the-stream", bufferedByTheStream},
+    {"closed-by-the-stream", closedByTheStream},
     {"nothing-buffered-by-the-stream", nothingBufferedByTheStream},
 };
 

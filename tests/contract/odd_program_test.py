@@ -84,9 +84,8 @@ class AfterAWait(Program):
         process = self.start(UNLOADING_PROGRAM, WAITING_PLUGIN)
         output = b"".join(process.stdout.readline() for _ in range(3))
         self.assertEqual(programs.plain_line_ends(output), self.LEFT + b"unloaded\n")
-        # The reader that was left takes the first key, the program itself the second.
-        process.stdin.write(b"ab")
-        process.stdin.close()
+        process.stdin.write(b"a")
+        process.stdin.flush()
         self.assertEqual(process.wait(timeout=LIMIT_SECONDS), 0)
         self.assertEqual(programs.plain_line_ends(process.stdout.read()), b"ended\n")
 
@@ -100,6 +99,13 @@ class Input(Program):
 
     def test_that_has_ended_is_at_its_end_for_the_stream(self):
         self.assertEqual(programs.run(ODD_PROGRAM, "end-of-input"), (0, lines("ended", 600), b"1\n"))
+
+    def test_that_has_ended_for_c_is_at_its_end(self):
+        self.assertEqual(programs.run(ODD_PROGRAM, "end-seen-by-c"), (0, lines("seen", 600), b"1\n"))
+
+    def test_that_the_program_has_closed_counts_as_a_key(self):
+        self.check("closed-input", (0, lines("closed", 600), b"1\n"))
+        self.check("closed-by-the-stream", (0, lines("closed", 600), b"1\n"))
 
     def run_to_the_end(self, what, keys):
         status, output, errors = programs.run(ODD_PROGRAM, what, stdin=None, input=keys)

@@ -1,5 +1,8 @@
-// Loads a plugin that leaves a reader, unloads it with the library it uses, and reads a line: unloading_program PLUGIN
+// Loads a plugin that leaves a reader, unloads it with the library it uses, and lives for another second, in which a key may
+// come in: unloading_program PLUGIN
+#include <chrono>
 #include <cstdio>
+#include <thread>
 
 #include "plugin.h"
 
@@ -9,9 +12,7 @@ int main(int argc, char** argv) {
     }
     std::puts("unloaded");
     std::fflush(stdout);
-    // The input ends after the reader that was left has taken a key.
-    while (std::getchar() != EOF) {
-    }
+    std::this_thread::sleep_for(std::chrono::seconds(1));
     std::puts("ended");
     return 0;
 }

@@ -16,8 +16,8 @@ std::function<void()>& onThreadEnd() {
     return instance;
 }
 
-std::function<bool(bool)>& onRead() {
-    static std::function<bool(bool)> instance;
+std::function<void(bool)>& onRead() {
+    static std::function<void(bool)> instance;
     return instance;
 }
 
@@ -51,9 +51,11 @@ int rewindCursor(unsigned int lines) {
     return state().rewindResult;
 }
 
-bool readCharacter(bool throughCLibrary) {
-    const std::function<bool(bool)>& read = fake_platform::onRead();
-    return read && read(throughCLibrary);
+void whenInputIsReady(bool throughCLibrary, const std::function<void()>& read) {
+    if (fake_platform::onRead()) {
+        fake_platform::onRead()(throughCLibrary);
+    }
+    read();
 }
 
 std::thread startThread(std::function<void()> run) {

@@ -26,9 +26,9 @@ void reset();
 /// What the threads that are started from now on do at their end; a reset leaves it.
 std::function<void()>& onThreadEnd();
 
-/// Replaces the system's standard input for the threads of the library: given whether the character comes through the C
-/// library, returns whether there was one. Without it the input has ended. A reset leaves it.
-std::function<bool(bool)>& onRead();
+/// What the threads of the library do before they read standard input, given whether they read it through the C library.
+/// A reset leaves it.
+std::function<void(bool)>& onRead();
 
 }  // namespace fake_platform
 

@@ -1,7 +1,11 @@
 #include <gtest/gtest.h>
 #include <kelplib/Kelp.h>
+#include <unistd.h>
 
 #include <condition_variable>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <mutex>
 
@@ -141,11 +145,13 @@ class ThrowingBuffer : public std::streambuf {
     }
 };
 
-/// The system's standard input in place of a buffer of the tool's own.
+/// The C library's standard input in place of a buffer of the tool's own: a file of three characters.
 class WaitOrPressKeyOfTheSystem : public ::testing::Test {
 protected:
     WaitOrPressKeyOfTheSystem() {
-        fake_platform::onRead() = [this](bool throughCLibrary) { return read(throughCLibrary); };
+        std::ofstream(path) << "abc";
+        leadInput(path);
+        fake_platform::onRead() = [this](bool throughCLibrary) { waitForKey(throughCLibrary); };
         fake_platform::onThreadEnd() = [this] { change(ends); };
     }
 
@@ -154,6 +160,21 @@ protected:
         fake_platform::onRead() = nullptr;
         fake_platform::onThreadEnd() = nullptr;
         std::cin.clear();
+        rest();
+        dup2(original, STDIN_FILENO);
+        close(original);
+        std::clearerr(stdin);
+        std::error_code ignored;
+        std::filesystem::remove(path, ignored);
+    }
+
+    /// What is left of the input.
+    static std::string rest() {
+        std::string text;
+        for (int character = std::getchar(); character != EOF; character = std::getchar()) {
+            text += static_cast<char>(character);
+        }
+        return text;
     }
 
     static std::size_t sleepsOf(unsigned int seconds) {
@@ -174,22 +195,30 @@ protected:
         changed.wait(lock, [&] { return number >= count; });
     }
 
-    bool read(bool throughCLibrary) {
+    void waitForKey(bool throughCLibrary) {
         std::unique_lock<std::mutex> lock(mutex);
         EXPECT_TRUE(throughCLibrary);
-        EXPECT_EQ(++reading, 1);
-        changed.wait(lock, [this] { return keys > taken || closed > 0; });
-        --reading;
-        return taken < keys && ++taken > 0;
+        const int turn = readers++;
+        EXPECT_EQ(turn, ends) << "two readers at the same time";
+        changed.wait(lock, [&] { return keys > turn; });
     }
 
     std::mutex mutex;
     std::condition_variable changed;
+    int readers = 0;
     int keys = 0;
-    int taken = 0;
-    int closed = 0;
     int ends = 0;
-    int reading = 0;
+
+private:
+    void leadInput(const std::filesystem::path& file) const {
+        std::FILE* const input = std::fopen(file.string().c_str(), "rb");
+        if (input == nullptr || dup2(fileno(input), STDIN_FILENO) == -1 || std::fclose(input) != 0) {
+            throw std::runtime_error("standard input cannot be led from " + file.string());
+        }
+    }
+
+    std::filesystem::path path = std::filesystem::temp_directory_path() / ("kelplib-input-" + std::to_string(getpid()));
+    int original = dup(STDIN_FILENO);
 };
 
 TEST_F(WaitOrPressKeyOfTheSystem, EndsAfterTheSleepInWhichAKeyIsPressed) {
@@ -201,10 +230,12 @@ TEST_F(WaitOrPressKeyOfTheSystem, EndsAfterTheSleepInWhichAKeyIsPressed) {
     };
     EXPECT_EQ(sleepsOf(5), 3U);
     EXPECT_FALSE(std::cin.eof());
+    EXPECT_EQ(rest(), "bc");
 }
 
 TEST_F(WaitOrPressKeyOfTheSystem, EndsAtTheEndOfTheInput) {
-    change(closed);
+    EXPECT_EQ(rest(), "abc");
+    change(keys);
     std::cin.exceptions(std::ios::eofbit);
     fake_platform::state().onSleep = [this](unsigned int) { waitFor(ends, 1); };
     EXPECT_EQ(sleepsOf(5), 1U);
@@ -223,7 +254,7 @@ TEST_F(WaitOrPressKeyOfTheSystem, LeavesTheFirstKeysToEarlierWaitsThatAreOver) {
         }
     };
     EXPECT_EQ(sleepsOf(5), 6U);
-    waitFor(ends, 3);
+    EXPECT_EQ(rest(), "");
 }
 
 TEST_F(WaitOrPressKeyOfTheSystem, EndsWhenABufferOfTheToolThrows) {
