@@ -157,7 +157,8 @@ public:
 
     /// \name Progress
     /// The tool's face or bar on the console; see kelplib/KelpProgress.h for both and for the process-wide display that all
-    /// tools of a process share. These two may be called from several threads: each drawing happens whole.
+    /// tools of a process share. Several threads may call these two on one tool: each drawing happens whole. Two tools need
+    /// a lock of the program's own.
     /// \throws std::system_error  when the tool's mutex cannot be locked
     /// @{
 

@@ -86,6 +86,19 @@ void printBesideTheFace() {
     printer.join();
 }
 
+/// The value that the bar refuses ends the process, whose exit handlers report progress as well.
+void refusedByTheBar() {
+    static char name[] = "tool";
+    static char* line[] = {name, nullptr};
+    static CommandLineTool tool(1, line, "");
+    tool.initProgress(4.0, "drawn", 20);
+    KELP_GlobalProgress.smile = 0;
+    KELP_GlobalProgress.width = 4;
+    KELP_GlobalProgress.start_time = 0.0;
+    static_cast<void>(std::atexit([] { tool.progress(1.0, "drawn", 20); }));
+    tool.progress(-1.0, "drawn", 20);
+}
+
 // After a wait that has left its reader.
 
 void flushEverything() {
@@ -191,6 +204,7 @@ constexpr Command commands[] = {
     {"muted-output", mutedOutput},
     {"throwing-output", throwingOutput},
     {"print-beside-the-face", printBesideTheFace},
+    {"refused-by-the-bar", refusedByTheBar},
     {"flush", flushEverything},
     {"reopen", reopenInput},
     {"exit", exitFromAThread},

@@ -64,6 +64,10 @@ class Output(Program):
         self.assertEqual((status, errors), (0, b""))
         self.assertTrue(output == expected, f"{output.count(bytes([10]))} lines, {len(output)} bytes")
 
+    def test_of_exit_handlers_is_drawn_after_a_refused_value(self):
+        refused = b"KELP_progress() ERROR: 0.0 is not a valid progress, must be >= 0!\n"
+        self.check("refused-by-the-bar", (0, refused + b"drawn 25.0% #  |\r", b""))
+
 
 class AfterAWait(Program):
     LEFT = lines("left", 0)
