@@ -355,11 +355,11 @@ KELP_API int verbosity();
 /// does input that cannot be read. A program in the background of its terminal waits the whole time: what is typed belongs
 /// to the program in the foreground.
 ///
-/// A wait that a key ends takes one character and leaves the rest of the line. A wait for the whole time takes 0.2 s longer
-/// than announced and leaves its reader: a thread that takes the next character that comes in, after those of earlier waits.
-/// Do not read standard input afterwards. The reader does not keep the process from exiting, forking or flushing its
-/// streams. From the first wait on the library stays in memory, even if the program unloads it. A wait whose thread is
-/// cancelled leaves its reader too.
+/// A wait that a key ends takes one character and leaves the rest of the line to the next read of this program. A wait for
+/// the whole time takes 0.2 s longer than announced and leaves its reader: a thread that takes the next character that comes
+/// in, after those of earlier waits. Do not read standard input afterwards. The reader does not keep the process from
+/// exiting, forking or flushing its streams. From the first wait on the library stays in memory, even if the program unloads
+/// it. A wait whose thread is cancelled leaves its reader too.
 /// \throws std::system_error  when no thread can be started
 KELP_API void waitOrPressKey(unsigned int seconds, std::string message);
 

@@ -50,11 +50,7 @@ void CommandLineTool::progress(double value, std::string text, unsigned long lon
     if (reader.getVerbose()) {
         return;
     }
-    std::unique_lock<std::mutex> lock(progressMutex);
+    const std::lock_guard<std::mutex> lock(progressMutex);
     KELP_progress_global_set_text(text.c_str(), max_length);
-    if (value < 0.0 && KELP_GlobalProgress.smile != 1) {
-        // The bar ends the process for this value, and exit handlers may report progress too.
-        lock.unlock();
-    }
     KELP_progress_global(value);
 }

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <kelplib/Kelp.h>
 #include <pthread.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -117,6 +118,21 @@ void readWithoutWaiting() {
     printError(std::cin.eof() ? 1 : 0);
 }
 
+/// The end that the C library has seen lasts, although a terminal could go on.
+void waitAfterTheEnd() {
+    while (std::getchar() != EOF) {
+    }
+    Kelp::waitOrPressKey(longSeconds, "ended");
+    printError(std::cin.eof() ? 1 : 0);
+}
+
+/// A system that lets the process have no descriptors cannot wait for them.
+void waitWithoutDescriptors() {
+    const rlimit none{0, 0};
+    setrlimit(RLIMIT_NOFILE, &none);
+    Kelp::waitOrPressKey(longSeconds, "without descriptors");
+}
+
 struct Command {
     const char* name;
     void (*run)();
@@ -131,6 +147,8 @@ constexpr Command commands[] = {
     {"wait-unsynchronized", waitUnsynchronized},
     {"wait-for-a-key", waitForAKey},
     {"without-waiting", readWithoutWaiting},
+    {"after-the-end", waitAfterTheEnd},
+    {"without-descriptors", waitWithoutDescriptors},
 };
 
 }  // namespace

@@ -58,6 +58,27 @@ class Processes(unittest.TestCase):
         self.assertGreaterEqual(time.monotonic() - start, 1.2)
 
 
+    def test_the_end_that_c_has_seen_lasts(self):
+        terminal, other_end = os.openpty()
+        os.write(terminal, b"\x04")
+        done = subprocess.run([PROGRAM, "after-the-end"], stdin=other_end, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                              timeout=LIMIT_SECONDS, check=True)
+        self.assertEqual((done.stdout, done.stderr), (lines("ended", 600), b"1\n"))
+        os.close(other_end)
+        os.close(terminal)
+
+    def test_an_input_that_can_only_be_written_counts_as_a_key(self):
+        with subprocess.Popen(["sh", "-c", 'exec "$0" wait-for-a-key 0>&1', PROGRAM], stdout=subprocess.PIPE) as process:
+            self.assertEqual(process.wait(timeout=LIMIT_SECONDS), 0)
+            self.assertEqual(process.stdout.read(), lines("waiting", 600))
+
+    def test_a_key_is_read_where_no_descriptor_may_be_polled(self):
+        process = self.start("without-descriptors")
+        process.stdin.write(b"k")
+        process.stdin.flush()
+        self.check_end(process, lines("without descriptors", 600), b"")
+
+
 class Background(unittest.TestCase):
     """Jobs in the background of a terminal. What is typed there is meant for the program in the foreground."""
 

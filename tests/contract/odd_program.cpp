@@ -1,6 +1,6 @@
 // Programs that treat their streams in unusual ways and go on after a wait: odd_program WHAT.
 // Standard output carries what is under test; what a call returned goes to standard error.
-#include <kelplib/CommandLineTool.h>
+#include <kelplib/Kelp.h>
 #include <kelplib/KelpProgress.h>
 
 #include <atomic>
@@ -86,19 +86,6 @@ void printBesideTheFace() {
     printer.join();
 }
 
-/// The value that the bar refuses ends the process, whose exit handlers report progress as well.
-void refusedByTheBar() {
-    static char name[] = "tool";
-    static char* line[] = {name, nullptr};
-    static CommandLineTool tool(1, line, "");
-    tool.initProgress(4.0, "drawn", 20);
-    KELP_GlobalProgress.smile = 0;
-    KELP_GlobalProgress.width = 4;
-    KELP_GlobalProgress.start_time = 0.0;
-    static_cast<void>(std::atexit([] { tool.progress(1.0, "drawn", 20); }));
-    tool.progress(-1.0, "drawn", 20);
-}
-
 // After a wait that has left its reader.
 
 void flushEverything() {
@@ -124,14 +111,6 @@ void runACommand() {
 void failedInput() {
     std::cin.setstate(std::ios::failbit);
     Kelp::waitOrPressKey(longSeconds, "failed");
-}
-
-/// The end of the input that the C library has seen lasts, also where more could be read.
-void endSeenByC() {
-    while (std::getchar() != EOF) {
-    }
-    Kelp::waitOrPressKey(longSeconds, "seen");
-    printError(std::cin.eof() ? 1 : 0);
 }
 
 void closedInput() {
@@ -204,14 +183,12 @@ constexpr Command commands[] = {
     {"muted-output", mutedOutput},
     {"throwing-output", throwingOutput},
     {"print-beside-the-face", printBesideTheFace},
-    {"refused-by-the-bar", refusedByTheBar},
     {"flush", flushEverything},
     {"reopen", reopenInput},
     {"exit", exitFromAThread},
     {"system", runACommand},
     {"failed-input", failedInput},
     {"throwing-input", throwingInput},
-    {"end-seen-by-c", endSeenByC},
     {"closed-input", closedInput},
     {"end-of-input", endOfInput},
     {"buffered-by-c", bufferedByC},

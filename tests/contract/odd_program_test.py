@@ -64,10 +64,6 @@ class Output(Program):
         self.assertEqual((status, errors), (0, b""))
         self.assertTrue(output == expected, f"{output.count(bytes([10]))} lines, {len(output)} bytes")
 
-    def test_of_exit_handlers_is_drawn_after_a_refused_value(self):
-        refused = b"KELP_progress() ERROR: 0.0 is not a valid progress, must be >= 0!\n"
-        self.check("refused-by-the-bar", (0, refused + b"drawn 25.0% #  |\r", b""))
-
 
 class AfterAWait(Program):
     LEFT = lines("left", 0)
@@ -103,9 +99,6 @@ class Input(Program):
 
     def test_that_has_ended_is_at_its_end_for_the_stream(self):
         self.assertEqual(programs.run(ODD_PROGRAM, "end-of-input"), (0, lines("ended", 600), b"1\n"))
-
-    def test_that_has_ended_for_c_is_at_its_end(self):
-        self.assertEqual(programs.run(ODD_PROGRAM, "end-seen-by-c"), (0, lines("seen", 600), b"1\n"))
 
     def test_that_the_program_has_closed_counts_as_a_key(self):
         self.check("closed-input", (0, lines("closed", 600), b"1\n"))
