@@ -72,7 +72,8 @@ std::string readOutput(Kelp::OptionReader& reader, CommandLineTool& tool) {
         throw std::runtime_error("-o=: the name is empty");
     }
     if (name.find('*') != std::string::npos) {
-        throw std::runtime_error("-o=" + name + ": no file can be called so, \"*\" stands for a pattern");
+        throw std::runtime_error("-o=" + name +
+                                 ": this tool refuses names with \"*\", which would be taken for patterns");
     }
     std::vector<FilePath> outputs;
     try {

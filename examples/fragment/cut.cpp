@@ -71,7 +71,9 @@ void requireNoOtherCut(const std::string& base, unsigned long long count) {
         return;
     }
     if (common::exists(other)) {
-        throw std::runtime_error(other + " belongs to another cut; remove that one first");
+        throw std::runtime_error(
+            other +
+            " belongs to another cut; remove it and the fragments that follow it, -f replaces only those of the new cut");
     }
 }
 

@@ -23,7 +23,7 @@ void checkCombination(const Request& request) {
     }
     if (!request.join && pieces == pieceBytes) {
         throw std::runtime_error(pieces ? "-n and -s cannot be combined"
-                                        : "one of -n=PIECES, -s=BYTES and -j is needed");
+                                        : "one of -n=PIECES, -s=BYTES or -j is needed");
     }
     if (!request.join && request.files.size() != 1) {
         throw std::runtime_error("one file is cut at a time, not " + std::to_string(request.files.size()));

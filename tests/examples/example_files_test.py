@@ -124,7 +124,9 @@ class StepTest(StepTestCase):
              b"<here>/q_0.unfinished was removed or replaced meanwhile"),
             ([], {"in": b"1234"}, "open 3", "touch x && mv x q_0.unfinished",
              b"<here>/q_0.unfinished was removed or replaced meanwhile"),
-            ([], {"in": b"1234"}, "open 1", "touch q_2", b"<here>/q_2 belongs to another cut; remove that one first"),
+            ([], {"in": b"1234"}, "open 1", "touch q_2",
+             b"<here>/q_2 belongs to another cut; remove it and the fragments that follow it, "
+             b"-f replaces only those of the new cut"),
             (["-f"], OLD, "renameat2 1", "touch q_1.replaced", b"<here>/q_1.replaced exists already; move it away first"),
             (["-f"], OLD, "renameat2 2", "touch q_1",
              b"<here>/q_1 exists already; another program created it meanwhile; "

@@ -90,7 +90,8 @@ class CutTest(ToolTestCase):
         self.write("in", b"abcdefghijkl")
         self.write("in.part_2", b"old")
         for here, *arguments in ((b"", "-n=2", "in"), (b"", "-f", "-n=2", "in"), (b"<here>/", "-f", "-s=6", "-o=in.part_", "in")):
-            self.check_refusal(here + b"in.part_2 belongs to another cut; remove that one first", *arguments)
+            self.check_refusal(here + b"in.part_2 belongs to another cut; remove it and the fragments that follow it, "
+                                      b"-f replaces only those of the new cut", *arguments)
         self.write("xy10", b"another number of digits")
         self.assertEqual((0, b""), self.tool("-n=10", "-o=xy", "in")[::2])
 

@@ -80,9 +80,11 @@ class NoteTest(ToolTestCase):
 
     def test_cutting_again(self):
         self.check_refusal(b"<here>/q_.count exists already; -f overwrites it", "-n=3", "-o=q_", "in")
-        self.check_refusal(b"<here>/q_2 belongs to another cut; remove that one first", "-f", "-n=2", "-o=q_", "in")
+        self.check_refusal(b"<here>/q_2 belongs to another cut; remove it and the fragments that follow it, "
+                           b"-f replaces only those of the new cut", "-f", "-n=2", "-o=q_", "in")
         self.write("long", b"x" * 11)
-        self.check_refusal(b"<here>/q_0 belongs to another cut; remove that one first", "-f", "-n=11", "-o=q_", "long")
+        self.check_refusal(b"<here>/q_0 belongs to another cut; remove it and the fragments that follow it, "
+                           b"-f replaces only those of the new cut", "-f", "-n=11", "-o=q_", "long")
         self.check(b"fragments: 4, bytes: 8, first: <here>/q_0, last: <here>/q_3\n", "-f", "-n=4", "-o=q_", "in")
         self.assertEqual(b"fragments: 4\nbytes: 8\n", self.contents()["q_.count"])
 

@@ -57,15 +57,15 @@ SCREENS = [
 
 # data.bin has 1000 bytes.
 REFUSED_OPTIONS = [
-    (["data.bin"], b"one of -n=PIECES, -s=BYTES and -j is needed"),
-    (["-f", "-o=out", "data.bin"], b"one of -n=PIECES, -s=BYTES and -j is needed"),
+    (["data.bin"], b"one of -n=PIECES, -s=BYTES or -j is needed"),
+    (["-f", "-o=out", "data.bin"], b"one of -n=PIECES, -s=BYTES or -j is needed"),
     (["-n=2", "-s=5", "data.bin"], b"-n and -s cannot be combined"),
     (["-n=2", "-j", "-o=out", "data.bin"], b"-n and -j cannot be combined"),
     (["-s=2", "-j", "-o=out", "data.bin"], b"-s and -j cannot be combined"),
     (["-j", "data.bin"], b"-j needs the name of the file to write, as in -o=FILE"),
     (["-n=2", "-o=", "data.bin"], b"-o=: the name is empty"),
     (["-j", "--output=", "data.bin"], b"-o=: the name is empty"),
-    (["-n=2", "-o=a*", "data.bin"], b"-o=a*: no file can be called so, \"*\" stands for a pattern"),
+    (["-n=2", "-o=a*", "data.bin"], b"-o=a*: this tool refuses names with \"*\", which would be taken for patterns"),
     (["-n=2", "-o=x", "data.bin"], b"-o=x: a name of one character needs its folder, as in ./x"),
     (["-j", "--output=\\", "data.bin"], b"-o=\\: a name of one character needs its folder, as in ./\\"),
     (["-j", "-o=C:file", "data.bin"], b"-o=C:file: begins like a drive; write the folder before the name"),
