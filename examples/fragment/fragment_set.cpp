@@ -1,7 +1,5 @@
 #include "fragment_set.h"
 
-#include <kelplib/Kelp.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <stdexcept>
@@ -9,26 +7,11 @@
 #include "../common/files.h"
 #include "../common/run_names.h"
 #include "note.h"
+#include "numbered.h"
 
 namespace fragment {
 
 namespace {
-
-/// Kelp::createFragmentName counts digits in double precision, which is exact up to here. Digits before them belong to
-/// the name.
-constexpr std::size_t mostDigits = 14;
-
-/// \param name  a text or a path's own text
-template <class Text>
-std::string trailingDigits(const Text& name) {
-    const auto isDigit = [](auto character) { return character >= '0' && character <= '9'; };
-    const auto end = std::find_if_not(name.rbegin(), name.rend(), isDigit);
-    const auto count = std::min<std::size_t>(static_cast<std::size_t>(end - name.rbegin()), mostDigits);
-    std::string digits(count, '0');
-    std::transform(name.end() - static_cast<std::ptrdiff_t>(count), name.end(), digits.begin(),
-                   [](auto character) { return static_cast<char>(character); });
-    return digits;
-}
 
 /// Whether a fragment with a higher number than the missing one exists. A name that ends in such a number is only a
 /// hint: whether base and number name a file is left to the system, which may ignore letter case.
@@ -66,43 +49,70 @@ void requireNoLeftover(const std::string& name) {
     }
 }
 
-/// A numbered fragment, taken apart.
-struct Numbered {
-    std::string base;
-    unsigned long long index = 0;
-    std::size_t digits = 0;
-
-    std::string name(unsigned long long otherIndex) const {
-        return Kelp::createFragmentName(otherIndex, base, static_cast<unsigned int>(digits - 1));
-    }
-};
-
-Numbered takeApart(const std::string& name) {
-    const std::string digits = trailingDigits(name);
-    if (digits.empty()) {
-        throw std::runtime_error(name + " does not end in a number; name all the fragments");
-    }
-    Numbered fragment{name.substr(0, name.size() - digits.size()), 0, digits.size()};
-    Kelp::stringToValue(fragment.index, digits);
-    return fragment;
+std::string fragmentsText(unsigned long long count) {
+    return std::to_string(count) + (count == 1 ? " fragment" : " fragments");
 }
 
-/// Compares the fragments that were found with the note of their cut.
-void requireAll(const Numbered& first, std::size_t found, const Note& note) {
-    const std::string counted = noteName(first.base) + " counts " + std::to_string(note.fragments) + " fragments";
-    const unsigned long long end = first.index + found;
+/// Refuses all but the fragments that the note counts, each once and in order.
+/// \param first    one of the fragments; the others have its base and as many digits
+/// \param indices  of all fragments
+void requireWhole(const Numbered& first, const std::vector<unsigned long long>& indices, const Note& note) {
+    const std::string counted = "; " + noteName(first.base) + " counts " + fragmentsText(note.fragments);
+    std::vector<unsigned long long> sorted = indices;
+    std::sort(sorted.begin(), sorted.end());
     const bool isOfOtherWidth = std::to_string(note.fragments - 1).size() != first.digits;
-    if (isOfOtherWidth || end > note.fragments) {
-        throw std::runtime_error(first.name(isOfOtherWidth ? first.index : end - 1) + " is of another cut; " + counted);
+    if (isOfOtherWidth || sorted.back() >= note.fragments) {
+        throw std::runtime_error(first.name(isOfOtherWidth ? first.index : sorted.back()) + " is of another cut" +
+                                 counted);
     }
-    if (end < note.fragments) {
-        throw std::runtime_error(first.name(end) + " is missing; " + counted);
+    const auto twice = std::adjacent_find(sorted.begin(), sorted.end());
+    if (twice != sorted.end()) {
+        throw std::runtime_error(first.name(*twice) + " is named twice" + counted);
     }
+    unsigned long long present = 0;
+    while (present < sorted.size() && sorted[present] == present) {
+        ++present;
+    }
+    if (present < note.fragments) {
+        const std::string absent = first.name(present);
+        throw std::runtime_error(absent + (common::exists(absent) ? " is not named" : " is missing") + counted);
+    }
+    const auto [found, expected] = std::mismatch(indices.begin(), indices.end(), sorted.begin());
+    if (found != indices.end()) {
+        throw std::runtime_error(first.name(*found) + " is out of order; name " + first.name(*expected) + " before it");
+    }
+}
+
+/// Compares the fragments with the note of their cut, if all belong to one that has a note.
+void heedNote(FragmentSet& set) {
+    if (set.names.empty()) {
+        return;
+    }
+    const Numbered first = takeApart(set.names.front());
+    const std::string noteFile = noteName(first.base);
+    const std::optional<Note> note = readNote(noteFile);
+    if (first.digits == 0 || !note) {
+        return;
+    }
+    std::vector<unsigned long long> indices;
+    for (const std::string& name : set.names) {
+        const Numbered fragment = takeApart(name);
+        if (fragment.base != first.base || fragment.digits != first.digits) {
+            return;
+        }
+        indices.push_back(fragment.index);
+    }
+    requireWhole(first, indices, *note);
+    set.notes = {noteFile};
+    set.bytes = note->bytes;
 }
 
 /// The fragment and all that follow it without a gap, with the same number of digits.
 FragmentSet followNumbers(const std::string& name, const std::string& output) {
     const Numbered first = takeApart(name);
+    if (first.digits == 0) {
+        throw std::runtime_error(name + " does not end in a number; name all the fragments");
+    }
     FragmentSet set{{name}, {noteName(first.base)}, 0};
     unsigned long long index = first.index + 1;
     std::string next = first.name(index);
@@ -117,10 +127,7 @@ FragmentSet followNumbers(const std::string& name, const std::string& output) {
     if (next.size() == name.size() && isGap(first.base, next.substr(first.base.size()))) {
         throw std::runtime_error(next + " is missing");
     }
-    if (const std::optional<Note> note = readNote(set.notes.front())) {
-        requireAll(first, set.names.size(), *note);
-        set.bytes = first.index == 0 ? note->bytes : 0;
-    }
+    heedNote(set);
     return set;
 }
 
@@ -137,13 +144,15 @@ FragmentSet setApart(const std::vector<std::string>& names) {
             set.names.push_back(name);
         }
     }
-    if (!set.notes.empty() && noted != set.names.size()) {
-        throw std::runtime_error(set.notes.front() + " counts " + std::to_string(noted) + " fragments, but " +
-                                 std::to_string(set.names.size()) + " are named");
+    const std::vector<std::string> notes = set.notes;
+    heedNote(set);
+    if (!notes.empty() && noted != set.names.size()) {
+        throw std::runtime_error((notes.size() == 1 ? notes.front() + " counts " : "the notes count ") +
+                                 fragmentsText(noted) + ", but " + std::to_string(set.names.size()) +
+                                 (set.names.size() == 1 ? " is named" : " are named"));
     }
     return set;
 }
-
 }  // namespace
 
 bool FragmentSet::operator==(const FragmentSet& other) const {

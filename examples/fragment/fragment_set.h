@@ -19,7 +19,8 @@ struct FragmentSet {
 };
 
 /// The named files; of one alone, the fragment and all that follow it. Notes of cuts among them are not joined.
-/// \throws std::runtime_error  when fragments are missing, as far as names and notes show it
+/// Fragments of one set that has its note have to be the whole set, in order.
+/// \throws std::runtime_error  when fragments are missing, named twice or out of order, as far as names and notes show it
 FragmentSet findFragments(const Request& request);
 
 /// Refuses fragments that another run is replacing or has left unfinished.
