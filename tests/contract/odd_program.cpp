@@ -163,7 +163,12 @@ void bufferedByTheStream() {
 
 void closedByTheStream() {
     std::ios::sync_with_stdio(false);
-    static_cast<std::filebuf*>(std::cin.rdbuf())->close();
+    // libc++'s std::cin always reads through the C library.
+    if (auto* const file = dynamic_cast<std::filebuf*>(std::cin.rdbuf()); file != nullptr) {
+        file->close();
+    } else {
+        std::fclose(stdin);
+    }
     Kelp::waitOrPressKey(longSeconds, "closed");
     printError(std::cin.eof() ? 1 : 0);
 }

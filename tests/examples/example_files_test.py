@@ -284,12 +284,13 @@ class PermissionTest(StepTestCase):
         with subprocess.Popen([PROGRAM, "-v", "-n=100", "-o=" + base, "in"], cwd=self.folder, bufsize=0, pipesize=4096,
                               preexec_fn=lambda: os.umask(0), stdin=subprocess.DEVNULL, stdout=subprocess.PIPE) as tool:
             tool.stdout.read(2100)
-            while not (self.folder / "q_01.unfinished").exists():
+            # Until it stops, the last file may be finished, and the next one not yet created.
+            modes = set()
+            while 0o600 not in modes:
                 self.assertIsNone(tool.poll())
-            modes = {self.mode(name) for name in self.contents() if name.endswith(".unfinished")}
+                modes = {self.mode(name) for name in self.contents() if name.endswith(".unfinished")}
             tool.kill()
             tool.stdout.read()
-        self.assertIn(0o600, modes)
         self.assertLessEqual(modes, {0o600, 0o666})
 
 
