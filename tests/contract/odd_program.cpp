@@ -93,6 +93,23 @@ void flushEverything() {
     printError(std::fflush(nullptr));
 }
 
+/// One character has been pushed back and taken. Nothing else was in the buffer.
+void flushAfterPushedBack() {
+    std::getchar();
+    std::ungetc('u', stdin);
+    std::getchar();
+    flushEverything();
+}
+
+/// The same with a character in the buffer, which has been taken too.
+void flushAfterPushedBackAndBuffer() {
+    std::getchar();
+    std::ungetc('u', stdin);
+    std::getchar();
+    std::getchar();
+    flushEverything();
+}
+
 void reopenInput() {
     leaveReader();
     printError(std::freopen("no such file", "r", stdin) == nullptr ? 1 : 0);
@@ -137,19 +154,27 @@ void endOfInput() {
 
 // Characters that are in a buffer already.
 
+/// A wait that need not last, as something is there to read although the system has nothing more.
+void waitForBuffered(const char* message) {
+    constexpr unsigned int seconds = 20;
+    const double start = KELP_time_stamp();
+    Kelp::waitOrPressKey(seconds, message);
+    printError(KELP_time_stamp() - start < seconds - 5.0 ? 1 : 0);
+}
+
 void bufferedByC() {
     const int first = std::getchar();
     std::printf("%c\n", first);
-    Kelp::waitOrPressKey(longSeconds, "buffered");
+    waitForBuffered("buffered");
     printRest();
 }
 
 void pushedBack() {
     std::getchar();
     std::ungetc('u', stdin);
-    Kelp::waitOrPressKey(longSeconds, "pushed back");
+    waitForBuffered("pushed back");
     // The buffer itself is what is left.
-    Kelp::waitOrPressKey(longSeconds, "buffered");
+    waitForBuffered("buffered");
     printRest();
 }
 
@@ -157,7 +182,7 @@ void bufferedByTheStream() {
     std::ios::sync_with_stdio(false);
     const char first = static_cast<char>(std::cin.get());
     std::cout << first << "\n";
-    Kelp::waitOrPressKey(longSeconds, "buffered");
+    waitForBuffered("buffered");
     std::cout << std::cin.rdbuf();
 }
 
@@ -189,6 +214,8 @@ constexpr Command commands[] = {
     {"throwing-output", throwingOutput},
     {"print-beside-the-face", printBesideTheFace},
     {"flush", flushEverything},
+    {"flush-after-pushed-back", flushAfterPushedBack},
+    {"flush-after-pushed-back-and-buffer", flushAfterPushedBackAndBuffer},
     {"reopen", reopenInput},
     {"exit", exitFromAThread},
     {"system", runACommand},

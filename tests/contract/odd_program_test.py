@@ -36,8 +36,10 @@ class Program(unittest.TestCase):
         with process:
             process.kill()
 
-    def check(self, what, expected):
+    def check(self, what, expected, keys=b""):
         process = self.start(ODD_PROGRAM, what)
+        process.stdin.write(keys)
+        process.stdin.flush()
         status = process.wait(timeout=LIMIT_SECONDS)
         output, errors = (programs.plain_line_ends(pipe.read()) for pipe in (process.stdout, process.stderr))
         self.assertEqual((status, output, errors), expected)
@@ -70,6 +72,10 @@ class AfterAWait(Program):
 
     def test_streams_are_flushed(self):
         self.check("flush", (0, self.LEFT, b"0\n"))
+
+    def test_streams_are_flushed_after_the_buffer_is_empty(self):
+        self.check("flush-after-pushed-back", (0, self.LEFT, b"0\n"), b"a")
+        self.check("flush-after-pushed-back-and-buffer", (0, self.LEFT, b"0\n"), b"ab")
 
     def test_the_input_is_opened_again(self):
         self.check("reopen", (0, self.LEFT, b"1\n"))
@@ -104,23 +110,29 @@ class Input(Program):
         self.check("closed-input", (0, lines("closed", 600), b"1\n"))
         self.check("closed-by-the-stream", (0, lines("closed", 600), b"1\n"))
 
-    def run_to_the_end(self, what, keys):
-        status, output, errors = programs.run(ODD_PROGRAM, what, stdin=None, input=keys)
-        self.assertEqual((status, errors), (0, b""))
-        return output
+    def check_buffered(self, what, printed, waits):
+        """Each wait ends while the input is empty and open; then the program prints the rest."""
+        process = self.start(ODD_PROGRAM, what)
+        process.stdin.write(b"abcd")
+        process.stdin.flush()
+        for _ in range(waits):
+            self.assertEqual(programs.plain_line_ends(process.stderr.readline()), b"1\n")
+        process.stdin.close()
+        self.assertEqual(process.wait(timeout=LIMIT_SECONDS), 0)
+        self.assertEqual(programs.plain_line_ends(process.stdout.read()), printed)
 
     def test_in_the_buffer_of_c_is_taken_first(self):
-        self.assertEqual(self.run_to_the_end("buffered-by-c", b"abcd"), b"a\n" + lines("buffered", 600) + b"cd")
+        self.check_buffered("buffered-by-c", b"a\n" + lines("buffered", 20) + b"cd", 1)
 
     def test_that_was_pushed_back_is_taken_first(self):
-        self.assertEqual(self.run_to_the_end("pushed-back", b"abcd"),
-                         lines("pushed back", 600) + lines("buffered", 600) + b"cd")
+        self.check_buffered("pushed-back", lines("pushed back", 20) + lines("buffered", 20) + b"cd", 2)
 
     def test_in_the_buffer_of_the_stream_is_taken_first(self):
-        self.assertEqual(self.run_to_the_end("buffered-by-the-stream", b"abcd"), b"a\n" + lines("buffered", 600) + b"cd")
+        self.check_buffered("buffered-by-the-stream", b"a\n" + lines("buffered", 20) + b"cd", 1)
 
     def test_is_left_to_a_stream_of_its_own_but_for_one_character(self):
-        self.assertEqual(self.run_to_the_end("nothing-buffered-by-the-stream", b"abcd"), lines("unbuffered", 600) + b"bcd")
+        self.assertEqual(programs.run(ODD_PROGRAM, "nothing-buffered-by-the-stream", stdin=None, input=b"abcd"),
+                         (0, lines("unbuffered", 600) + b"bcd", b""))
 
 
 if __name__ == "__main__":
