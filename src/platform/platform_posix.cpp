@@ -55,7 +55,9 @@ bool hasBufferedInput() {
 /// Waits for input, or looks whether there is some.
 /// \param milliseconds  0 or, without a limit, -1
 bool pollInput(int descriptor, int milliseconds) {
-    pollfd input{descriptor, POLLIN, 0};
+    pollfd input{};
+    input.fd = descriptor;
+    input.events = POLLIN;
     const int ready = poll(&input, 1, milliseconds);
     // Where the system cannot poll, for lack of descriptors, the read has to wait.
     return ready > 0 || (ready == -1 && errno == EINVAL);

@@ -23,7 +23,9 @@ def lines(message, seconds):
 
 class Processes(unittest.TestCase):
     def start(self, what):
-        process = subprocess.Popen([PROGRAM, what], stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        # ThreadSanitizer would end a forked child that starts a thread.
+        process = subprocess.Popen([PROGRAM, what], stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                                   env={**os.environ, "TSAN_OPTIONS": "die_after_fork=0"})
         self.addCleanup(process.__exit__, None, None, None)
         self.addCleanup(process.kill)
         return process
