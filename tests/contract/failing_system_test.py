@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Pipes that nobody reads, directories that are gone, files that cannot be opened, signals at a bad time:
+"""Pipes without a reader, deleted directories, files that cannot be opened, signals at a bad time:
 failing_system_test.py PROGRESS_TOOL SCREEN_TOOL WAITING_TOOL INTERRUPTED_TOOL PATH_TOOL WITHOUT_FILES_TOOL"""
 
 import os

@@ -56,12 +56,12 @@ class StepTestCase(ToolTestCase):
         with open(f"{self.shims}/seen", encoding="ascii") as seen:
             return seen.read().split()
 
-    def check_kept(self, before, after, told):
+    def check_kept(self, before, after, errors):
         """No old file is lost: it has its name, or another one that the tool names."""
         for name, data in before.items():
             if after.get(name) != data:
                 self.assertEqual(data, after.get(name + ".replaced"))
-                self.assertRegex(told, rb"; the file before is now called <here>/q_\S+\.replaced\n$")
+                self.assertRegex(errors, rb"; the file before is now called <here>/q_\S+\.replaced\n$")
 
 
 @needs_steps
@@ -84,7 +84,7 @@ class StepTest(StepTestCase):
                         self.check_planted(result, before, planted, bool(options))
 
     def check_planted(self, result, before, planted, force):
-        status, _, told = result
+        status, _, errors = result
         after = self.contents()
         if after.pop("done", None) is None:
             self.assertEqual((0, NEW), (status, {name: data for name, data in after.items() if name != "precious"}))
@@ -95,7 +95,7 @@ class StepTest(StepTestCase):
             self.assertIn(after[planted], [b"precious", NEW[planted]] if force and planted in NEW else [b"precious"])
         else:
             self.assertEqual(1, status)
-            self.check_kept({**before, planted: b"precious"}, after, told)
+            self.check_kept({**before, planted: b"precious"}, after, errors)
             self.assertEqual([], [name for name in after.keys() - before.keys() - {planted}
                                   if not name.endswith(".replaced") or after[name] != before[name.removesuffix(".replaced")]])
 
@@ -109,8 +109,8 @@ class StepTest(StepTestCase):
 
     def test_folder_instead_of_an_old_file(self):
         self.start_with(OLD)
-        status, _, told = self.cut_at("renameat2 1", "rm q_1 && mkdir q_1", "-f")
-        self.assertEqual((1, b"fragment: <here>/q_1.replaced is a directory\n"), (status, told))
+        status, _, errors = self.cut_at("renameat2 1", "rm q_1 && mkdir q_1", "-f")
+        self.assertEqual((1, b"fragment: <here>/q_1.replaced is a directory\n"), (status, errors))
         self.assertEqual({**OLD, "q_1": None}, self.contents())
         os.rmdir(self.folder / "q_1")
 
@@ -148,13 +148,13 @@ class StepTest(StepTestCase):
         for step in range(1, STEPS_WITH_FORCE + 1):
             with self.subTest(step=step):
                 self.start_with(OLD)
-                status, output, told = self.cut_at(step, "fail", "-f")
+                status, output, errors = self.cut_at(step, "fail", "-f")
                 self.assertEqual((1, b""), (status, output))
                 after = self.contents()
                 self.check_nothing_lost(after)
                 for name in after:
                     if name.endswith(".replaced"):
-                        self.assertRegex(told, rb" <here>/q_\S+\.replaced")
+                        self.assertRegex(errors, rb" <here>/q_\S+\.replaced")
 
     def test_killed_at_every_step(self):
         for step in range(1, STEPS_WITH_FORCE + 1):
@@ -173,11 +173,11 @@ class StepTest(StepTestCase):
 
     def check_next_run(self, left, step):
         """It does its work when nothing is left over; otherwise it names what is."""
-        status, _, told = self.tool("-f", *CUT)
+        status, _, errors = self.tool("-f", *CUT)
         if step == 1:
             self.assertEqual((0, NEW), (status, self.contents()))
         else:
-            named = re.fullmatch(rb"fragment: <here>/(q_\S+\.(?:unfinished|replaced)) exists already; .*\n", told)
+            named = re.fullmatch(rb"fragment: <here>/(q_\S+\.(?:unfinished|replaced)) exists already; .*\n", errors)
             self.assertIn(named[1].decode(), left)
             self.assertEqual((1, left), (status, self.contents()))
             self.tool("-j", "-o=out", "q_0")
@@ -314,12 +314,12 @@ class ConcurrentTest(ToolTestCase):
                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE) for line in lines]
         results = []
         for tool in tools:
-            _, told = tool.communicate(timeout=60)
+            _, errors = tool.communicate(timeout=60)
             results.append(tool.returncode)
             if tool.returncode != 0:
-                told = self.without_folder(programs.plain_line_ends(told))
-                self.assertRegex(told, self.ABOUT)
-                self.refusals[re.sub(rb"[0-9]+", b"N", told)] += 1
+                errors = self.without_folder(programs.plain_line_ends(errors))
+                self.assertRegex(errors, self.ABOUT)
+                self.refusals[re.sub(rb"[0-9]+", b"N", errors)] += 1
         return results
 
     def pieces(self, name, count):

@@ -37,16 +37,16 @@ class Scripts(unittest.TestCase):
         for path in SCRIPTS:
             for word in ("--help", "-h"):
                 with self.subTest(path.name, word=word):
-                    status, told, problem = self.run_script(path, word)
+                    status, printed, problem = self.run_script(path, word)
                     self.assertEqual((0, ""), (status, problem))
-                    self.assertTrue(told.startswith(f"usage: scripts/{path.name} "), told)
-                    self.assertIn("\n  -h, --help ", told)
+                    self.assertTrue(printed.startswith(f"usage: scripts/{path.name} "), printed)
+                    self.assertIn("\n  -h, --help ", printed)
 
     def test_they_refuse_what_they_do_not_know(self):
         for path in SCRIPTS:
             with self.subTest(path.name):
-                status, told, problem = self.run_script(path, "--unknown")
-                self.assertEqual((2, ""), (status, told))
+                status, printed, problem = self.run_script(path, "--unknown")
+                self.assertEqual((2, ""), (status, printed))
                 self.assertRegex(problem, rf"^usage: scripts/{path.name} [^\n]*\n$")
 
 
