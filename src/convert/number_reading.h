@@ -53,8 +53,8 @@ void readClassic(T& target, const char*& begin, const char* end) {
     }
 }
 
-/// Reads numbers as a stream with the current global locale does, to the same values with every standard library. One object serves many numbers, because asking the locale takes
-/// longer than reading one.
+/// Reads numbers as a stream with the current global locale does, to the same values with every standard library. One object
+/// serves many numbers, because asking the locale takes longer than reading one.
 class NumberReader {
 public:
     NumberReader() : way(locale == std::locale::classic() ? Way::classic : otherWay()) {}

@@ -23,7 +23,7 @@ int rewindCursor(unsigned int lines);
 
 /// Waits until standard input can be read without waiting, has ended or cannot be read, and then calls `read`. Until then it
 /// holds no lock of the C library, so that the rest of the process can exit, fork and flush. In the background of its
-/// terminal it goes on waiting: what is typed there is meant for another program.
+/// terminal it goes on waiting: the keys belong to the program in the foreground.
 /// \param throughCLibrary  whether `read` uses the C library's stdin. Then it is also called when the C library has characters
 ///                         in its buffer, and no other thread uses stdin meanwhile
 void whenInputIsReady(bool throughCLibrary, const std::function<void()>& read);

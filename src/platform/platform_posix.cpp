@@ -43,8 +43,8 @@ void stayLoaded() {
     }
 }
 
-/// Whether the C library answers without asking the system. POSIX has no call that tells whether characters are buffered, so
-/// this looks at glibc's members of FILE (seen with 2.36 and 2.41). After ungetc() the buffer itself may be the saved area.
+/// Whether getc(stdin) answers from its buffer, or from the end of the input that it has seen. POSIX has no such call, so this
+/// reads glibc's members of FILE (seen with 2.36 and 2.41). After ungetc() the saved area may be the buffer.
 bool hasBufferedInput() {
     constexpr int readsPushedBack = 0x100;
     return stdin->_IO_read_ptr < stdin->_IO_read_end ||

@@ -21,8 +21,8 @@ void stayLoaded() {
                        reinterpret_cast<const char*>(&stayLoaded), &self);
 }
 
-/// Whether the C library answers without asking the system. Windows has no call that tells whether characters are buffered,
-/// so this looks at a member of msvcrt's FILE.
+/// Whether getc(stdin) answers from its buffer, or from the end of the input that it has seen. Windows has no such call, so
+/// this reads a member of msvcrt's FILE.
 bool hasBufferedInput() {
     return stdin->_cnt > 0 || std::feof(stdin) != 0;
 }
@@ -47,8 +47,8 @@ bool hasConsoleInput(HANDLE console, DWORD mode) {
                        [mode](const INPUT_RECORD& event) { return isKey(event, (mode & ENABLE_LINE_INPUT) != 0); });
 }
 
-/// Whether reading would not wait. A file never does, and what is closed or broken fails at once. Of a pipe that belongs to
-/// the system below, wine (seen with 8.0) does not know.
+/// Whether reading returns at once. A file always does, and a closed handle or a broken pipe fails at once. wine (seen with
+/// 8.0) cannot peek at a pipe of the system that it runs on, which counts as ready.
 bool hasInput(HANDLE input) {
     DWORD available = 0;
     DWORD mode = 0;
