@@ -113,6 +113,13 @@ void waitUnsynchronized() {
     wait();
 }
 
+/// The stream is as bad as if the caller had read it.
+void readWhatCannotBeRead() {
+    std::ios::sync_with_stdio(false);
+    Kelp::waitOrPressKey(longSeconds, "unreadable");
+    printError(std::cin.bad() ? 1 : 0);
+}
+
 void waitForAKey() {
     Kelp::waitOrPressKey(longSeconds, "waiting");
 }
@@ -152,6 +159,7 @@ constexpr Command commands[] = {
     {"wait", wait},
     {"wait-unsynchronized", waitUnsynchronized},
     {"wait-for-a-key", waitForAKey},
+    {"unreadable", readWhatCannotBeRead},
     {"without-waiting", readWithoutWaiting},
     {"after-the-end", waitAfterTheEnd},
     {"without-descriptors", waitWithoutDescriptors},

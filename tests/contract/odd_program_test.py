@@ -128,7 +128,7 @@ class Input(Program):
         self.check_buffered("pushed-back", lines("pushed back", 20) + lines("buffered", 20) + b"cd", 2)
 
     def test_in_the_buffer_of_the_stream_is_taken_first(self):
-        self.check_buffered("buffered-by-the-stream", b"a\n" + lines("buffered", 20) + b"cd", 1)
+        self.check_buffered("buffered-by-the-stream", b"a\n" + 3 * lines("buffered", 20), 3)
 
     def test_is_left_to_a_stream_of_its_own_but_for_one_character(self):
         self.assertEqual(programs.run(ODD_PROGRAM, "nothing-buffered-by-the-stream", stdin=None, input=b"abcd"),
