@@ -2,8 +2,7 @@
 #define KELPLIB_COMMANDLINETOOL_H
 
 /// \file
-/// The front end of a console tool: one object, built from argc and argv, that has checked the command line by the time
-/// its constructor returns.
+/// The front end of a console tool: an object built from argc and argv whose constructor checks the command line.
 
 #include <kelplib/Export.h>
 #include <kelplib/FilePath.h>
@@ -16,161 +15,194 @@
 #include <string>
 #include <vector>
 
-/// A tool's command line, options, arguments, banner and help screen.
+/// A tool's command line with its options, positional arguments, banner and help screen.
 ///
-/// A constructor that returns leaves a tool whose command line is acceptable. A help request ("--help", "-h", "/help",
-/// "/h", "/?"), an unknown flag and, with the full constructor, a missing input file end the process instead: the banner
-/// and the help screen are printed on standard output and the exit status is 0, whatever the reason.
+///     int main(int argc, char** argv) {
+///         std::vector<Kelp::Option> options{{"-o", "--output", "the file to write", true},
+///                                           {"-l", "--loud", "report every step", false}};
+///         CommandLineTool tool(argc, argv, "Joins texts.", options);
+///         std::list<std::string> names;
+///         tool.getArguments(names, 1);
+///         const bool loud = tool.hasOption("-l", 1) != 0;
+///         ...
+///     }
 ///
-/// Flags are told apart by their first letter alone: with "-o" registered, --output, --oops and -o=x are all accepted.
-/// "-v" and "-h" are flags like any other in this check; a tool that wants "-v" registers it. hasOption() and the help and
-/// verbose requests compare whole tokens: --oops is accepted and is no --output.
+/// When a constructor returns, the command line is acceptable. A help request ("--help", "-h", "/help", "/h", "/?"), an
+/// unknown flag and, with the full constructor, a missing input file make it print the banner and the help screen on
+/// standard output and end the process. The exit status is 0 in all cases.
 ///
-/// Values are read with a Kelp::OptionReader of the tool's own.
+/// The check for unknown flags compares first letters only, ignoring case. hasOption(), the help request and the verbose
+/// request compare whole tokens. "-v" and "-h" are checked like any other flag; a tool that wants "-v" registers it. With
+/// the options above:
 ///
-/// A program path with a backslash whose last part has fewer than four characters has no tool name: whatever prints the
-/// banner or the help screen then throws std::out_of_range, the constructors included.
+///     token              accepted  hasOption("-l", 1) finds it
+///     -l, -L, --LOUD     yes       yes
+///     --lou, -l=yes      yes       no
+///     -o=x, --oops       yes       no
+///     -v, --verbose      no        -
 ///
-/// Use a tool from one thread, initProgress() and progress() apart. Besides what a comment names, members throw only
-/// std::bad_alloc and std::length_error.
+/// A CommandLineTool does not read option values; create a Kelp::OptionReader for them.
+///
+/// If the program path contains a backslash and fewer than four characters follow the last one, the tool has no name.
+/// Every member that prints the banner or the help screen, constructors included, then throws std::out_of_range.
+///
+/// Not thread-safe, except for initProgress() and progress(). Members throw only what their comments name, std::bad_alloc
+/// and std::length_error.
 class KELP_API CommandLineTool {
 public:
     /// \name Construction
-    /// All texts and records are copied; the vectors have to be variables and are only read. The short forms demand no
-    /// input file, make the usage line themselves, and put kelplib's copyright line into the banner. The full one demands,
-    /// even with no arguments described, that the first positional argument names a readable file ("." and texts with "*"
-    /// pass unopened), and looks for it before it looks for a help request.
+    /// The constructors copy all texts and records. The vectors must be lvalues; they are not modified.
+    ///
+    /// The short constructors require no input file, generate the usage line, and put kelplib's copyright line into the
+    /// banner. The full constructor requires the first positional argument to be a readable file, even if `arguments` is
+    /// empty; it accepts "." and texts that contain "*" without opening them. It checks the file before it looks for a help
+    /// request.
     /// \throws std::logic_error   for a null element of argv, see Kelp::OptionReader
-    /// \throws std::out_of_range  see the class
+    /// \throws std::out_of_range  if the tool has no name, see the class
     /// @{
 
-    /// A tool without options.
+    /// Creates a tool without options.
     CommandLineTool(int argc, char** argv, std::string description);
-    /// A tool with one option.
+    /// Creates a tool with one option.
     CommandLineTool(int argc, char** argv, std::string description, const Kelp::Option& option);
-    /// A tool with two options; on equal short flags the first one is kept.
+    /// Creates a tool with two options. If their short flags are equal, only the first is kept.
     CommandLineTool(int argc, char** argv, std::string description, const Kelp::Option& first,
                     const Kelp::Option& second);
-    /// A tool with any number of options.
+    /// Creates a tool with any number of options.
     CommandLineTool(int argc, char** argv, std::string description, std::vector<Kelp::Option>& options);
-    /// A tool with everything.
-    /// \param usage    what follows the tool's name in the usage line; empty: "[OPTIONS]" and the argument names
-    /// \param example  what follows the tool's name in the example line
-    /// \param header   the banner's line under the tool's name
+    /// Creates a tool with options, arguments, and its own usage line, example and banner: the full constructor.
+    /// \param argc         the number of elements of `argv`, as passed to main()
+    /// \param argv         the command line, as passed to main()
+    /// \param description  the first line of the help screen
+    /// \param usage        the text after the tool's name in the usage line; if empty, "[OPTIONS]" and the argument names
+    /// \param example      the text after the tool's name in the example line
+    /// \param header       the line below the tool's name in the banner
+    /// \param options      the flags that the tool accepts
+    /// \param arguments    the positional arguments, for the usage line and the help screen
     CommandLineTool(int argc, char** argv, std::string description, std::string usage, std::string example,
                     std::string header, std::vector<Kelp::Option>& options, std::vector<Kelp::Argument>& arguments);
     /// @}
 
-    /// The start-up sequence that every constructor ends in. In this order: the file check (unless `noFileCheck`), the
-    /// help request, then the tokens are read anew from `argv` (when `argc` is above 1), then verbose mode and the unknown
-    /// flags. So a second call looks for the file and the help request on the tokens that are there already.
-    /// \throws as the constructors
+    /// Runs the checks that every constructor ends with: the file check (unless `noFileCheck`), then the help request; then
+    /// reads the tokens from `argv` again (if `argc` is above 1), sets verbose mode and checks for unknown flags. A second
+    /// call therefore checks the file and the help request on the previous tokens.
+    /// \throws std::logic_error, std::out_of_range  as the constructors
     void init(int argc, char** argv, bool noFileCheck);
 
-    /// Adds one option. The first registration of a short flag wins, whatever its letter case; later ones are dropped
-    /// without a message.
+    /// Adds an option. Ignores it without a message if its short flag is already registered, in any letter case.
     void registerOption(Kelp::Option option);
     /// Adds the options in order.
     void registerOptions(std::vector<Kelp::Option>& options);
 
-    /// Does nothing: the place for options that all tools share.
+    /// Does nothing. Reserved for options that all tools share.
     void addCommonOptions();
-    /// Does nothing and changes neither argument: the place for reading a command line from a file.
+    /// Does nothing and leaves both arguments unchanged. Reserved for reading a command line from a file.
     void readArgvFromFile(int& argc, char**& argv);
 
-    /// The program path as it stands when it holds no backslash. Otherwise what follows the last one, without ".exe" (in
-    /// any case) at its end.
-    /// \throws std::out_of_range  see the class
+    /// Returns the program path unchanged if it contains no backslash; otherwise the part after the last backslash, without
+    /// a final ".exe" in any letter case.
+    ///
+    ///     program path              tool name
+    ///     "/usr/bin/join"           "/usr/bin/join"
+    ///     "C:\\tools\\Join.EXE"     "Join"
+    ///
+    /// \throws std::out_of_range  if the tool has no name, see the class
     std::string getToolName() const;
 
-    /// Prints the banner, six lines, each flushed: an empty one, a rule, the tool's name, the header, a rule, an empty one.
-    /// \throws std::out_of_range  see the class
+    /// Prints the banner: an empty line, a rule, the tool's name, the header, a rule and an empty line. Flushes each.
+    /// \throws std::out_of_range  if the tool has no name, see the class
     void printHeader() const;
-    /// Prints the help screen, waits half a second so that a console that closes at once still shows it, and ends the
-    /// process with exit status 0 (as std::exit does: the caller's stack is not unwound).
-    /// \throws std::out_of_range  see the class
+    /// Prints the help screen, waits half a second and ends the process with exit status 0. The pause leaves the screen
+    /// readable in a console that closes with the process. Like std::exit, does not unwind the caller's stack.
+    /// \throws std::out_of_range  if the tool has no name, see the class
     [[noreturn]] void help() const;
     /// Prints the banner and the help screen and ends the process as help() does.
-    /// \throws std::out_of_range  see the class
+    /// \throws std::out_of_range  if the tool has no name, see the class
     [[noreturn]] void printUsage() const;
 
-    /// Replaces the example text.
+    /// Replaces the text of the example line.
     void addExampleText(const std::string& text);
 
-    /// In verbose mode, prints the text and a line end and flushes; otherwise nothing.
+    /// Prints `text` and a newline and flushes, in verbose mode only.
     void print(std::string text) const;
 
     /// \name Checks
-    /// Each returns only when there is nothing to object to; otherwise it ends the process through the help screen.
-    /// \throws std::out_of_range  see the class
+    /// Each check returns if it finds nothing wrong. Otherwise it ends the process as printUsage() does.
+    /// \throws std::out_of_range  if the tool has no name, see the class
     /// @{
 
-    /// Ends the process when help is asked for. Help is asked for by whole tokens, in any letter case. A match that stands
-    /// at position 0 hides the later ones of its pair.
+    /// Ends the process if a token is "--help", "-h", "/help", "/h" or "/?", in any letter case. A match at position 0 hides
+    /// later ones of the same group: --help and -h, /help and /h, or /?.
     void checkForHelp();
-    /// Switches verbose mode on when "--verbose" or "-v" is on the command line; never off.
+    /// Switches verbose mode on if a token is "--verbose" or "-v", in any letter case. Never switches it off.
     void checkForVerbose();
-    /// Ends the process when the first positional argument is missing or names no readable file.
+    /// Ends the process if the first positional argument is missing or is not a readable file.
     void checkMandatoryArgs();
-    /// Ends the process at the first token that begins with "-" and whose first letter no registered option has.
+    /// Ends the process at the first flag whose first letter is not that of a registered short flag.
     void checkForInvalidFlags();
     /// @}
 
-    /// The position of an option on the command line.
-    /// \param name   the short flag under which the option is registered, in any letter case; its long form is none
-    /// \param start  first position looked at
-    /// \returns the position of the first token that equals one of the option's two forms; 0 when there is none, or when
-    ///          no such option is registered
+    /// Finds an option on the command line.
+    /// \param name   the short flag of a registered option, in any letter case; the long form is not accepted
+    /// \param start  first position searched
+    /// \returns the position of the first token that equals the option's short or long form; 0 if there is none or the
+    ///          option is not registered
     int hasOption(std::string name, int start) const;
 
-    /// Whether verbose mode is on.
+    /// Returns whether verbose mode is on.
     bool isVerbose() const;
 
-    /// As Kelp::OptionReader::getFirstArgument.
+    /// Finds the first positional argument, as Kelp::OptionReader::getFirstArgument does.
     int getFirstArgument(std::string& out, int start) const;
-    /// Replaces `out` by the positional arguments at or after `start` (0 means 1). In verbose mode the trace line
-    /// "getFiles()" is printed first; the list form prints nothing.
-    /// \returns their number
+    /// Replaces `out` with the positional arguments at or after `start` (0 means 1). In verbose mode, first prints the trace
+    /// line "getFiles()".
+    /// \returns the number of arguments
     int getArguments(std::vector<std::string>& out, int start) const;
-    /// The same into a list, without a trace line.
+    /// Does the same for a list, but never prints a trace line.
     int getArguments(std::list<std::string>& out, int start) const;
 
-    /// A copy of the options given to the full constructor, in their order; empty for tools built otherwise.
+    /// Returns a copy of the options passed to the full constructor, in the same order; an empty vector if the tool was
+    /// built with another constructor.
     std::vector<Kelp::Option> getOptions() const;
 
     /// \name Output files
     /// @{
 
-    /// Replaces `out` by the values of every occurrence of the option registered under "-o", in command-line order, each
-    /// made a path. Without such an option an error line is printed and there are none.
-    /// \param start  has no effect; the whole command line is looked at
-    /// \returns their number
-    /// \throws std::out_of_range  for a name of one character other than "/", see FilePath; `out` holds those before it
+    /// Replaces `out` with the values of all occurrences of the option registered as "-o", in command-line order, each
+    /// converted to a FilePath. If no such option is registered, prints an error and finds no files.
+    /// \param out    the files found
+    /// \param start  ignored; the whole command line is searched
+    /// \returns the number of files
+    /// \throws std::out_of_range  for a name that is a single character other than "/", see FilePath; `out` then holds the
+    ///                            files before it
     int getOutFiles(std::vector<FilePath>& out, int start);
     /// Sets `out` to the first output file.
-    /// \returns false, with `out` unchanged, when there is none
-    /// \throws std::out_of_range  as getOutFiles
+    /// \returns false, leaving `out` unchanged, if there is none
+    /// \throws std::out_of_range  as getOutFiles, also for a later name
     bool getOutFile(FilePath& out);
-    /// Always true: nobody looks at the file or the disk.
+    /// Returns true. Does not check the file or the disk.
     bool checkSpace(const FilePath& file) const;
     /// @}
 
     /// \name Progress
-    /// The tool's face or bar on the console; see kelplib/KelpProgress.h for both and for the process-wide display that all
-    /// tools of a process share. Several threads may call these two on one tool: each drawing happens whole. Two tools need
-    /// a lock of the program's own.
-    /// \throws std::system_error  when the tool's mutex cannot be locked
+    /// Shows the face or the bar on the console; see kelplib/KelpProgress.h for both, and for the process-wide display that
+    /// all tools of a process share. Several threads may call these two functions on the same tool: a lock keeps each
+    /// drawing whole. A program that draws from several tools must provide its own lock.
+    /// \throws std::system_error  if the tool's mutex cannot be locked
     /// @{
 
-    /// Sets the display up, with the face (with MSYSTEM in the environment: with a bar of 37 characters), and starts its
-    /// clock. Call it once before progress(); again, it begins anew.
+    /// Sets up the display as the face, or as a bar of 37 characters if MSYSTEM is in the environment, and starts its clock.
+    /// Call it once before progress(); another call restarts the display.
     /// \param total       the amount of work
     /// \param text        the label
-    /// \param max_length  the label's room in characters, see KELP_progress_global_set_text
+    /// \param max_length  the maximum length of the label in characters, see KELP_progress_global_set_text
     void initProgress(double total, std::string text, unsigned long long max_length);
-    /// Shows that `value` of the total is done; a negative one ends the process where the bar is drawn, see KELP_progress.
-    /// In verbose mode nothing is drawn, and the label stays, so that the display does not mix with trace lines. After the
-    /// last call the bar needs a line end; the finished face has the cursor below it.
+    /// Shows that `value` of the total is done. In verbose mode, draws nothing and leaves the label unchanged, so that the
+    /// display does not mix with trace lines. After the last call, the bar needs a newline; the face leaves the cursor below
+    /// itself.
+    /// \param value       the amount done; a negative value ends the process if the bar is drawn, see KELP_progress
+    /// \param text        the label
+    /// \param max_length  the maximum length of the label in characters, see KELP_progress_global_set_text
     void progress(double value, std::string text, unsigned long long max_length);
     /// @}
 
@@ -187,11 +219,16 @@ private:
     std::vector<Kelp::Argument> argumentList;
 };
 
-/// The path of the main application's tools_configuration.txt, found through PATH: the last entry (they are parted by ";" on
-/// every system) with "tarn" in it, in lower case, less its last 10 characters, and the configuration's place below that.
-/// Every such entry is told on standard output, and so is that there is none, or no PATH. Nobody looks whether the file is
-/// there. May be called from any thread while none changes the environment.
-/// \returns the path; empty when there is no such entry
+/// Returns the path of the main application's tools_configuration.txt, derived from PATH: the last entry that contains
+/// "tarn" in lower case, without its last 10 characters, followed by the file's place in the installation.
+///
+///     PATH    "/usr/bin;/opt/tarn/1.0/tools/bin/"
+///     result  "/opt/tarn/1.0/cove//skein//SkeinStore//kelplib//tools_configuration.txt"
+///
+/// Entries are separated by ";" on every system. Prints every matching entry on standard output, or a message if there is
+/// none or PATH is not set. Does not check that the file exists. May be called from any thread while no thread changes the
+/// environment.
+/// \returns the path; an empty text if no entry matches or PATH is not set
 /// \throws std::bad_alloc, std::length_error
 KELP_API std::string getFilePath();
 

@@ -2,17 +2,17 @@
 #define KELPLIB_EXPORT_H
 
 /// \file
-/// The export mark of kelplib's public names. Include the other headers instead of this one.
+/// The macro that exports kelplib's public names. Include the other headers instead of this one.
 ///
-/// Code that links the shared library needs to define nothing. KELPLIB_BUILDING is set only while the library itself is
-/// compiled, KELPLIB_STATIC only by programs that link the library's objects directly.
+/// Programs that link the shared library define nothing. The build defines KELPLIB_BUILDING while it compiles the library
+/// itself; a program that links the library's object files directly defines KELPLIB_STATIC.
 
 #if defined(__cplusplus) && __cplusplus < 201703L
 #error "kelplib needs C++17: compile with -std=c++17 or newer"
 #endif
 
 /// \def KELP_API
-/// Marks what the shared library hands out.
+/// Marks a declaration as exported from the shared library.
 
 #if defined(KELPLIB_STATIC)
 #define KELP_API

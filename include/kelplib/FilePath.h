@@ -2,72 +2,86 @@
 #define KELPLIB_FILEPATH_H
 
 /// \file
-/// A file path as a tool's user typed it, made absolute and cut into folder and name.
+/// A file path as the user of a tool typed it, made absolute and split into folder and name.
 
 #include <kelplib/Export.h>
 
 #include <string>
 
-/// A folder, ending in its delimiter, and a file name. The whole path is the two texts one behind the other; nothing is
-/// inserted between them and nothing is normalised: ".", "..", doubled and mixed delimiters stay.
+/// A file path in two parts: a folder, normally with a trailing delimiter, and a name. If the current directory is
+/// /home/ann:
 ///
-/// The delimiter is "/" or "\", chosen by looking at the text, so one program handles the paths of both systems. Where a
-/// comment says current directory, it is what the system's call gives in a buffer of 260 bytes: a longer or deleted
-/// directory counts as an empty text.
+///     FilePath(text)           getPath()            getName()         prefix()      extension()
+///     "notes/letter.old.txt"   "/home/ann/notes/"   "letter.old.txt"  "letter.old"  "txt"
+///     "../README"              "/home/ann/../"      "README"          "README"      ""
+///     "/tmp/.profile"          "/tmp/"              ".profile"        ""            "profile"
+///     "notes\\a.txt"           "/home/ann/notes/"   "a.txt"           "a"           "txt"
+///     "C:\\texts\\a.txt"       "C:\\texts\\"        "a.txt"           "a"           "txt"
+///     "C:a.txt"                ""                   ""                ""            ""
 ///
-/// A plain value; throws only what it names, std::bad_alloc and std::length_error. One thread at a time may use it, several
-/// may read it. The current directory is the whole process's: relative texts are completed while no thread changes it.
+/// The whole path is the folder followed by the name, with nothing inserted between them. Nothing is normalised: ".",
+/// "..", repeated and mixed delimiters stay as they are.
+///
+/// The delimiter is a slash or a backslash, taken from the text itself, so one program handles the paths of both systems.
+///
+/// The current directory is read into a buffer of 260 bytes. A longer or deleted directory counts as an empty text.
+///
+/// Members throw only what their comments name, std::bad_alloc and std::length_error. Several threads may read one object;
+/// changing it needs exclusive access. No thread may change the process's current directory while a member reads it.
 class KELP_API FilePath {
 public:
-    /// Folder and name are empty.
+    /// Leaves folder and name empty.
     FilePath() = default;
 
-    /// Makes `text` absolute and cuts it at its last delimiter.
-    /// An absolute text keeps its delimiters and is cut at the last "/" if it has one, otherwise at the last "\"; without
-    /// any ("C:file") both parts stay empty. A relative text takes the delimiter of the current directory throughout, and
-    /// stands behind the directory and one more delimiter. Without a current directory the name is the text as it stands.
-    /// \throws std::out_of_range  for a text of one character other than "/"
+    /// Makes `text` absolute and splits it after its last delimiter.
+    ///
+    /// An absolute path keeps its delimiters. It is split at the last slash, or at the last backslash if it has no slash;
+    /// without either, folder and name stay empty.
+    ///
+    /// A relative path is appended to the current directory and one more delimiter. All its delimiters become the one that
+    /// the current directory uses. Without a current directory the folder is empty and the name is `text`.
+    /// \throws std::out_of_range  if `text` is a single character other than "/"
     FilePath(const std::string& text);
 
-    /// Cuts `text` behind its last `delim`. Without one the folder becomes empty and the name the whole text.
+    /// Splits `text` after its last `delim`. If there is none, the folder becomes empty and the name all of `text`.
     void fromString(const std::string& text, char delim);
 
-    /// The folder becomes the current directory, without a delimiter at its end; the name becomes `text`. The whole path
-    /// is then the directory directly followed by the name.
+    /// Sets the folder to the current directory, without a trailing delimiter, and the name to `text`. filePath() then has
+    /// no delimiter between the two.
     void fromNameInCurrentDir(const std::string& text);
 
-    /// "/" or "\", whichever the folder holds; otherwise whichever the current directory holds; otherwise "/". "/" comes
-    /// first where both occur.
+    /// Returns the delimiter of the folder. If the folder has none, returns that of the current directory, or "/" if that
+    /// has none either. Where slash and backslash both occur, the slash counts.
     std::string getDelim() const;
 
-    /// Folder and name together.
+    /// Returns the folder followed by the name.
     std::string filePath() const;
 
-    /// The folder.
+    /// Returns the folder.
     std::string getPath() const;
 
-    /// The name, with its extension.
+    /// Returns the name with its extension.
     std::string getName() const;
 
-    /// The name up to its last dot; the whole name when it has none.
+    /// Returns the name up to its last dot, without the dot; the whole name if it has no dot.
     std::string prefix() const;
 
-    /// What follows the last dot of the name; empty when it has none.
+    /// Returns the part of the name after its last dot; an empty text if it has no dot.
     std::string extension() const;
 
-    /// The name becomes what follows the last delimiter of either kind in `text`. The folder stays.
+    /// Sets the name to the part of `text` after its last slash or backslash. Leaves the folder unchanged.
     void setName(const std::string& text);
 
-    /// The folder becomes `text` as it stands, when it is absolute. It should end in a delimiter.
-    /// \returns false, with nothing changed, when `text` is empty or relative
-    /// \throws std::out_of_range  for a text of one character other than "/"
+    /// Sets the folder to `text` unchanged if `text` is absolute. `text` should end in a delimiter.
+    /// \returns false, leaving the folder unchanged, if `text` is empty or relative
+    /// \throws std::out_of_range  if `text` is a single character other than "/"
     bool setPath(const std::string& text);
 
-    /// The current directory; empty when there is none that fits.
+    /// Returns the current directory; an empty text if it has been deleted or does not fit the buffer.
     static std::string getCurrentDir();
 
-    /// Whether `text` begins with "/" or has ":" as its second character. The empty text does not.
-    /// \throws std::out_of_range  for a text of one character other than "/"
+    /// Returns whether `text` begins with "/" or has ":" as its second character. An empty text is not absolute.
+    /// \throws std::out_of_range  if `text` is a single character other than "/"
     static bool isAbsoluteFilePath(const std::string& text);
 
 private:
