@@ -10,13 +10,12 @@
 #include "pieces_of.h"
 #include "plain_lower.h"
 
-/// The rules of the scanners that work on argv, in the plainest way. Each answers with one text that tells the result, the
-/// value and what is printed.
+/// A plain model of the scanners of argv. Each function returns one text: the result, the value and the printed text.
 namespace flag_scanner_model {
 
 using Strings = std::vector<std::string>;
 
-/// A token and its pieces between equals signs.
+/// A token and its non-empty parts between equals signs.
 struct Token {
     std::string text;
     Strings parts;
@@ -47,8 +46,7 @@ inline const Token& at(const Line& line, int position) {
     return *line.at(static_cast<std::size_t>(position));
 }
 
-/// What a scanner did, as one text.
-inline std::string told(int result, const std::string& value) {
+inline std::string answer(int result, const std::string& value) {
     return std::to_string(result) + " <" + value + ">";
 }
 
@@ -69,7 +67,7 @@ inline std::string stringFlag(const Line& line, const std::string& flag, int sta
         }
         value = text.size() > 2 && text[2] == '=' ? text.substr(3) : text.substr(2);
     }
-    return told(position, value);
+    return answer(position, value);
 }
 
 inline std::string multiStringFlag(const Line& line, const std::string& flag) {
@@ -82,7 +80,7 @@ inline std::string multiStringFlag(const Line& line, const std::string& flag) {
             return "out of range";
         }
         if (position == 0) {
-            return told(static_cast<int>(values.size()), joined(values));
+            return answer(static_cast<int>(values.size()), joined(values));
         }
         values.push_back(value);
         next = position + 1;
@@ -97,16 +95,16 @@ inline int leadingInt(const std::string& text) {
 inline std::string intFlag(const Line& line, const std::string& flag, int start) {
     const int position = nextFlag(line, flag, start);
     if (position < start) {
-        return told(0, "77") + "\n";
+        return answer(0, "77") + "\n";
     }
     if (line.empty()) {
         return "no token";
     }
     const Strings& parts = at(line, position).parts;
     if (parts.size() != 2) {
-        return told(0, "77") + "\n";
+        return answer(0, "77") + "\n";
     }
-    return told(position, std::to_string(leadingInt(parts[1])));
+    return answer(position, std::to_string(leadingInt(parts[1])));
 }
 
 inline std::string rangeFlag(const Line& line, const std::string& shortFlag, const std::string& longFlag, bool whole) {
@@ -117,11 +115,11 @@ inline std::string rangeFlag(const Line& line, const std::string& shortFlag, con
             if (limits.size() == 2) {
                 const double first = whole ? leadingInt(limits[0]) : std::strtod(limits[0].c_str(), nullptr);
                 const double second = whole ? leadingInt(limits[1]) : std::strtod(limits[1].c_str(), nullptr);
-                return told(1, std::to_string(first) + ":" + std::to_string(second));
+                return answer(1, std::to_string(first) + ":" + std::to_string(second));
             }
         }
     }
-    return told(0, "77.000000:88.000000");
+    return answer(0, "77.000000:88.000000");
 }
 
 inline std::string positional(const Line& line) {

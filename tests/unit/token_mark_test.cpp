@@ -2,9 +2,27 @@
 
 #include <gtest/gtest.h>
 
+#include "frame/flag_key.h"
+
 namespace {
 
-TEST(TokenMark, IsAFlagsLetterOrTellsAnArgument) {
+using namespace std::string_literals;
+
+TEST(FlagKey, IsADashAndOneLetter) {
+    const struct {
+        std::string token;
+        std::string key;
+    } cases[] = {
+        {"-", "-"},    {"-o", "-o"},       {"-O", "-O"},        {"-out", "-o"},         {"-o=x", "-o"}, {"-=", "-="},
+        {"--o", "-o"}, {"--output", "-o"}, {"--O=x", "-O"},     {"--=x", "-="},         {"---", "--"},  {"---x", "--"},
+        {"-5", "-5"},  {"--", "-\0"s},     {"--\xFF", "-\xFF"}, {"-\xC3\xA4", "-\xC3"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(Kelp::flagKey(c.token), c.key) << c.token;
+    }
+}
+
+TEST(TokenMark, IsTheLetterOfAFlagOrMarksAnArgument) {
     const struct {
         const char* token;
         char mark;
@@ -20,7 +38,7 @@ TEST(TokenMark, IsAFlagsLetterOrTellsAnArgument) {
     }
 }
 
-TEST(TokenMark, OfAKeyIsThatOfItsTokens) {
+TEST(TokenMark, OfAKeyEqualsThatOfItsTokens) {
     const struct {
         const char* name;
         char mark;
@@ -33,7 +51,7 @@ TEST(TokenMark, OfAKeyIsThatOfItsTokens) {
     }
 }
 
-TEST(TokenMark, IsFoundFromAPositionOn) {
+TEST(TokenMark, IsFoundAtOrAfterAPosition) {
     const std::string marks = "AoAnoS";
     constexpr std::size_t none = std::string::npos;
     const struct {
