@@ -11,20 +11,20 @@
 #include <string>
 #include <vector>
 
-/// A program that links failing_allocations.cpp has an operator new of its own. It counts, and fails when a test says so.
+/// failing_allocations.cpp replaces operator new by one that counts allocations and fails on request.
 namespace failing_allocations {
 
-/// The `number`-th allocation from now on fails, once; with 0 none does.
+/// Makes the `number`-th allocation from now on fail, once; 0 makes none fail.
 void failAt(std::size_t number);
 
-/// Whether the allocation of the last failAt() has failed.
+/// Whether the allocation that the last failAt() chose has failed.
 bool hasFailed();
 
-/// How many allocations have not been given back.
+/// The number of allocations that have not been freed.
 std::size_t liveCount();
 
-/// Whether what the standard library allocates is counted too. Where it is a library of another kind, it has an operator
-/// new of its own.
+/// Whether the allocations inside the standard library are counted too. A standard library in a DLL calls its own operator
+/// new.
 inline bool countsEverything() {
     const std::size_t before = liveCount();
     std::string text;
@@ -32,11 +32,11 @@ inline bool countsEverything() {
     return liveCount() > before;
 }
 
-/// Whether a vector whose copy fails gives back what it has. Those of some standard libraries do not.
-inline bool vectorsGiveBack() {
+/// Whether a vector frees its memory when copying it fails. libc++ 14 leaks the buffer and the texts copied so far.
+inline bool vectorsFreeTheirMemory() {
     const std::vector<std::string> texts(2, std::string(100, 'x'));
     const std::size_t before = liveCount();
-    // Behind the vector itself, its room and its first text.
+    // The allocation after those of the vector itself, its buffer and its first text.
     failAt(4);
     try {
         std::make_unique<std::vector<std::string>>(texts);
@@ -47,7 +47,7 @@ inline bool vectorsGiveBack() {
     return liveCount() == before;
 }
 
-/// Takes what is printed to std::cout while it lives, and allocates nothing.
+/// Discards the output of std::cout during its lifetime, without allocating.
 class NoOutput : private std::streambuf {
 public:
     NoOutput() : original(std::cout.rdbuf(this)) {}
@@ -68,7 +68,7 @@ private:
     std::streambuf* original;
 };
 
-/// What came of a call whose allocation fails.
+/// The outcome of a call whose `number`-th allocation fails.
 template <class Call>
 std::string outcomeOf(std::size_t number, Call call) {
     const NoOutput output;
@@ -88,17 +88,17 @@ std::string outcomeOf(std::size_t number, Call call) {
     return outcome;
 }
 
-/// Calls `use` with a new object of `make` for every one of its allocations, which fails. Nothing but std::bad_alloc may
-/// come out, nothing may be lost, and `check` has to find the object sound.
+/// Calls `use` with a new object of `make` once for each of its allocations and makes that allocation fail. Expects
+/// std::bad_alloc and no leak, and that `check` accepts the object.
 template <class Make, class Use, class Check>
 void failEach(const std::string& name, Make make, Use use, Check check) {
-    // Once without failing: what is allocated once in a process is there then.
+    // The first run does not fail: it makes the allocations that happen once in a process.
     {
         auto object = make();
         EXPECT_EQ(outcomeOf(0, [&] { use(*object); }), "whole") << name;
     }
     const bool countsAll = countsEverything();
-    const bool givesBack = vectorsGiveBack();
+    const bool freesMemory = vectorsFreeTheirMemory();
     std::string outcome = "bad_alloc";
     std::size_t number = 0;
     while (outcome == "bad_alloc" && number < 10000) {
@@ -108,12 +108,12 @@ void failEach(const std::string& name, Make make, Use use, Check check) {
             outcome = outcomeOf(++number, [&] { use(*object); });
             EXPECT_TRUE(check(*object)) << name << " after allocation " << number;
         }
-        if (countsAll && givesBack) {
+        if (countsAll && freesMemory) {
             EXPECT_EQ(liveCount(), before) << name << " after allocation " << number;
         }
     }
     EXPECT_EQ(outcome, "whole") << name << " at allocation " << number;
-    EXPECT_TRUE(number > 1 || !countsAll) << name << " allocates nothing: the case tests nothing";
+    EXPECT_TRUE(number > 1 || !countsAll) << name << " allocates nothing, so the case tests nothing";
 }
 
 /// The same for a call without an object.

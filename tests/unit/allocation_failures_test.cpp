@@ -1,5 +1,5 @@
-// Every allocation of every public entry point fails once: values, helpers and scanners. The texts are long, so that each of
-// them lies in memory of its own.
+// Every allocation of every public entry point fails once. The texts are long, so each of them takes an allocation of its own.
+#include <kelplib/CommandLineTool.h>
 #include <kelplib/FilePath.h>
 #include <kelplib/Kelp.h>
 
@@ -7,15 +7,23 @@
 
 #include "arguments.h"
 #include "failing_allocations.h"
+#include "fake_keyboard.h"
 #include "fake_platform.h"
 #include "locale_facets.h"
 #include "scoped_locale.h"
+#include "scoped_variable.h"
 
 namespace {
 
 using failing_allocations::failEach;
 
 const std::string longText(50, 'x');
+
+Arguments& line() {
+    static Arguments tokens{
+        "/" + longText + "/tool", ".", "-o=/" + longText, "--oops=/" + longText, longText, "-v", longText};
+    return tokens;
+}
 
 struct Case {
     const char* name;
@@ -28,7 +36,9 @@ void failEachOf(const std::vector<Case>& cases) {
     }
 }
 
-/// Reads a text, over an old value that has to stay readable.
+// Values.
+
+/// Converts a text. If that fails, the target still takes a value.
 template <class T>
 void failReading(const char* name, const std::string& text, const T& old) {
     failEach(
@@ -89,7 +99,28 @@ TEST(AllocationFailures, UnderAnotherLocaleLeaveTheTargetUsable) {
     failReading<double>("double", "123.456.789.123.456.789.123.456.789,5", 1);
 }
 
-TEST(AllocationFailures, OfTextHelpersComeOut) {
+template <class Record>
+void failCopies(const char* name, const Record& record, const Record& other, std::string Record::*text) {
+    failEach(name, [&] { std::make_unique<Record>(record); });
+    failEach(
+        name, [&] { return std::make_unique<Record>(other); }, [&](Record& target) { target = record; },
+        [&](Record& target) {
+            target = other;
+            return target.*text == other.*text;
+        });
+}
+
+TEST(AllocationFailures, OfCopiedRecordsLeaveThemUsable) {
+    const std::string name = "n" + longText;
+    failCopies<Kelp::Option>("option", {longText, longText, longText, true}, {"-a", name, "", false},
+                             &Kelp::Option::longFlag);
+    failCopies<Kelp::Argument>("argument", {longText, longText, true}, {name, "", false}, &Kelp::Argument::name);
+    failCopies<Kelp::StringDouble>("StringDouble", {longText, 2}, {"n", 1}, &Kelp::StringDouble::label);
+}
+
+// Text helpers, scanners, paths and the system.
+
+TEST(AllocationFailures, OfTextHelpersReachTheCaller) {
     failEachOf({
         {"split", [] { Kelp::split(longText + "," + longText, ','); }},
         {"Tokenize", [] { Kelp::Tokenize(longText + ", " + longText, ", "); }},
@@ -122,13 +153,13 @@ TEST(AllocationFailures, OfTextHelpersComeOut) {
     });
 }
 
-TEST(AllocationFailures, OfScannersComeOut) {
-    Arguments line{"tool",          "-o=" + longText, longText, "--number=1234567890123456789",
-                   "-o" + longText, "-tr=1:2",        "-sr=1:2"};
-    const int argc = line.argc();
-    char** const argv = line.argv();
+TEST(AllocationFailures, OfScannersReachTheCaller) {
+    Arguments tokens{"tool",          "-o=" + longText, longText, "--number=1234567890123456789",
+                     "-o" + longText, "-tr=1:2",        "-sr=1:2"};
+    const int argc = tokens.argc();
+    char** const argv = tokens.argv();
     failEachOf({
-        {"getNextFlag", [=] { Kelp::getNextFlag(argc, argv, "--nothing-of-that-name", 0); }},
+        {"getNextFlag", [=] { Kelp::getNextFlag(argc, argv, "--no-such-flag-at-all", 0); }},
         {"getHelpFlag", [=] { Kelp::getHelpFlag(argc, argv); }},
         {"getStringFlag",
          [=] {
@@ -176,7 +207,7 @@ TEST(AllocationFailures, OfPathsLeaveThePathUsable) {
     fail("fromNameInCurrentDir", [](FilePath& path) { path.fromNameInCurrentDir(longText + longText); });
     fail("setName", [](FilePath& path) { path.setName(longText + "/" + longText + longText); });
     fail("setPath", [](FilePath& path) { path.setPath("/" + longText + longText); });
-    fail("questions", [](FilePath& path) {
+    fail("queries", [](FilePath& path) {
         path.filePath();
         path.getPath();
         path.getName();
@@ -189,6 +220,224 @@ TEST(AllocationFailures, OfPathsLeaveThePathUsable) {
         path.getDelim();
     });
     fake_platform::reset();
+}
+
+TEST(AllocationFailures, OfTheInstallLocationReachTheCaller) {
+    const ScopedVariable path("PATH", "/opt/tarn/" + longText + ";" + longText);
+    failEach("getFilePath", [] { getFilePath(); });
+}
+
+// The sleep of the fake platform lasts until the reading thread has ended, so every wait ends after one sleep.
+TEST(AllocationFailures, OfAWaitReachTheCaller) {
+    FakeKeyboard keyboard;
+    for (int i = 0; i < 100; ++i) {
+        keyboard.press();
+    }
+    fake_platform::reset();
+    fake_platform::state().sleepsMilliseconds.reserve(100);
+    int waits = 0;
+    fake_platform::state().onSleep = [&](unsigned int) { keyboard.waitForEnds(++waits); };
+    failEach("waitOrPressKey", [] { Kelp::waitOrPressKey(0, longText); });
+    fake_platform::reset();
+}
+
+// The reader.
+
+TEST(AllocationFailures, OfTheReaderLeaveItUsable) {
+    const auto make = [] { return std::make_unique<Kelp::OptionReader>(line().argc(), line().argv()); };
+    const auto check = [](Kelp::OptionReader& reader) {
+        std::string value;
+        return reader.getValue("-o", "", value, 0) == 3 && value == "/" + longText &&
+               reader.hasOption("-v", "", 0) == 5;
+    };
+    const auto fail = [&](const char* name, const std::function<void(Kelp::OptionReader&)>& use) {
+        failEach(name, make, use, check);
+    };
+    fail("construction", [](Kelp::OptionReader& reader) { reader = Kelp::OptionReader(line().argc(), line().argv()); });
+    fail("hasOption", [](Kelp::OptionReader& reader) { reader.hasOption(longText, longText, 0); });
+    fail("hasOption of an option", [](Kelp::OptionReader& reader) {
+        reader.hasOption({longText, longText, "", true}, 0);
+    });
+    fail("getValue", [](Kelp::OptionReader& reader) {
+        std::string value;
+        reader.getValue("-o", longText, value, 0);
+    });
+    fail("getValue of texts", [](Kelp::OptionReader& reader) {
+        std::vector<std::string> value;
+        reader.getValue("-o", longText, value, 0);
+    });
+    fail("getFirstArgument", [](Kelp::OptionReader& reader) {
+        std::string argument;
+        reader.getFirstArgument(argument, 2);
+    });
+    fail("getArguments", [](Kelp::OptionReader& reader) {
+        std::vector<std::string> arguments;
+        reader.getArguments(arguments, 0);
+    });
+    fail("getOptions", [](Kelp::OptionReader& reader) {
+        std::vector<std::string> tokens;
+        reader.getOptions(tokens);
+    });
+    fail("getNameTool", [](Kelp::OptionReader& reader) { reader.getNameTool(); });
+    fail("checkFiles", [](Kelp::OptionReader& reader) {
+        std::string file;
+        reader.checkFiles(file, 2);
+    });
+}
+
+struct KnownReader {
+    Kelp::OptionReader reader;
+    std::vector<std::string> answers;
+};
+
+/// Every token, and the reader's answers about some of them.
+std::vector<std::string> answersOf(Kelp::OptionReader& reader) {
+    std::vector<std::string> answers;
+    reader.getOptions(answers);
+    std::string value;
+    answers.push_back(std::to_string(reader.getValue("-o", "", value, 0)) + " " + value);
+    answers.push_back(std::to_string(reader.getFirstArgument(value, 2)) + " " + value);
+    answers.push_back(std::to_string(reader.hasOption("-v", "", 0)) + (reader.getVerbose() ? " verbose" : " quiet"));
+    return answers;
+}
+
+void failAssignments(const char* name, const KnownReader& target, const KnownReader& source) {
+    bool assigned = false;
+    failEach(
+        name, [&] { return std::make_unique<Kelp::OptionReader>(target.reader); },
+        [&](Kelp::OptionReader& reader) {
+            assigned = false;
+            reader = source.reader;
+            assigned = true;
+        },
+        [&](Kelp::OptionReader& reader) { return answersOf(reader) == (assigned ? source : target).answers; });
+}
+
+TEST(AllocationFailures, OfAnAssignmentLeaveTheReaderUnchanged) {
+    Arguments few{"tool", "-o=a", "in", "-v"};
+    Arguments many{"t", "-x", "-y", "in.txt", "-V", "-o=" + longText};
+    const KnownReader shorter{{few.argc(), few.argv()}, {"tool", "-o=a", "in", "-v", "2 a", "2 in", "3 quiet"}};
+    KnownReader longer{{many.argc(), many.argv()},
+                       {"t", "-x", "-y", "in.txt", "-V", "-o=" + longText, "6 " + longText, "3 in.txt", "4 verbose"}};
+    longer.reader.setVerbose(true);
+    failAssignments("a longer one over a shorter one", shorter, longer);
+    failAssignments("a shorter one over a longer one", longer, shorter);
+}
+
+// The tool.
+
+std::vector<Kelp::Option> someOptions() {
+    return {{"-o", "--output", longText, true}, {"-v", "--verbose", longText, false}, {"-" + longText, "", "", false}};
+}
+
+/// Makes a tool with each of the constructors.
+std::vector<std::function<std::unique_ptr<CommandLineTool>()>> constructions() {
+    static std::vector<Kelp::Option> options = someOptions();
+    static std::vector<Kelp::Argument> arguments{{longText, longText, true}, {"more", longText, false}};
+    static Arguments small{"tool", longText};
+    return {
+        [] { return std::make_unique<CommandLineTool>(small.argc(), small.argv(), longText); },
+        [] { return std::make_unique<CommandLineTool>(small.argc(), small.argv(), longText, options[0]); },
+        [] { return std::make_unique<CommandLineTool>(small.argc(), small.argv(), longText, options[0], options[1]); },
+        [] { return std::make_unique<CommandLineTool>(line().argc(), line().argv(), longText, options); },
+        [] {
+            return std::make_unique<CommandLineTool>(line().argc(), line().argv(), longText, longText, longText,
+                                                     longText, options, arguments);
+        },
+    };
+}
+
+TEST(AllocationFailures, OfConstructionsLeakNothing) {
+    for (const auto& construct : constructions()) {
+        failEach("construction", [&] { construct(); });
+    }
+}
+
+struct ScreenShown {};
+
+/// Shows a screen that ends the process; the pause before the end throws instead.
+void show(CommandLineTool& tool, void (CommandLineTool::*screen)() const) {
+    try {
+        (tool.*screen)();
+    } catch (const ScreenShown&) {
+    }
+}
+
+class AllocationFailuresOfTheTool : public testing::Test {
+protected:
+    using Use = std::function<void(CommandLineTool&)>;
+
+    AllocationFailuresOfTheTool() {
+        fake_platform::state().rewoundLines.reserve(100000);
+        fake_platform::state().sleepsMilliseconds.reserve(100000);
+        fake_platform::state().onSleep = [](unsigned int milliseconds) {
+            if (milliseconds == 500) {
+                throw ScreenShown();
+            }
+        };
+    }
+
+    ~AllocationFailuresOfTheTool() override {
+        fake_platform::reset();
+    }
+
+    static void fail(const char* name, const Use& use) {
+        failEach(name, constructions().back(), use, [](CommandLineTool& tool) {
+            std::list<std::string> arguments;
+            std::vector<FilePath> files;
+            return tool.hasOption("-V", 0) == 5 && tool.getArguments(arguments, 0) == 3 && tool.isVerbose() &&
+                   tool.getOutFiles(files, 0) == 2 && files[1].getName() == longText && tool.getOptions().size() == 3 &&
+                   tool.getToolName() == "/" + longText + "/tool";
+        });
+    }
+};
+
+TEST_F(AllocationFailuresOfTheTool, LeaveItUsableAfterChanges) {
+    fail("init", [](CommandLineTool& tool) { tool.init(line().argc(), line().argv(), false); });
+    fail("registerOption", [](CommandLineTool& tool) {
+        tool.registerOption({"-n" + longText, longText, longText, true});
+    });
+    fail("registerOptions", [](CommandLineTool& tool) {
+        std::vector<Kelp::Option> more{{"-a" + longText, "", "", true}, {"-b" + longText, "", "", true}};
+        tool.registerOptions(more);
+    });
+    fail("addExampleText", [](CommandLineTool& tool) { tool.addExampleText(longText + longText); });
+    fail("print", [](CommandLineTool& tool) { tool.print(longText); });
+}
+
+TEST_F(AllocationFailuresOfTheTool, LeaveItUsableAfterScreens) {
+    fail("printHeader", [](CommandLineTool& tool) { tool.printHeader(); });
+    fail("help", [](CommandLineTool& tool) { show(tool, &CommandLineTool::help); });
+    fail("printUsage", [](CommandLineTool& tool) { show(tool, &CommandLineTool::printUsage); });
+}
+
+TEST_F(AllocationFailuresOfTheTool, LeaveItUsableAfterQueries) {
+    fail("hasOption", [](CommandLineTool& tool) { tool.hasOption("-" + longText, 0); });
+    fail("getFirstArgument", [](CommandLineTool& tool) {
+        std::string argument;
+        tool.getFirstArgument(argument, 2);
+    });
+    fail("getArguments", [](CommandLineTool& tool) {
+        std::vector<std::string> arguments;
+        tool.getArguments(arguments, 0);
+    });
+    fail("getArguments as a list", [](CommandLineTool& tool) {
+        std::list<std::string> arguments;
+        tool.getArguments(arguments, 0);
+    });
+    fail("getOptions", [](CommandLineTool& tool) { tool.getOptions(); });
+    fail("getOutFiles", [](CommandLineTool& tool) {
+        std::vector<FilePath> files;
+        tool.getOutFiles(files, 0);
+    });
+    fail("getOutFile", [](CommandLineTool& tool) {
+        FilePath file;
+        tool.getOutFile(file);
+    });
+    fail("progress", [](CommandLineTool& tool) {
+        tool.initProgress(10.0, longText, 20);
+        tool.progress(1.0, longText, 20);
+    });
 }
 
 }  // namespace
