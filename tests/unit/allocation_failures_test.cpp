@@ -1,4 +1,4 @@
-// Every allocation of every public entry point fails once. The texts are long, so each of them takes an allocation of its own.
+// Every allocation of every public entry point fails once. The texts are long, so each of them needs an allocation.
 #include <kelplib/CommandLineTool.h>
 #include <kelplib/FilePath.h>
 #include <kelplib/Kelp.h>

@@ -5,7 +5,7 @@
 
 namespace {
 
-/// Counts what the display allocates with operator new. The fake platform's notes have their room beforehand.
+/// Counts the calls of operator new that drawing makes. The fake platform reserves the memory for its records first.
 class DrawingAllocations : public ProgressTest {
 protected:
     DrawingAllocations() {
@@ -23,8 +23,8 @@ protected:
 };
 
 TEST_F(DrawingAllocations, AreCounted) {
-    // Called by hand: a compiler may leave a new expression out, and a string's own allocation lies in a library that has an
-    // operator new of its own on some systems.
+    // Explicit calls: a compiler may omit a new expression, and the allocation of a string is not counted where the standard
+    // library is a DLL with its own operator new.
     EXPECT_EQ(allocationsOf([] { ::operator delete(::operator new(1)); }), 1U);
 }
 

@@ -6,8 +6,8 @@
 
 namespace {
 
-/// This program has to fail, though nothing is expected here: the tool refuses the flag and ends the process.
-TEST(EarlyEnd, IsNoSuccess) {
+/// The tool refuses the flag and ends the process with exit status 0. test_main.cpp has to turn that into a failure.
+TEST(EarlyEnd, IsAFailure) {
     Arguments line{"tool", "-x"};
     const CommandLineTool tool(line.argc(), line.argv(), "");
 }

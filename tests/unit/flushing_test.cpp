@@ -5,7 +5,7 @@
 #include "fake_platform.h"
 #include "flush_recorder.h"
 
-/// A reader at the other end of a pipe sees a line when it is flushed ("~"), and a tool's own output must not overtake it.
+/// Flushes, shown as "~". The reader of a pipe sees a line once it is flushed, before the tool's own later output.
 namespace {
 
 struct Paused {};
@@ -36,7 +36,7 @@ TEST_F(Flushing, FollowsEveryLineOfTheBanner) {
               "\n~");
 }
 
-TEST_F(Flushing, FollowsTheHelpScreensLinesAndEndsIt) {
+TEST_F(Flushing, FollowsTheLinesOfTheHelpScreenAndEndsIt) {
     Arguments line{"tool", "."};
     std::vector<Kelp::Option> options{{"-o", "--out", "result", false}};
     std::vector<Kelp::Argument> arguments{{"in", "input", false}};
@@ -78,7 +78,7 @@ TEST_F(Flushing, FollowsTraceLines) {
     EXPECT_EQ(output.text(), "trace\n~getFiles()\n~");
 }
 
-TEST_F(Flushing, FollowsWhatTheChecksSay) {
+TEST_F(Flushing, FollowsTheMessagesOfTheFileCheck) {
     Arguments line{"tool"};
     Arguments missing{"tool", "no such file"};
     Kelp::OptionReader reader(line.argc(), line.argv());
@@ -92,14 +92,14 @@ TEST_F(Flushing, FollowsWhatTheChecksSay) {
               "File no such file doesn't exist. Please insert a valid file name.\n~");
 }
 
-TEST_F(Flushing, FollowsTheInvalidFlag) {
+TEST_F(Flushing, FollowsTheMessageAboutAnInvalidFlag) {
     Arguments line{"tool", "-x"};
     const FlushRecorder output;
     EXPECT_THROW(CommandLineTool(line.argc(), line.argv(), ""), Paused);
     EXPECT_EQ(output.text().rfind("Invalid flag -x. List of valid flags: \n~\n~", 0), 0U) << output.text();
 }
 
-TEST_F(Flushing, IsNoPartOfAnOptionsBlock) {
+TEST_F(Flushing, DoesNotFollowABlockOfAnOption) {
     const FlushRecorder output;
     Kelp::Option("-a", "--all", "x", false).printIndented(0, 0);
     Kelp::Argument("in", "x", false).printIndented(0, 0);

@@ -1,6 +1,5 @@
-// The type of everything that the public headers offer, typed out. Calls still compile when a const, a reference or a static
-// is added or removed, but tools that were linked before, or that take a function's address, break. This file stops compiling
-// then.
+// The type of every public function and member, typed out. After a const, a reference or a static is added or removed, calls
+// still compile, but tools that were linked before or that take a function's address break. This file then fails to compile.
 #include <kelplib/CommandLineTool.h>
 #include <kelplib/KelpProgress.h>
 
@@ -18,7 +17,7 @@ using Strings = std::vector<std::string>;
 using Options = std::vector<Option>;
 using Arguments = std::vector<Argument>;
 
-/// Picks the overload of exactly this type; without one the call does not compile.
+/// Selects the overload of exactly this type. Without one the call does not compile.
 template <class Type>
 constexpr bool has(Type /*function*/) {
     return true;
@@ -27,7 +26,7 @@ constexpr bool has(Type /*function*/) {
 template <class T, class... Parameters>
 constexpr bool constructs = std::is_constructible_v<T, Parameters...>;
 
-/// Values that are copied, moved, assigned and never derived from.
+/// A class that can be copied, moved and assigned, without virtual functions.
 template <class T>
 constexpr bool isPlainValue = std::is_copy_constructible_v<T>&& std::is_nothrow_move_constructible_v<T>&&
                                   std::is_copy_assignable_v<T>&& std::is_nothrow_move_assignable_v<T> &&
@@ -70,7 +69,7 @@ static_assert(has<void (OptionReader::*)(bool)>(&OptionReader::setVerbose));
 static_assert(has<bool (OptionReader::*)() const>(&OptionReader::getVerbose));
 static_assert(has<String (OptionReader::*)() const>(&OptionReader::getNameTool));
 
-// CommandLineTool. The vectors have to be variables that may change.
+// CommandLineTool. Its vectors are passed by non-const reference.
 using Tool = CommandLineTool;
 static_assert(!std::is_polymorphic_v<Tool> && !std::is_copy_constructible_v<Tool>);
 static_assert(constructs<Tool, int, char**, String> && constructs<Tool, int, char**, String, const Option&>);

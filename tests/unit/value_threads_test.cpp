@@ -23,7 +23,7 @@ struct Values {
     }
 };
 
-/// Reads the texts over and over in four threads at a time. All of them have to see what one alone sees.
+/// Converts the texts repeatedly in four threads at the same time and expects the same values in each.
 void expectFromEveryThread(const Values& expected, const std::string& count, const std::string& ratio) {
     std::vector<Values> seen(4);
     std::vector<std::thread> threads;

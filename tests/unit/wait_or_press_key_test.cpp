@@ -23,7 +23,7 @@ protected:
         fake_platform::reset();
     }
 
-    /// What is done in each sleep of the calls that follow, given how many they have slept, this one included.
+    /// Runs act in each sleep of the following calls, with the number of sleeps so far, the current one included.
     template <class Act>
     static void inEverySleep(Act act) {
         fake_platform::reset();
@@ -41,7 +41,7 @@ protected:
     FakeKeyboard keyboard;
 };
 
-TEST_F(WaitOrPressKey, SleepsTwiceMoreThanTenTimesASecond) {
+TEST_F(WaitOrPressKey, SleepsTenTimesASecondAndTwiceMore) {
     EXPECT_EQ(sleepsOf(0), Sleeps(2, 100));
     EXPECT_EQ(sleepsOf(1), Sleeps(12, 100));
     EXPECT_EQ(sleepsOf(5), Sleeps(52, 100));
@@ -78,7 +78,7 @@ TEST_F(WaitOrPressKey, EndsAfterTheSleepInWhichAKeyIsPressed) {
     }
 }
 
-TEST_F(WaitOrPressKey, LeavesTheNextKeyToAnEarlierWaitThatIsOver) {
+TEST_F(WaitOrPressKey, LosesTheNextKeyToAnEarlierWaitThatTimedOut) {
     EXPECT_EQ(sleepsOf(0), Sleeps(2, 100));
     keyboard.waitForReaders(1);
     inEverySleep([this](std::size_t count) {
@@ -107,19 +107,19 @@ TEST_F(WaitOrPressKey, PrintsItsTwoLinesAndFlushesThem) {
     for (const auto& each : cases) {
         keyboard.press();
         ++ends;
-        std::string printedBeforeTheFirstSleep;
+        std::string printedBeforeTheSleep;
         const FlushRecorder output;
         inEverySleep([&](std::size_t) {
-            printedBeforeTheFirstSleep = output.text();
+            printedBeforeTheSleep = output.text();
             keyboard.waitForEnds(ends);
         });
         Kelp::waitOrPressKey(each.seconds, each.message);
-        EXPECT_EQ(printedBeforeTheFirstSleep, each.printed);
+        EXPECT_EQ(printedBeforeTheSleep, each.printed);
         EXPECT_EQ(output.text(), each.printed);
     }
 }
 
-TEST_F(WaitOrPressKey, TellsTheSecondsInDecimalWhateverTheStreamIsSetTo) {
+TEST_F(WaitOrPressKey, PrintsTheSecondsInDecimalForEveryStreamFormat) {
     keyboard.press();
     inEverySleep([this](std::size_t) { keyboard.waitForEnds(1); });
     const FlushRecorder output;
@@ -129,7 +129,7 @@ TEST_F(WaitOrPressKey, TellsTheSecondsInDecimalWhateverTheStreamIsSetTo) {
     EXPECT_EQ(output.text(), "x\n~    Press key to continue -- otherwise wait for 30 seconds.\n~");
 }
 
-TEST_F(WaitOrPressKey, EndsWhenTheInputThrowsAtItsEnd) {
+TEST_F(WaitOrPressKey, EndsWhenTheEndOfTheInputThrows) {
     keyboard.close();
     std::cin.exceptions(std::ios::eofbit);
     inEverySleep([this](std::size_t) { keyboard.waitForEnds(1); });
@@ -137,20 +137,14 @@ TEST_F(WaitOrPressKey, EndsWhenTheInputThrowsAtItsEnd) {
     std::cin.exceptions(std::ios::goodbit);
 }
 
-struct Thrown {};
+// Without a buffer of the tool's own, std::cin reads through the C library.
 
-class ThrowingBuffer : public std::streambuf {
-    int_type uflow() override {
-        throw Thrown();
-    }
-};
-
-/// The C library's standard input in place of a buffer of the tool's own: a file of three characters.
+/// Redirects standard input to a file of three characters.
 class WaitOrPressKeyOfTheSystem : public ::testing::Test {
 protected:
     WaitOrPressKeyOfTheSystem() {
         std::ofstream(path) << "abc";
-        leadInput(path);
+        redirectInput(path);
         fake_platform::onRead() = [this](bool throughCLibrary) { waitForKey(throughCLibrary); };
         fake_platform::onThreadEnd() = [this] { change(ends); };
     }
@@ -168,7 +162,7 @@ protected:
         std::filesystem::remove(path, ignored);
     }
 
-    /// What is left of the input.
+    /// Reads the rest of the input.
     static std::string rest() {
         std::string text;
         for (int character = std::getchar(); character != EOF; character = std::getchar()) {
@@ -212,10 +206,10 @@ protected:
     int ends = 0;
 
 private:
-    void leadInput(const std::filesystem::path& file) const {
+    void redirectInput(const std::filesystem::path& file) const {
         std::FILE* const input = std::fopen(file.string().c_str(), "rb");
         if (input == nullptr || dup2(fileno(input), STDIN_FILENO) == -1 || std::fclose(input) != 0) {
-            throw std::runtime_error("standard input cannot be led from " + file.string());
+            throw std::runtime_error("standard input cannot be redirected to " + file.string());
         }
     }
 
@@ -245,7 +239,7 @@ TEST_F(WaitOrPressKeyOfTheSystem, EndsAtTheEndOfTheInput) {
     std::cin.exceptions(std::ios::goodbit);
 }
 
-TEST_F(WaitOrPressKeyOfTheSystem, LeavesTheFirstKeysToEarlierWaitsThatAreOver) {
+TEST_F(WaitOrPressKeyOfTheSystem, LosesTheFirstKeysToEarlierWaitsThatTimedOut) {
     EXPECT_EQ(sleepsOf(0), 2U);
     EXPECT_EQ(sleepsOf(0), 2U);
     fake_platform::state().onSleep = [this](unsigned int) {
@@ -258,6 +252,14 @@ TEST_F(WaitOrPressKeyOfTheSystem, LeavesTheFirstKeysToEarlierWaitsThatAreOver) {
     EXPECT_EQ(sleepsOf(5), 6U);
     EXPECT_EQ(rest(), "");
 }
+
+struct Thrown {};
+
+class ThrowingBuffer : public std::streambuf {
+    int_type uflow() override {
+        throw Thrown();
+    }
+};
 
 TEST_F(WaitOrPressKeyOfTheSystem, EndsWhenABufferOfTheToolThrows) {
     ThrowingBuffer buffer;
