@@ -3,8 +3,7 @@
 
 #include <cstddef>
 
-/// How often the program has called operator new so far. A program that links allocation_count.cpp has an operator new of
-/// its own that counts.
+/// The number of calls of operator new so far. allocation_count.cpp replaces operator new by one that counts.
 std::size_t allocationCount();
 
 #endif

@@ -5,7 +5,7 @@
 #include <sstream>
 #include <string>
 
-/// Keeps what is written to std::cout while it lives.
+/// Captures the output of std::cout during its lifetime.
 class CapturedOutput {
 public:
     CapturedOutput() : original(std::cout.rdbuf(captured.rdbuf())) {}

@@ -8,11 +8,11 @@
 
 #include "fake_platform.h"
 
-/// Stands in for standard input while it lives. Threads that read wait for a key here, and get the keys in the order in which
-/// they came. A test waits for what has happened, never for time.
+/// Replaces standard input during its lifetime. Threads that read it wait for a key; the first thread gets the first key. A
+/// test waits for events, never for time.
 class FakeKeyboard : private std::streambuf {
 public:
-    /// std::cin no longer flushes std::cout, so that a waiting thread and the test do not share it.
+    /// Unties std::cin from std::cout, so a waiting thread does not flush std::cout while the test uses it.
     FakeKeyboard() : original(std::cin.rdbuf(this)), tied(std::cin.tie(nullptr)) {
         {
             const std::lock_guard<std::mutex> lock(state().mutex);
@@ -21,7 +21,7 @@ public:
         fake_platform::onThreadEnd() = [] { change(state().ends); };
     }
 
-    /// Ends the threads that still read.
+    /// Ends the threads that are still reading.
     ~FakeKeyboard() override {
         close();
         {
@@ -40,17 +40,17 @@ public:
         change(state().keys);
     }
 
-    /// From now on reading finds the end of the input, behind the keys pressed so far.
+    /// Ends the input after the keys pressed so far.
     void close() {
         change(state().closed);
     }
 
-    /// Until that many threads have begun to read.
+    /// Waits until that many threads have started to read.
     void waitForReaders(int count) {
         waitFor(state().readers, count);
     }
 
-    /// Until that many threads that have read are at their end.
+    /// Waits until that many reading threads have ended.
     void waitForEnds(int count) {
         waitFor(state().ends, count);
     }
@@ -84,8 +84,8 @@ private:
         state().changed.wait(lock, [&] { return number >= count; });
     }
 
-    /// One for every keyboard, as there is one standard input: a thread that has told its end may still be on its way out of
-    /// change() when the keyboard goes.
+    /// Shared by all keyboards and never destroyed with one: a thread that has reported its end may still be inside change()
+    /// when the keyboard is destroyed.
     static State& state() {
         static State instance;
         return instance;

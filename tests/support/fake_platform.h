@@ -5,13 +5,13 @@
 #include <string>
 #include <vector>
 
-/// The platform of the unit tests. Time moves only when a test says so or the library sleeps; nothing waits.
+/// The platform of the unit tests. Time passes only when a test sets it or the library sleeps; nothing waits.
 namespace fake_platform {
 
 struct State {
     double seconds = 1000.0;
     std::vector<unsigned int> sleepsMilliseconds;  ///< every sleep so far
-    std::vector<unsigned int> rewoundLines;        ///< every move of the cursor so far
+    std::vector<unsigned int> rewoundLines;        ///< the lines of every cursor move so far
     int rewindResult = 1;
     std::string directory = "/home/u";
     std::function<void(unsigned int)> onSleep;   ///< called with the milliseconds of each sleep
@@ -20,14 +20,14 @@ struct State {
 
 State& state();
 
-/// Back to the values above.
+/// Restores the values above.
 void reset();
 
-/// What the threads that are started from now on do at their end; a reset leaves it.
+/// Called at the end of every thread started from now on. reset() keeps it.
 std::function<void()>& onThreadEnd();
 
-/// What the threads of the library do before they read standard input, given whether they read it through the C library.
-/// A reset leaves it.
+/// Called before a thread of the library reads standard input; the argument is whether it reads through the C library.
+/// reset() keeps it.
 std::function<void(bool)>& onRead();
 
 }  // namespace fake_platform

@@ -5,7 +5,7 @@
 #include <streambuf>
 #include <string>
 
-/// Keeps what is written to std::cout while it lives, with a "~" wherever the stream was flushed.
+/// Captures the output of std::cout during its lifetime, with a "~" for every flush.
 class FlushRecorder : private std::streambuf {
 public:
     FlushRecorder() : original(std::cout.rdbuf(this)) {}

@@ -7,7 +7,7 @@
 
 #include "plain_lower.h"
 
-/// The rules of the reader's queries, in the plainest way.
+/// A plain model of the reader's queries.
 namespace option_reader_model {
 
 using Strings = std::vector<std::string>;

@@ -3,7 +3,7 @@
 
 #include <string>
 
-/// A copy with the capital letters of ASCII replaced by the small ones.
+/// Returns the text with its ASCII letters in lower case.
 inline std::string plainLower(std::string text) {
     for (char& c : text) {
         if (c >= 'A' && c <= 'Z') {

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-/// An environment variable with another value, or without one, while it lives.
+/// Sets an environment variable, or removes it, and restores it in the destructor.
 class ScopedVariable {
 public:
     ScopedVariable(std::string variable, const std::optional<std::string>& value) : name(std::move(variable)) {
@@ -26,13 +26,13 @@ public:
 private:
     void set(const std::optional<std::string>& value) const {
         put(name + "=" + value.value_or(""));
-        // Some systems take the variable away for an empty value, the others for its name alone.
+        // On Windows putenv removes the variable for "NAME=", on Linux for "NAME".
         if (!value && std::getenv(name.c_str()) != nullptr) {
             put(name);
         }
     }
 
-    /// The text becomes part of the environment on some systems, so it stays.
+    /// Keeps the text: on Linux putenv makes it part of the environment.
     static void put(std::string text) {
         static std::list<std::string> texts;
         putenv(texts.emplace_back(std::move(text)).data());

@@ -10,14 +10,14 @@
 StandardOutputFile::StandardOutputFile()
     : path(std::filesystem::temp_directory_path() / ("kelplib-output-" + std::to_string(getpid()))),
       original(dup(STDOUT_FILENO)) {
-    if (std::fflush(stdout) != 0 || !lead("wb")) {
-        throw std::runtime_error("standard output cannot be led to " + path.string());
+    if (std::fflush(stdout) != 0 || !redirect("wb")) {
+        throw std::runtime_error("standard output cannot be redirected to " + path.string());
     }
 }
 
 StandardOutputFile::~StandardOutputFile() {
-    // What is still in the buffer, because writing failed, must not come out behind the test.
-    lead("ab");
+    // Text still in the buffer after a failed write must not appear after the test.
+    redirect("ab");
     (void)std::fflush(stdout);
     dup2(original, STDOUT_FILENO);
     close(original);
@@ -35,12 +35,12 @@ std::string StandardOutputFile::arrived() {
 }
 
 void StandardOutputFile::fail() {
-    if (std::fflush(stdout) != 0 || !lead("rb")) {
+    if (std::fflush(stdout) != 0 || !redirect("rb")) {
         throw std::runtime_error("standard output still works");
     }
 }
 
-bool StandardOutputFile::lead(const char* mode) const {
+bool StandardOutputFile::redirect(const char* mode) const {
     std::FILE* const file = std::fopen(path.string().c_str(), mode);
     if (file == nullptr) {
         return false;

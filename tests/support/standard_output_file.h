@@ -5,8 +5,8 @@
 #include <filesystem>
 #include <string>
 
-/// Sends standard output into a file while it lives. It sees what C streams write, unlike CapturedOutput, and only what has
-/// left their buffers: text that nobody flushed has not arrived.
+/// Redirects standard output to a file during its lifetime. Unlike CapturedOutput it receives the output of C streams, once
+/// they flush it.
 class StandardOutputFile {
 public:
     StandardOutputFile();
@@ -14,15 +14,15 @@ public:
     StandardOutputFile(const StandardOutputFile&) = delete;
     StandardOutputFile& operator=(const StandardOutputFile&) = delete;
 
-    /// The bytes that have arrived since the last call, as they were written.
+    /// Returns the bytes flushed since the last call.
     std::string arrived();
 
-    /// From now on whatever is written fails when it is flushed, as on a full disk.
+    /// Makes every later flush fail, as on a full disk.
     void fail();
 
 private:
-    /// Lets standard output lead to the file, opened in a mode of fopen's. False when it cannot.
-    bool lead(const char* mode) const;
+    /// Redirects standard output to the file, opened with a mode of fopen. Returns false on failure.
+    bool redirect(const char* mode) const;
 
     std::filesystem::path path;
     int original;

@@ -1,5 +1,5 @@
-// The main program of every GoogleTest program here. A tool that refuses its command line ends its process with exit status
-// 0: unless somebody looks, that is a test program whose remaining tests pass unseen.
+// The main program of every GoogleTest program here. A tool that refuses its command line ends the process with exit status
+// 0, and the remaining tests do not run. That must not count as success.
 #include <gtest/gtest.h>
 
 #include <cstdio>

@@ -4,7 +4,8 @@ namespace tool_inspector {
 
 namespace {
 
-/// One tag per member: the instantiation below it defines the tag's friend function `member`, which hands out the pointer.
+/// There is one tag for each member. Instantiating Reveal for it defines the tag's friend function `member`, which returns
+/// the pointer to the member.
 template <class Tag, typename Tag::Pointer pointer>
 struct Reveal {
     friend typename Tag::Pointer member(Tag /*tag*/) {

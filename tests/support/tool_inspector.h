@@ -3,8 +3,8 @@
 
 #include <kelplib/CommandLineTool.h>
 
-/// Read access to the private members of a CommandLineTool that show in no output. An explicit template instantiation may
-/// name private members, so the public header needs no door for tests.
+/// Read access to private members of a CommandLineTool that no output shows. An explicit template instantiation may name
+/// private members, so the public header needs nothing for tests.
 namespace tool_inspector {
 
 std::size_t optionWidth(const CommandLineTool& tool);
