@@ -1,4 +1,4 @@
-"""A page of the documentation, cut into its blocks of code."""
+"""Splits a page of the documentation into its blocks of code."""
 
 import dataclasses
 import re
@@ -11,7 +11,7 @@ AROUND = re.compile(r"around ([\w-]+\.\w+)\n")
 
 @dataclasses.dataclass
 class Block:
-    """One block of code: where it begins, its kind, its text, the text line and the hidden comment in front of it."""
+    """One block of code: its first line, kind and text, and the line of text and the hidden comment above it."""
 
     line: int
     kind: str
@@ -20,14 +20,14 @@ class Block:
     comment: str
 
     def is_left_out(self):
-        """Whether a hidden comment tells why it is not run."""
+        """Whether a hidden comment gives a reason not to run it."""
         return bool(NOT_RUN.match(self.comment))
 
     def file(self):
-        """Name and text of the file that the block is; nothing when it is none.
+        """Returns the name and text of the file in the block; None when it is not a file.
 
-        The text line in front names the file: "`tool.cpp`:". A block that is a part of a program has the rest of it in
-        the hidden comment, "around tool.cpp", with @@ in the place of the block."""
+        The line of text above the block names the file: "`tool.cpp`:". When the block is a part of a program, the hidden
+        comment "around tool.cpp" contains the rest, with @@ in place of the block."""
         around = AROUND.match(self.comment)
         if around:
             return around[1], self.comment[around.end():].replace("@@\n", self.text)
@@ -36,7 +36,7 @@ class Block:
 
 
 def commands(block):
-    """The commands of a console block, each with its line and the output shown below it."""
+    """Returns the commands of a console block, each with its line number and the output below it."""
     found = []
     for offset, line in enumerate(block.text.splitlines(keepends=True), start=1):
         if line.startswith("$ "):
@@ -49,7 +49,7 @@ def commands(block):
 
 
 def fenced(lines, start):
-    """The line behind a fenced block, and its text."""
+    """Returns the line after a fenced block, and the block's text."""
     end = start + 1
     while end < len(lines) and lines[end] != "```":
         end += 1
@@ -59,7 +59,7 @@ def fenced(lines, start):
 
 
 def indented(lines, start):
-    """The same for an indented block."""
+    """Returns the line after an indented block, and the block's text."""
     end = start
     while end < len(lines) and lines[end].startswith("    "):
         end += 1
@@ -67,7 +67,7 @@ def indented(lines, start):
 
 
 def hidden(lines, start):
-    """The line behind a hidden comment, and its text."""
+    """Returns the line after a hidden comment, and the comment's text."""
     end = start
     while end < len(lines) and not lines[end].endswith("-->"):
         end += 1
@@ -76,7 +76,7 @@ def hidden(lines, start):
 
 
 def blocks(page):
-    """All blocks of a page, in order."""
+    """Returns all blocks of a page, in order."""
     lines = page.split("\n")
     found, before, comment, at = [], "", "", 0
     while at < len(lines):

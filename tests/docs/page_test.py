@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""That pages are cut into the right blocks, and that what is wrong with a page is told."""
+"""Tests that pages are split into the right blocks, and that every fault of a page is reported."""
 
 import pathlib
 import subprocess
@@ -13,7 +13,7 @@ import run_page  # noqa: E402
 
 
 class FakeHome:
-    """A home whose commands and compilers give what the test says."""
+    """A home whose commands and compilers return what the test sets."""
 
     def __init__(self, outputs=(), problem=""):
         self.outputs, self.problem = list(outputs), problem
@@ -27,35 +27,35 @@ class FakeHome:
         return self.problem
 
 
-def played(text, home):
-    """The page as it should be, and what is wrong with it."""
+def checked(text, home):
+    """Returns the corrected page and its faults."""
     with tempfile.TemporaryDirectory() as folder:
         path = pathlib.Path(folder) / "p.md"
         path.write_text(text, encoding="utf-8")
-        return run_page.play_page(home, path, "python3 ")
+        return run_page.check_page(home, path, "python3 ")
 
 
 class Blocks(unittest.TestCase):
-    def test_a_file_is_named_by_the_line_before(self):
+    def test_the_line_above_names_a_file(self):
         [block] = pages.blocks("See `a.h`, and write `b.cpp`:\n\n```cpp\nint main() {}\n```\n")
         self.assertEqual(block.file(), ("b.cpp", "int main() {}\n"))
 
-    def test_a_part_of_a_program_is_put_into_its_rest(self):
+    def test_a_part_of_a_program_is_inserted_into_the_rest(self):
         [block] = pages.blocks("Text.\n\n<!-- around part.cpp\nint main() {\n@@\n}\n-->\n```cpp\nf();\n```\n")
         self.assertEqual(block.file(), ("part.cpp", "int main() {\nf();\n}\n"))
 
-    def test_what_is_left_out_has_a_reason(self):
+    def test_leaving_out_a_block_needs_a_reason(self):
         for comment, left_out in [("not run: it takes an hour", True), ("not run:", False), ("", False)]:
             with self.subTest(comment):
                 [block] = pages.blocks(f"<!-- {comment} -->\n```cpp\nf();\n```\n")
                 self.assertEqual(block.is_left_out(), left_out)
 
-    def test_a_comment_belongs_to_the_next_block_alone(self):
+    def test_a_comment_applies_to_the_next_block_only(self):
         first, second = pages.blocks("<!-- not run: slow -->\n```\na\n```\n\n```\nb\n```\n")
         self.assertEqual((first.is_left_out(), second.is_left_out()), (True, False))
 
     def test_indented_blocks_count(self):
-        [block] = pages.blocks("Text:\n\n    one\n    two\n\nText\n    that goes on.\n")
+        [block] = pages.blocks("Text:\n\n    one\n    two\n\nText\n    continued.\n")
         self.assertEqual((block.kind, block.text), ("indented", "one\ntwo\n"))
 
     def test_a_block_without_an_end_is_refused(self):
@@ -68,7 +68,7 @@ class Blocks(unittest.TestCase):
 
 
 class FilterForDoxygen(unittest.TestCase):
-    def test_hidden_comments_and_links_to_no_page_go(self):
+    def test_hidden_comments_and_links_to_other_files_are_removed(self):
         page = ("a\n<!-- not run: slow -->\nb\n\n<!-- around c.cpp\n@@\n-->\nc [d](../include/kelplib/Kelp.h) [e](values.md)\n"
                 "[f](../README.md#g) [h](examples/slice), [i](../tests)\n")
         script = pathlib.Path(__file__).resolve().parents[2] / "cmake" / "page.sed"
@@ -77,38 +77,38 @@ class FilterForDoxygen(unittest.TestCase):
 
 
 class Findings(unittest.TestCase):
-    def test_what_happens_as_shown_is_right(self):
+    def test_the_shown_output_is_right(self):
         page, home = "```console\n$ a\nb\n$ c\n```\n", FakeHome([("b\n", 0), ("", 0)])
-        self.assertEqual(played(page, home), (page, []))
+        self.assertEqual(checked(page, home), (page, []))
         self.assertEqual(home.commands, ["a", "c"])
 
-    def test_each_fault_is_told(self):
+    def test_each_fault_is_reported(self):
         faults = [
             (("c\n", 0), ["p.md:2: $ a\n--- shown\n+++ printed\n@@ -1 +1 @@\n-b\n+c"]),
             (("b\n", 1), ["p.md:2: $ a\nexit status 1\nb\n"]),
-            (("b\r\n", 0), ["p.md:2: control characters, to be made visible: 'b\\r\\n'"]),
-            (("b", 0), ["p.md:2: what is printed has to end in a line end"]),
+            (("b\r\n", 0), ["p.md:2: control characters that the command must make visible: 'b\\r\\n'"]),
+            (("b", 0), ["p.md:2: the output does not end in a newline"]),
         ]
         for output, messages in faults:
             with self.subTest(output):
-                self.assertEqual(played("```console\n$ a\nb\n```\n", FakeHome([output]))[1], messages)
+                self.assertEqual(checked("```console\n$ a\nb\n```\n", FakeHome([output]))[1], messages)
 
-    def test_an_unknown_block_is_told(self):
+    def test_an_unknown_block_is_reported(self):
         for block in ("```cpp\nf();\n```\n", "```\ntext\n```\n", "    make\n"):
             with self.subTest(block):
-                [wrong] = played(block, FakeHome())[1]
-                self.assertRegex(wrong, "^p.md:1: a block of unknown use")
+                [fault] = checked(block, FakeHome())[1]
+                self.assertRegex(fault, "^p.md:1: a block of unknown use")
 
-    def test_a_program_that_does_not_compile_is_told(self):
-        self.assertEqual(played("`a.cpp`:\n```cpp\nint\n```\n", FakeHome(problem="error"))[1], ["p.md:2: a.cpp\nerror"])
+    def test_a_program_that_does_not_compile_is_reported(self):
+        self.assertEqual(checked("`a.cpp`:\n```cpp\nint\n```\n", FakeHome(problem="error"))[1], ["p.md:2: a.cpp\nerror"])
 
-    def test_what_is_printed_can_be_written_into_the_page(self):
-        renewed, _ = played("A\n\n```console\n$ a\n```\n\nB\n", FakeHome([("b\n", 0)]))
+    def test_the_output_can_be_written_into_the_page(self):
+        renewed, _ = checked("A\n\n```console\n$ a\n```\n\nB\n", FakeHome([("b\n", 0)]))
         self.assertEqual(renewed, "A\n\n```console\n$ a\nb\n```\n\nB\n")
 
     def test_python_can_be_left_out(self):
         home = FakeHome()
-        self.assertEqual(played("```console\n$ python3 a.py\nb\n```\n", home)[1], [])
+        self.assertEqual(checked("```console\n$ python3 a.py\nb\n```\n", home)[1], [])
         self.assertEqual(home.commands, [])
 
 

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""The HTML documentation can be built and has everything: reference_test.py DOXYGEN DOXYFILE HTML_FOLDER PROJECT PAGE...
+"""Tests that the HTML documentation is complete: reference_test.py DOXYGEN DOXYFILE HTML_FOLDER PROJECT PAGE...
 
-Doxygen ends with a failure where a public name is not documented or a link leads nowhere. It says nothing of a page that its
-filter leaves empty, or of a picture that it does not find.
+Doxygen fails when a public name is not documented or a link has no target. It does not report a page that its filter leaves
+empty, or a missing picture.
 """
 
 import html
@@ -17,7 +17,7 @@ del sys.argv[1:]
 
 
 def text_of(folder, page):
-    """The page as it is read: README is the first one."""
+    """Returns the visible text of a page; README is the first page."""
     name = "index" if page == "README.md" else "md_" + re.sub(r"\W", "_", page.removesuffix(".md"))
     source = (pathlib.Path(folder) / f"{name}.html").read_text(encoding="utf-8")
     return html.unescape(re.sub(r"<[^>]*>", "", source))
@@ -31,7 +31,7 @@ class Reference(unittest.TestCase):
         if done.returncode != 0:
             raise AssertionError(done.stdout)
 
-    def test_every_page_has_its_parts(self):
+    def test_every_page_has_its_headings(self):
         for page in PAGES:
             shown = text_of(FOLDER, page)
             headings = re.findall(r"^##? (.*)$", (pathlib.Path(PROJECT) / page).read_text(encoding="utf-8"), re.MULTILINE)
@@ -39,12 +39,12 @@ class Reference(unittest.TestCase):
                 with self.subTest(f"{page}: {heading}"):
                     self.assertIn(heading.replace("`", ""), shown)
 
-    def test_what_only_tests_read_is_left_out(self):
+    def test_comments_for_tests_are_removed(self):
         for page in PAGES:
             with self.subTest(page):
                 self.assertNotIn("not run:", text_of(FOLDER, page))
 
-    def test_the_pictures_are_there(self):
+    def test_the_pictures_are_included(self):
         for picture in ("help", "face", "bar"):
             self.assertEqual((pathlib.Path(FOLDER) / f"{picture}.svg").read_bytes(),
                              (pathlib.Path(PROJECT) / "docs" / "pictures" / f"{picture}.svg").read_bytes(), picture)

@@ -1,20 +1,20 @@
 #!/usr/bin/env python3
-"""Does what a page of the documentation shows, and compares what comes out, to the byte.
+"""Runs the code of a page of the documentation and compares its output with the page, byte for byte.
 
-run_page.py BUILD PAGE                   exit status 1 when anything differs, or when a block is of no known kind
-run_page.py BUILD PAGE --write           writes what the commands print into the page, to be read before it is committed
-run_page.py BUILD PAGE --without-python  leaves Python programs out, for libraries that Python cannot load
+run_page.py BUILD PAGE                   exits with status 1 for a difference or a block of an unknown kind
+run_page.py BUILD PAGE --write           writes the output of the commands into the page; read it before you commit it
+run_page.py BUILD PAGE --without-python  skips Python programs, for libraries that Python cannot load
 
-BUILD is a build folder of kelplib. The library is installed from there into a home folder of its own, which the page shows
-as /home/ann, and the page is played in its folder "work", where LICENSE lies as well. CXX, CC, CXXFLAGS and
-CFLAGS in the environment tell how programs are compiled.
+BUILD is a build folder of kelplib. The script installs the library from there into a temporary home folder, which the page
+shows as /home/ann, and runs the page in its folder "work", which also contains LICENSE. The environment variables CXX, CC,
+CXXFLAGS and CFLAGS set the compilers and their options.
 
-Blocks of a page, in order:
-- console: lines "$ command", each with its output below. A command succeeds. Colours are left out; other control
-  characters have to be made visible by the command itself.
-- any other with "`name`:" in front of it: that file. C and C++ are compiled, under the file's name.
-- a part of a program: in front of it a hidden comment, "around name.cpp", with the rest and @@ in the block's place.
-- whatever is not to be run: in front of it a hidden comment, "not run: " and the reason.
+The blocks of a page are used in order:
+- console: lines "$ command", each with its output below. Every command must succeed. Colours are removed; the command itself
+  must make other control characters visible.
+- any other block below "`name`:" is that file. C and C++ files are compiled to a program of the same name.
+- a part of a program: a hidden comment above it, "around name.cpp", contains the rest, with @@ in place of the block.
+- a block that is not run: a hidden comment above it contains "not run: " and the reason.
 """
 
 import argparse
@@ -39,7 +39,7 @@ SECONDS = 60
 
 
 class Home:
-    """A home folder with the installed library, in which pages are played."""
+    """A home folder with the installed library, in which pages are run."""
 
     def __init__(self, folder, build, project):
         self.folder = pathlib.Path(folder).resolve()
@@ -56,14 +56,14 @@ class Home:
                                 LD_LIBRARY_PATH=str(self.library), LC_ALL="C.UTF-8")
 
     def run(self, command):
-        """What a command prints, and its exit status."""
+        """Returns the output of a command and its exit status."""
         done = subprocess.run(command, cwd=self.work, env=self.environment, stdin=subprocess.DEVNULL, check=False,
                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=SECONDS)
         output = done.stdout.decode("utf-8", "backslashreplace")
         return COLOUR.sub("", output).replace(str(self.folder), SHOWN_HOME), done.returncode
 
     def add(self, name, text):
-        """Writes a file, and compiles a program. Returns what is wrong with it."""
+        """Writes a file and compiles it if it is a program. Returns the compiler's errors."""
         path = self.work / name
         path.write_text(text, encoding="utf-8")
         if path.suffix not in COMPILERS:
@@ -80,30 +80,30 @@ def differences(where, command, shown, output):
     return f"{where}: $ {command}\n" + "\n".join(lines)
 
 
-def play_console(home, block, name, skipped):
-    """Runs the commands of a block. Returns the block's text as it should be, and what is wrong."""
-    text, wrong = "", []
+def check_console(home, block, name, skipped):
+    """Runs the commands of a block. Returns the corrected text of the block and its faults."""
+    text, faults = "", []
     for line, command, shown in pages.commands(block):
         where = f"{name}:{line}"
         output, status = (shown, 0) if command.startswith(skipped) else home.run(["bash", "-c", command])
         if status:
-            wrong.append(f"{where}: $ {command}\nexit status {status}\n{output}")
+            faults.append(f"{where}: $ {command}\nexit status {status}\n{output}")
         if output and not output.endswith("\n"):
-            wrong.append(f"{where}: what is printed has to end in a line end")
+            faults.append(f"{where}: the output does not end in a newline")
         elif CONTROL.search(output):
-            wrong.append(f"{where}: control characters, to be made visible: {output!r}")
+            faults.append(f"{where}: control characters that the command must make visible: {output!r}")
         elif output != shown:
-            wrong.append(differences(where, command, shown, output))
+            faults.append(differences(where, command, shown, output))
         text += f"$ {command}\n{output}"
-    return text, wrong
+    return text, faults
 
 
-def play(home, block, name, skipped):
-    """Does what one block shows. Returns its text as it should be, and what is wrong."""
+def check_block(home, block, name, skipped):
+    """Runs one block. Returns its corrected text and its faults."""
     if block.is_left_out():
         return block.text, []
     if block.kind == "console":
-        return play_console(home, block, name, skipped)
+        return check_console(home, block, name, skipped)
     file = block.file()
     if not file:
         return block.text, [f"{name}:{block.line}: a block of unknown use ({block.kind or 'no kind'})"]
@@ -111,21 +111,21 @@ def play(home, block, name, skipped):
     return block.text, [f"{name}:{block.line}: {file[0]}\n{problem}"] if problem else []
 
 
-def play_page(home, path, skipped):
-    """The page as it should be, and all that is wrong with it."""
-    page, wrong, renewed, at = path.read_text(encoding="utf-8"), [], "", 0
+def check_page(home, path, skipped):
+    """Returns the corrected page and its faults."""
+    page, faults, renewed, at = path.read_text(encoding="utf-8"), [], "", 0
     for block in pages.blocks(page):
-        text, problems = play(home, block, path.name, skipped)
-        wrong += problems
+        text, problems = check_block(home, block, path.name, skipped)
+        faults += problems
         if block.kind == "console":
             begin = page.index(f"\n{block.text}```", at) + 1
             renewed += page[at:begin] + text
             at = begin + len(block.text)
-    return renewed + page[at:], wrong
+    return renewed + page[at:], faults
 
 
 def main():
-    parser = argparse.ArgumentParser(description="Does what a page of the documentation shows.")
+    parser = argparse.ArgumentParser(description="Runs the code of a page of the documentation.")
     parser.add_argument("build")
     parser.add_argument("page", type=pathlib.Path)
     parser.add_argument("--write", action="store_true")
@@ -134,11 +134,11 @@ def main():
     project = pathlib.Path(__file__).resolve().parent.parent.parent
     with tempfile.TemporaryDirectory(prefix="kelplib-page.") as folder:
         home = Home(folder, arguments.build, project)
-        renewed, wrong = play_page(home, arguments.page, "python3 " if arguments.without_python else ())
+        renewed, faults = check_page(home, arguments.page, "python3 " if arguments.without_python else ())
     if arguments.write:
         arguments.page.write_text(renewed, encoding="utf-8")
-    print("\n".join(wrong) or f"{arguments.page.name} shows what happens")
-    return 1 if wrong else 0
+    print("\n".join(faults) or f"{arguments.page.name} is right")
+    return 1 if faults else 0
 
 
 if __name__ == "__main__":
