@@ -1,5 +1,5 @@
-// Feeds a target with the inputs that fuzzing has kept, without a fuzzer: fuzz_replay TARGET FOLDER. It prints how many there
-// were. An input that fails is named on standard error before the process ends; so is a folder without inputs.
+// Feeds a target with stored inputs, without a fuzzer: fuzz_replay TARGET FOLDER...
+// Prints the number of inputs. Names the input that fails on standard error. A folder without inputs is a failure too.
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
@@ -50,13 +50,30 @@ std::vector<std::filesystem::path> inputsIn(const char* folder) {
     return files;
 }
 
-void replay(fuzz::Target* run, const std::filesystem::path& file) {
+void replayFile(fuzz::Target* run, const std::filesystem::path& file) {
     current = file.string();
     std::ifstream stream(file, std::ios::binary);
     const std::vector<char> bytes{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-    // A copy of its own size, so that reading beyond it is seen.
+    // A copy of exactly this size lets AddressSanitizer and valgrind see reads beyond the input.
     const std::vector<std::uint8_t> data(bytes.begin(), bytes.end());
     run(data.data(), data.size());
+}
+
+int replayFolders(const Named& target, const std::vector<const char*>& folders) {
+    std::size_t count = 0;
+    for (const char* const folder : folders) {
+        const auto files = inputsIn(folder);
+        if (files.empty()) {
+            static_cast<void>(std::fprintf(stderr, "no inputs: %s\n", folder));
+            return 1;
+        }
+        for (const auto& file : files) {
+            replayFile(target.run, file);
+        }
+        count += files.size();
+    }
+    static_cast<void>(std::fprintf(stderr, "%s: %zu inputs\n", target.name, count));
+    return 0;
 }
 
 }  // namespace
@@ -64,15 +81,10 @@ void replay(fuzz::Target* run, const std::filesystem::path& file) {
 int main(int argc, char** argv) {
     static_cast<void>(std::signal(SIGABRT, nameInput));
     for (const Named& target : targets) {
-        if (argc == 3 && target.name == std::string(argv[1])) {
-            const auto files = inputsIn(argv[2]);
-            for (const auto& file : files) {
-                replay(target.run, file);
-            }
-            static_cast<void>(std::fprintf(stderr, "%s: %zu inputs\n", target.name, files.size()));
-            return files.empty() ? 1 : 0;
+        if (argc >= 3 && target.name == std::string(argv[1])) {
+            return replayFolders(target, {argv + 2, argv + argc});
         }
     }
-    static_cast<void>(std::fputs("usage: fuzz_replay TARGET FOLDER\n", stderr));
+    static_cast<void>(std::fputs("usage: fuzz_replay TARGET FOLDER...\n", stderr));
     return 2;
 }
