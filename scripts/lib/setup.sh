@@ -1,6 +1,6 @@
 # shellcheck shell=bash
-# What the scripts share: the project's folder, a scratch folder that goes away at the end, and the
-# installation of the tools that are missing. Source it; it changes into the project's folder.
+# Shared by all scripts, which source it: help, the installation of missing tools, and a scratch folder that is removed at
+# exit. Changes into the project's folder.
 
 set -euo pipefail
 
@@ -14,13 +14,31 @@ trap 'rm -rf "$scratch"' EXIT
 trap 'exit 130' INT
 trap 'exit 143' TERM
 
-# fail TEXT...: one line on standard error, exit status 1.
+# offer_help WORD...: reads the script's help text from standard input; its first line is the usage. If the only word is -h or
+# --help, prints the text and exits.
+offer_help() {
+    help_text=$(cat)
+    case $#:${1-} in
+        1:-h | 1:--help)
+            printf '%s\n' "$help_text"
+            exit
+            ;;
+    esac
+}
+
+# refuse: prints the usage on standard error and exits with status 2.
+refuse() {
+    printf '%s\n' "${help_text%%$'\n'*}" >&2
+    exit 2
+}
+
+# fail TEXT...: prints one line on standard error and exits with status 1.
 fail() {
     printf '%s: %s\n' "$script" "$*" >&2
     exit 1
 }
 
-# Each need is "TEST PACKAGE...": a command, or the path of a file (wildcards allowed), and Debian's packages that bring it.
+# Each need is "TEST PACKAGE...": a command or the path of a file (wildcards allowed), and the Debian packages that provide it.
 needs=()
 
 need_for_demo() {
@@ -33,7 +51,7 @@ need_for_tests() {
             "/usr/lib/python3/dist-packages/pyte/__init__.py python3-pyte")
 }
 
-# cmake asks for a compiler although none compiles anything here.
+# cmake checks for a compiler although the documentation needs none.
 need_for_docs() {
     need_for_demo
     needs+=("doxygen doxygen" "/usr/share/doxygen-awesome-css/doxygen-awesome.css doxygen-awesome-css")
@@ -43,7 +61,7 @@ need_for_windows() {
     needs+=("x86_64-w64-mingw32-g++-posix g++-mingw-w64-x86-64-posix" "wine wine wine64")
 }
 
-# Compilers for other processors, and what runs their programs.
+# Compilers for other processors, and emulators for their programs.
 need_for_processors() {
     need_for_tests
     needs+=("aarch64-linux-gnu-g++ g++-aarch64-linux-gnu" "qemu-aarch64 qemu-user"
@@ -102,7 +120,7 @@ need_for_all_tests() {
     need_for_windows
     need_for_processors
     needs+=(
-        "pkg-config pkg-config" "valgrind valgrind" "clang clang" "clang++ clang" "run-clang-tidy clang-tidy" "clang-format clang-format"
+        "pkg-config pkg-config" "run-clang-tidy clang-tidy" "clang-format clang-format"
         "/usr/lib/llvm-*/include/c++/v1/version libc++-dev" "/usr/lib/llvm-*/lib/libc++abi.so libc++abi-dev")
 }
 
@@ -111,7 +129,7 @@ need_for_coverage() {
     needs+=("gcovr gcovr")
 }
 
-# The change of sources reads C++ with the release's own libclang.
+# Mutation parses the sources with the distribution's libclang.
 need_for_mutation() {
     need_for_tests
     needs+=("/usr/lib/python3/dist-packages/clang/cindex.py python3-clang"
@@ -119,7 +137,7 @@ need_for_mutation() {
             "/usr/lib/llvm-*/lib/clang/*/include/stddef.h clang")
 }
 
-# is_there TEST: whether a need is met.
+# is_there TEST: succeeds if the command or file exists.
 is_there() {
     case $1 in
         /*) compgen -G "$1" >/dev/null ;;
@@ -127,7 +145,7 @@ is_there() {
     esac
 }
 
-# missing_packages: the packages of the needs that are not met, each once, on one line.
+# missing_packages: prints the packages of unmet needs, each once, on one line.
 missing_packages() {
     local words word need_line packages=()
     for need_line in "${needs[@]}"; do
@@ -141,7 +159,7 @@ missing_packages() {
     echo "${packages[*]}"
 }
 
-# check_cmake: refuses a cmake that does not know the presets' version.
+# check_cmake: fails if cmake is too old for the presets.
 check_cmake() {
     local version
     version=$(cmake --version | sed -n '1s/^cmake version \([0-9]*\.[0-9]*\).*/\1/p')
@@ -151,48 +169,60 @@ check_cmake() {
     fi
 }
 
-# quietly COMMAND...: runs it with its output in the log.
+# quietly COMMAND...: runs the command with its output in the log.
 quietly() {
     "$@" </dev/null >>"$scratch/log" 2>&1
 }
 
-# fail_with_log TEXT...: the end of the log, then fail.
+# fail_with_log TEXT...: prints the end of the log, then fails.
 fail_with_log() {
     tail -n 10 "$scratch/log" | sed 's/^/    /' >&2
     fail "$*"
 }
 
-# apt_get WORDS...: one quiet call that asks nothing, tried a second time when it fails.
+# build_quietly PRESET [OPTION...]: configures and builds; the options are for the build.
+build_quietly() {
+    quietly cmake --preset "$1" || fail_with_log "cmake --preset $1 failed"
+    quietly cmake --build --preset "$@" || fail_with_log 'the build failed'
+}
+
+# pack_usr BYTES: prints the first BYTES of an archive of this system's /usr, as material for long work.
+pack_usr() {
+    # tar complains about unreadable files, and about head, which closes the pipe early.
+    { tar -C / -cf - usr/lib usr/share usr/bin 2>/dev/null || true; } | head -c "$1"
+}
+
+# apt_get WORD...: calls apt-get quietly and without questions; tries again once if it fails.
 apt_get() {
     local call=(env DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8 apt-get -y -q -o DPkg::Lock::Timeout=300 "$@")
     if (( EUID != 0 )); then
-        # Without a terminal there is nobody who could type a password.
+        # Without a terminal sudo must not ask for a password.
         if [[ -t 0 ]]; then call=(sudo "${call[@]}"); else call=(sudo -n "${call[@]}"); fi
     fi
     quietly "${call[@]}" || quietly "${call[@]}"
 }
 
-# install_missing: meets the needs. Touches nothing and uses no network when they are met already.
+# install_missing: installs the packages of unmet needs. Changes nothing and uses no network if all needs are met.
 install_missing() {
     local packages words
     if is_there cmake; then check_cmake; fi
     packages=$(missing_packages)
     if [[ -n $packages ]]; then
-        is_there apt-get || fail "missing, to be installed by hand (Debian's package names): $packages"
-        (( EUID == 0 )) || is_there sudo || fail "missing, to be installed by root (apt-get install): $packages"
+        is_there apt-get || fail "missing; please install them (Debian package names): $packages"
+        (( EUID == 0 )) || is_there sudo || fail "missing; please install them as root (apt-get install): $packages"
         printf 'Installing what is missing: %s\n' "$packages"
         read -ra words <<<"$packages"
-        # An index that cannot be fetched need not matter; the installation shows it.
+        # A failed update may not matter; the installation shows whether it does.
         apt_get update || true
         apt_get install --no-install-recommends "${words[@]}" || fail_with_log "missing and could not be installed: $packages"
         hash -r
         packages=$(missing_packages)
-        [[ -z $packages ]] || fail_with_log "installed, but their programs or files are not where kelplib looks: $packages"
+        [[ -z $packages ]] || fail_with_log "installed, but their programs or files are not in the expected places: $packages"
     fi
     check_cmake
 }
 
-# prepare_wine: has wine make its settings, which takes a while the first time, so that no test waits for them.
+# prepare_wine: lets wine create its settings, which takes a while the first time and would delay a test.
 prepare_wine() {
     echo 'Preparing wine'
     quietly timeout 300 cmake/run-under-wine wineboot || fail_with_log 'wine does not start'
