@@ -1,9 +1,10 @@
-# How the shared library resists misuse of its memory, where the compiler can: tools are given what they print by their
-# users. Sanitizers watch the memory themselves.
+# Hardens the shared library where the compiler supports it, because tools print text from their users. Off by default in
+# builds with sanitizers, which watch the memory themselves.
 #
-# Two guards take more than this library. -fcf-protection marks the targets of its jumps, but the linker declares a library
-# guarded (IBT, SHSTK) only if the C library's start files are. Those of Debian 12 and 13 are not, and their _init has no mark,
-# so -z ibt would be wrong there. On Windows only clang has a control-flow guard (-mguard=cf), and mingw-w64 means gcc here.
+# Two guards cannot be complete. -fcf-protection marks the targets of indirect jumps, but the linker marks a library as
+# guarded (IBT, SHSTK) only if the C library's start files are. Those of Debian 12 and 13 are not, and their _init lacks the
+# mark, so -z ibt would be wrong. On Windows only clang has a control-flow guard (-mguard=cf), and this project uses gcc
+# there.
 include(CheckCXXCompilerFlag)
 include(CheckCXXSourceCompiles)
 
@@ -12,17 +13,18 @@ if(CMAKE_CXX_FLAGS MATCHES "sanitize")
 else()
     set(unless_sanitized ON)
 endif()
-option(KELPLIB_HARDENING "Guarded stacks, checked calls, marked targets of jumps, read-only tables" ${unless_sanitized})
+option(KELPLIB_HARDENING "Stack protector, checked calls, marked jump targets, read-only relocations" ${unless_sanitized})
 
-# What guarded stacks call is in the C library, in that of mingw-w64 from release 11 (Debian 13) on. Before, gcc's libssp has
-# it, which would be one more DLL beside every tool. Linked in, it makes each start under wine 40 ms longer.
+# -fstack-protector needs __stack_chk_fail. mingw-w64's C library has it from release 11 (Debian 13) on. Before that only
+# gcc's libssp has it: as one more DLL beside every tool or, linked statically, with a start under wine that takes 40 ms
+# longer.
 if(WIN32)
     check_cxx_source_compiles("extern \"C\" void __stack_chk_fail(); int main() { __stack_chk_fail(); }" KELPLIB_HAS_STACK_GUARD)
 else()
     set(KELPLIB_HAS_STACK_GUARD ON)
 endif()
 
-# kelplib_harden_code(TARGET): what its code is compiled with.
+# kelplib_harden_code(TARGET): adds the compiler's guards.
 function(kelplib_harden_code target)
     if(NOT KELPLIB_HARDENING)
         return()
@@ -41,14 +43,14 @@ function(kelplib_harden_code target)
             target_compile_options(${target} PRIVATE ${flag})
         endif()
     endforeach()
-    # The C library checks calls only in optimised code. A level that was chosen for the whole build stays.
+    # The C library checks calls only in optimised code. A level set for the whole build takes precedence.
     if(NOT WIN32 AND NOT CMAKE_CXX_FLAGS MATCHES "_FORTIFY_SOURCE")
         target_compile_options(${target} PRIVATE
             $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>)
     endif()
 endfunction()
 
-# kelplib_harden_library(TARGET): what it is linked with.
+# kelplib_harden_library(TARGET): adds the linker's guards.
 function(kelplib_harden_library target)
     if(NOT KELPLIB_HARDENING)
         return()

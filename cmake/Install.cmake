@@ -1,5 +1,5 @@
-# The ways into an installed kelplib: find_package(kelplib) for CMake, kelplib.pc for everything else. No file of it knows
-# where it was installed, so a whole installation may be moved.
+# Installs kelplib with find_package(kelplib) for CMake and kelplib.pc for other build systems. No installed file contains
+# the installation path, so an installation can be moved.
 include(CMakePackageConfigHelpers)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/kelplib)
 set(binary_dir ${CMAKE_CURRENT_BINARY_DIR})
@@ -22,5 +22,5 @@ install(FILES ${binary_dir}/kelplib.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgco
 install(FILES README.md CHANGELOG.md CONTRIBUTING.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation)
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation
     FILES_MATCHING PATTERN *.md PATTERN *.svg)
-# The pages lead to the headers and to the examples.
+# The pages link to the headers and the examples.
 install(DIRECTORY include examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation)

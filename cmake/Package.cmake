@@ -1,14 +1,14 @@
-# What cpack makes: Debian packages, for Windows a zip. scripts/package calls it.
+# Settings for cpack, which scripts/package calls: Debian packages on Linux, a zip for Windows.
 set(CPACK_PACKAGE_NAME kelplib)
 set(CPACK_PACKAGE_VENDOR "The kelplib authors")
-set(CPACK_PACKAGE_CONTACT "The kelplib authors <kelplib@packages.invalid>" CACHE STRING "Who maintains the packages")
+set(CPACK_PACKAGE_CONTACT "The kelplib authors <kelplib@packages.invalid>" CACHE STRING "Maintainer of the packages")
 set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR}/packages)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_COMPONENTS_ALL runtime development documentation)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
-# Every file gets one date, so that two builds give the same packages.
+# All files get the same date, so that the packages are reproducible.
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/packages/set_dates.cmake)
 
 if(WIN32)
@@ -27,7 +27,7 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(runtime_package libkelplib${PROJECT_VERSION_MAJOR})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${runtime_package})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
-# cpack's own way to the needed packages also writes scripts that call ldconfig; Debian has a trigger for that.
+# cpack's CPACK_DEBIAN_PACKAGE_SHLIBDEPS would also add scripts that call ldconfig; Debian uses a trigger instead.
 set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_LIST_DIR}/packages/debian_runtime.cmake)
 set(CPACK_KELPLIB_LIBRARY ${CMAKE_CURRENT_BINARY_DIR}/libkelplib.so.${PROJECT_VERSION})
 configure_file(cmake/packages/debian-shlibs.in debian/shlibs @ONLY)
@@ -36,27 +36,27 @@ set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA
     ${CMAKE_CURRENT_BINARY_DIR}/debian/shlibs ${CMAKE_CURRENT_BINARY_DIR}/debian/triggers)
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "Options, help, checks of the command line, typed values, output paths and
 progress on the console, the same for a whole family of tools.
-This package has the shared library.")
+This package contains the shared library.")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libkelplib-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${runtime_package} (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS libkelplib-doc)
-set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "The headers, and what CMake and pkg-config need to link a
-tool with the shared library.")
+set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "The headers, and the files with which CMake and pkg-config
+link a tool with the shared library.")
 
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_NAME libkelplib-doc)
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SECTION doc)
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
 set(CPACK_DEBIAN_DOCUMENTATION_DESCRIPTION "How to write a tool with the shared library, and how the
-library is made.")
+library is built.")
 
 find_program(KELPLIB_GZIP gzip)
 if(NOT KELPLIB_GZIP)
     message(STATUS "Without Debian packages, which need gzip")
     return()
 endif()
-# Each Debian package has its licence and its changes beside it; a plain installation leaves them out.
+# Each Debian package contains its licence and changelog; a plain installation leaves them out.
 string(TIMESTAMP package_date "%a, %d %b %Y %H:%M:%S +0000" UTC)
 configure_file(cmake/packages/debian-changelog.in debian/changelog @ONLY)
 configure_file(cmake/packages/debian-copyright.in debian/copyright @ONLY)

@@ -1,10 +1,10 @@
-# Whether the tests are built. KELPLIB_BUILD_TESTS=ON demands them. Unless it is set, the project's own build has them if
-# BUILD_TESTING, CMake's usual switch, is on and what they need is there.
+# Decides whether the tests are built. KELPLIB_BUILD_TESTS=ON requires them. If it is not set, a top-level build includes
+# them when BUILD_TESTING, CMake's usual option, is on and their dependencies are found.
 set(KELPLIB_GOOGLETEST_DIR /usr/src/googletest CACHE PATH "The sources of GoogleTest")
 if(PROJECT_IS_TOP_LEVEL)
-    option(BUILD_TESTING "Build the tests, if what they need is there" ON)
+    option(BUILD_TESTING "Build the tests if their dependencies are found" ON)
 endif()
-# Not an option: its value would count as the user's at the next run.
+# Not an option(), because the next run would take the cached default for the user's choice.
 if(NOT DEFINED KELPLIB_BUILD_TESTS)
     set(KELPLIB_BUILD_TESTS OFF)
     if(PROJECT_IS_TOP_LEVEL AND BUILD_TESTING)

@@ -1,5 +1,5 @@
-# Pages for Doxygen: hidden comments go, links to what is no page (code, folders) or to a part of the same page become their
-# text, links to a part of another page lead to the page, and pictures are as wide as their page at most.
+# Prepares a page for Doxygen. Removes hidden comments, replaces links to code, folders and sections of the same page with
+# their text, shortens links to sections of other pages to the page, and limits pictures to the width of the page.
 /^<!--.*-->$/d
 /^<!--/,/-->$/d
 s/\[([^]]*)\]\((\.\.\/)?(examples|include|src|tests|benchmarks|LICENSE)[^)]*\)/\1/g

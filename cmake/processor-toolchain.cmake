@@ -1,5 +1,5 @@
-# Cross-compiling for Linux on another processor, KELPLIB_PROCESSOR, with Debian's compilers. qemu-user runs the results; it
-# finds the C library by QEMU_LD_PREFIX, which the test presets set.
+# Cross-compiles with Debian's compilers for Linux on the processor KELPLIB_PROCESSOR. qemu-user runs the programs and finds
+# the C library through QEMU_LD_PREFIX, which the test presets set.
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR ${KELPLIB_PROCESSOR})
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES KELPLIB_PROCESSOR)

@@ -1,4 +1,4 @@
-# Cross-compiling for 64-bit Windows with mingw-w64 (POSIX threads), running the results under wine.
+# Cross-compiles for 64-bit Windows with mingw-w64 (POSIX threads) and runs the programs under wine.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)

@@ -1,4 +1,4 @@
-# Read by cpack before it makes Debian packages: which packages the library needs, as Debian's own tool finds it.
+# cpack reads this file before it makes the Debian packages: dpkg-shlibdeps finds the packages that the library depends on.
 set(folder ${CPACK_PACKAGE_DIRECTORY}/_CPack_Packages/needed)
 file(WRITE ${folder}/debian/control "")
 execute_process(COMMAND dpkg-shlibdeps -O -e${CPACK_KELPLIB_LIBRARY} WORKING_DIRECTORY ${folder}

@@ -1,5 +1,5 @@
-# Read by cpack after it has made the zip: packs the same files once more in the order of their names. cpack takes them in
-# the order in which the file system happens to have them.
+# cpack runs this after it has made the zip: packs the same files again, sorted by name, because cpack takes them in the
+# order of the file system.
 get_filename_component(top ${CPACK_TEMPORARY_DIRECTORY} DIRECTORY)
 file(GLOB_RECURSE files RELATIVE ${top} ${CPACK_TEMPORARY_DIRECTORY}/*)
 string(REPLACE ";" "\n" lines "${files}")

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""What the shared library exports: symbols_test.py [--renew] NM LIBRARY LIST INCLUDE_FOLDER
+"""Checks the names that the shared library exports: symbols_test.py [--renew] NM LIBRARY LIST INCLUDE_FOLDER
 
-LIBRARY is the library that programs are linked with: on Windows the import library. LIST has its exported names, one a line,
-in the same words whatever standard library is underneath. A name on it is declared in the public headers.
+LIBRARY is the library that programs are linked with, on Windows the import library. LIST contains its exported names, one
+per line, spelled the same for every standard library. The public headers declare each of them.
 
-  --renew  writes LIST anew
+  --renew  updates LIST
 """
 
 import pathlib
@@ -14,14 +14,14 @@ import sys
 import unittest
 
 HEADER = """\
-# The names that the shared library exports; constructors and destructors stand here once for each of their variants.
-# Only OptionReader::findValue is private: getValue, a template in the header, calls it.
-# Written by scripts/abi --renew; a test compares with them.
+# The names that the shared library exports. Constructors and destructors are listed once for each of their variants.
+# Only OptionReader::findValue is private; getValue, a template in the header, calls it.
+# scripts/abi --renew writes this file, and a test compares the library with it.
 """
 
 
 def in_plain_words(symbol):
-    """The name without the marks of one standard library: libstdc++'s and libc++'s are told in the same words."""
+    """Returns the name as it is spelled without the namespaces and tags of libstdc++ and libc++."""
     symbol = re.sub(r"\[abi:\w+\]", "", symbol)
     symbol = symbol.replace("std::__1::__fs::filesystem::", "std::filesystem::").replace("::__cxx11::", "::")
     symbol = symbol.replace("std::__1::", "std::").replace(" >", ">")
@@ -38,7 +38,7 @@ def defined_symbols(nm, *options):
 def exported_symbols(nm, library):
     if not library.endswith(".a"):
         return sorted(in_plain_words(symbol) for _, symbol in defined_symbols(nm, "--dynamic", "--demangle", library))
-    # Of an import library only the names themselves, not its tables. Data have a pointer to them and no name of their own.
+    # An import library also contains tables, which do not count. For data it has a pointer but no name.
     functions = {symbol for kind, symbol in defined_symbols(nm, library) if kind == "T"}
     pointers = {symbol.removeprefix("__imp_") for _, symbol in defined_symbols(nm, library) if symbol.startswith("__imp_")}
     names = [symbol for kind, symbol in defined_symbols(nm, "--demangle", library) if kind == "T"]
@@ -58,7 +58,7 @@ def public_words(folder):
 
 
 def qualified_name(symbol):
-    """The name in a symbol, without result, parameters and template arguments."""
+    """Returns the name in a symbol, without return type, parameters and template arguments."""
     text = symbol.replace("operator()", "operator_call")
     while (shorter := re.sub(r"<[^<>]*>", "", text)) != text:
         text = shorter
@@ -66,7 +66,7 @@ def qualified_name(symbol):
 
 
 def is_public(symbol, words):
-    """Whether the headers declare it: an instance of a template of the standard library is none of theirs."""
+    """Returns whether the headers declare the symbol; they declare no instances of standard library templates."""
     parts = [part.lstrip("~") for part in qualified_name(symbol).split("::")]
     if parts[0] == "std":
         return parts == ["std", "to_string"]
@@ -76,14 +76,14 @@ def is_public(symbol, words):
 class Exports(unittest.TestCase):
     maxDiff = None
 
-    def test_one_name_in_the_words_of_two_libraries(self):
+    def test_names_are_the_same_for_both_standard_libraries(self):
         for symbol in ("Kelp::f[abi:cxx11](std::__cxx11::basic_string<char, std::char_traits<char>, std::allocator<char> >)",
                        "Kelp::f(std::__1::basic_string<char, std::__1::char_traits<char>, std::__1::allocator<char> >)"):
             self.assertEqual(in_plain_words(symbol), "Kelp::f(std::string)")
         for symbol in ("g(std::filesystem::__cxx11::path&)", "g(std::__1::__fs::filesystem::path&)"):
             self.assertEqual(in_plain_words(symbol), "g(std::filesystem::path&)")
 
-    def test_internal_names_are_told_apart(self):
+    def test_internal_names_are_recognised(self):
         words = public_words(INCLUDE_FOLDER)
         for symbol in ("Kelp::platform::sleepMilliseconds(unsigned int)", "sleepMilliseconds", "Kelp::escape::red",
                        "Kelp::flagKey(std::string const&)", "(anonymous namespace)::copyrightLine", "std_like::name()",

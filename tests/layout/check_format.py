@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Checks with clang-format that every C and C++ file has the format of .clang-format: check_format.py FOLDER."""
+"""Checks that all C and C++ files are formatted as .clang-format says: check_format.py FOLDER"""
 
 import pathlib
 import subprocess

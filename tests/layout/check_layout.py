@@ -1,14 +1,15 @@
 #!/usr/bin/env python3
-"""Checks the structure of the source tree: check_layout.py FOLDER. Prints what is wrong; exit status 1 if anything is.
+"""Checks the structure of the source tree: check_layout.py FOLDER. Prints violations; exits with status 1 if there are any.
 
-- A private header is included from its own folder, or it lies in src/util or src/platform; util does not look up.
-- Examples, benchmarks and the tests of the shared library include the library's public headers only.
-- Headers do not include each other in a circle.
-- The systems' own headers and macros are in src/platform alone (and the export mark in Export.h). The examples' sources of
-  one system, common/*_posix and common/*_windows, include such headers too.
-- Functions that write without a bound, or that no library should call, do not occur.
-- Every source is listed in the build; nothing is globbed. A source has at most 200 lines. Public headers, which are
-  mostly documentation, and tests may have more.
+- A private header is included only from its own folder, unless it is in src/util or src/platform. util includes only itself
+  and platform, platform only itself.
+- Examples, their tests and benchmarks include only the library's public headers.
+- Headers do not include each other in a cycle.
+- Only src/platform uses system headers and macros (besides the export macro in Export.h). The examples' common/*_posix and
+  common/*_windows may include system headers, too, and so may tests and benchmarks.
+- Functions that write without a bound, or that no library should call, are not used.
+- Every source is listed in the build by name, without file(GLOB). A source has at most 200 lines, except for tests and for
+  public headers, which are mostly documentation.
 """
 
 import pathlib
@@ -31,13 +32,13 @@ def without_comments(text):
 
 
 def room(path):
-    """The folder of src that a path (or an included name) lies in."""
+    """Returns the folder of src that contains a path (or an included name)."""
     parts = path.removeprefix("src/").split("/")
     return parts[0] if len(parts) > 1 else ""
 
 
 def may_include(path, header):
-    """Whether a file of src may include a private header."""
+    """Returns whether a file of src may include a private header."""
     own, other = room(path), room(header)
     if own == other or other == "platform":
         return True
@@ -48,7 +49,7 @@ def wrong_includes(path, text):
     for quoted in INCLUDE.findall(text):
         name = quoted[1:-1]
         if SYSTEM_HEADERS.fullmatch(quoted) and not SYSTEM_SOURCES.fullmatch(path):
-            yield f"{path}: {quoted} belongs into src/platform"
+            yield f"{path}: {quoted} belongs in src/platform"
         if quoted[0] == '"' and path.startswith("src/") and not may_include(path, name):
             yield f"{path}: {quoted} is private to its folder"
         if quoted[0] == '"' and path.startswith("include/"):
@@ -59,14 +60,14 @@ def wrong_includes(path, text):
 
 def wrong_text(path, text):
     if SYSTEM_CHECKS.search(text) and not path.startswith("src/platform/") and path != "include/kelplib/Export.h":
-        yield f"{path}: asks for the system outside src/platform"
+        yield f"{path}: tests for a system outside src/platform"
     if path.startswith(("src/", "include/", "examples/")):
         for name in FORBIDDEN.findall(text):
             yield f"{path}: calls {name}"
 
 
-def circles(files):
-    """Headers of src that include themselves by way of others."""
+def cycles(files):
+    """Yields headers of src that include themselves through others."""
     edges = {path.removeprefix("src/"): [name[1:-1] for name in INCLUDE.findall(text)]
              for path, text in files.items() if path.startswith("src/") and path.endswith(".h")}
     for start in edges:
@@ -77,11 +78,11 @@ def circles(files):
                 seen.add(name)
                 rest.extend(edges.get(name, []))
         if start in seen:
-            yield f"src/{start}: includes itself by way of others"
+            yield f"src/{start}: includes itself through others"
 
 
 def findings(files, listed):
-    """What is wrong with the files (path to text), given the text of all CMake files."""
+    """Yields the violations in the files, a dictionary from path to text. `listed` is the text of all CMake files."""
     for path, whole in files.items():
         text = without_comments(whole)
         yield from wrong_includes(path, text)
@@ -90,9 +91,9 @@ def findings(files, listed):
             yield f"{path}: more than {MOST_LINES} lines"
         if path.endswith((".cpp", ".c")) and path.rsplit("/", 1)[1] not in listed:
             yield f"{path}: is not built"
-    yield from circles(files)
+    yield from cycles(files)
     if re.search(r"file\s*\(\s*GLOB", listed):
-        yield "CMake: sources are listed by hand"
+        yield "CMake: sources must be listed by name"
 
 
 def main():
@@ -104,7 +105,7 @@ def main():
                    *(path for folder in folders for path in (root / folder).rglob("CMakeLists.txt"))]
     listed = "\n".join(path.read_text(encoding="utf-8") for path in cmake_files)
     wrong = list(findings(files, listed))
-    print("\n".join(wrong) if wrong else f"{len(files)} files stand where they belong")
+    print("\n".join(wrong) if wrong else f"{len(files)} files: no violations")
     return 1 if wrong or not files else 0
 
 

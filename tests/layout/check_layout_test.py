@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The layout check finds what it promises to find, and nothing else."""
+"""Tests that check_layout.py finds exactly the violations it describes."""
 
 import unittest
 
@@ -40,18 +40,18 @@ class LayoutCheck(unittest.TestCase):
         self.assertEqual(found("benchmarks/parse/a.cpp", '#include "util/b.h"\n'),
                          ['benchmarks/parse/a.cpp: "util/b.h" is private to the library'])
 
-    def test_finds_the_systems_outside_the_platform_layer(self):
+    def test_finds_system_code_outside_the_platform_layer(self):
         self.assertEqual(found("src/util/a.cpp", "#include <windows.h>\n"),
-                         ["src/util/a.cpp: <windows.h> belongs into src/platform"])
+                         ["src/util/a.cpp: <windows.h> belongs in src/platform"])
         self.assertEqual(found("examples/a.cpp", "#include <unistd.h>\n"),
-                         ["examples/a.cpp: <unistd.h> belongs into src/platform"])
+                         ["examples/a.cpp: <unistd.h> belongs in src/platform"])
         self.assertEqual(found("examples/slice/a_posix.cpp", "#include <unistd.h>\n"),
-                         ["examples/slice/a_posix.cpp: <unistd.h> belongs into src/platform"])
+                         ["examples/slice/a_posix.cpp: <unistd.h> belongs in src/platform"])
         self.assertEqual(found("examples/common/a_posix.cpp", "#ifdef _WIN32\n"),
-                         ["examples/common/a_posix.cpp: asks for the system outside src/platform"])
+                         ["examples/common/a_posix.cpp: tests for a system outside src/platform"])
         for line in ("#ifdef _WIN32", "#if defined(__linux__)", "# elif defined(X) || defined(_WIN64)"):
             self.assertEqual(found("tests/unit/a.cpp", line + "\n"),
-                             ["tests/unit/a.cpp: asks for the system outside src/platform"])
+                             ["tests/unit/a.cpp: tests for a system outside src/platform"])
 
     def test_finds_forbidden_functions(self):
         for call in ("sprintf(text, format)", "std::strcpy (a, b)", "x = rand()", "gets(line)"):
@@ -59,14 +59,14 @@ class LayoutCheck(unittest.TestCase):
             self.assertEqual(found("src/util/a.cpp", f"    {call};\n"), [f"src/util/a.cpp: calls {name}"])
         self.assertEqual(found("src/util/a.cpp", "snprintf(a); targets(b); file.gets(c);\n"), [])
 
-    def test_finds_circles(self):
+    def test_finds_cycles(self):
         self.assertEqual(found("src/util/x.h", '#include "util/y.h"\n', **{"src/util/y.h": '#include "util/x.h"\n'}),
-                         ["src/util/x.h: includes itself by way of others",
-                          "src/util/y.h: includes itself by way of others"])
+                         ["src/util/x.h: includes itself through others",
+                          "src/util/y.h: includes itself through others"])
 
-    def test_finds_what_is_not_built_by_hand(self):
+    def test_finds_unlisted_sources(self):
         self.assertEqual(found("src/util/c.cpp", ""), ["src/util/c.cpp: is not built"])
-        self.assertEqual(found("src/util/a.cpp", "", "a.cpp file(GLOB x)"), ["CMake: sources are listed by hand"])
+        self.assertEqual(found("src/util/a.cpp", "", "a.cpp file(GLOB x)"), ["CMake: sources must be listed by name"])
 
     def test_finds_long_sources(self):
         self.assertEqual(found("src/util/a.cpp", "\n" * 200), [])

@@ -1,4 +1,4 @@
-"""Building and running the programs of consumer/ as another project would, for the scripts beside this one."""
+"""Builds and runs the programs of consumer/ as another project would; used by the tests in this folder."""
 
 import os
 import pathlib
@@ -12,12 +12,12 @@ ROOT = HERE.parent.parent
 NUMBERS = "-n=1:2.5"
 TOOL_OUTPUT = "1, 2.5\ncaught\nfrom the tool  50.0% ## |\r\n"
 FLAT_OUTPUT = "from C  50.0% ## |\r\n"
-# What a build of the library alone needs.
+# Files that a build of the library without tests needs.
 SOURCES = ("CMakeLists.txt", "cmake", "include", "src", "README.md", "CHANGELOG.md", "CONTRIBUTING.md", "LICENSE", "docs", "examples")
 
 
 def output(*command, **environment):
-    """Runs a command to its end and returns what it wrote on standard output; a failure shows all that it wrote."""
+    """Runs a command and returns its standard output; if it fails, the error contains all of its output."""
     done = subprocess.run([str(word) for word in command], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                           stderr=subprocess.PIPE, env={**os.environ, **environment}, timeout=600, check=False)
     if done.returncode != 0:
@@ -26,7 +26,7 @@ def output(*command, **environment):
 
 
 def refusal(*command, **environment):
-    """Runs a command that has to fail and returns what it wrote, its line ends and blanks as one blank each."""
+    """Runs a command that has to fail and returns its output with all white space reduced to single blanks."""
     done = subprocess.run([str(word) for word in command], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                           stderr=subprocess.STDOUT, env={**os.environ, **environment}, timeout=600, check=False)
     if done.returncode == 0:
@@ -35,7 +35,7 @@ def refusal(*command, **environment):
 
 
 def built(project, folder, *settings):
-    """Configures and builds one of the projects in a new folder, without a network, and returns the folder."""
+    """Configures and builds one of the projects in a new folder without network access; returns the folder."""
     output("cmake", "-G", "Ninja", "-S", HERE / project, "-B", folder, "-DFETCHCONTENT_FULLY_DISCONNECTED=ON",
            *settings, http_proxy="http://127.0.0.1:9", https_proxy="http://127.0.0.1:9")
     output("cmake", "--build", folder, "--parallel", "2")
@@ -43,7 +43,7 @@ def built(project, folder, *settings):
 
 
 def copy_of_sources(folder):
-    """The library's sources in another folder."""
+    """Copies the library's sources to another folder and returns it."""
     folder.mkdir(parents=True)
     for name in SOURCES:
         if (ROOT / name).is_dir():

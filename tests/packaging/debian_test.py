@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""The Debian packages, installed, used and purged: debian_test.py FOLDER_OF_PACKAGES
+"""Installs, uses and purges the Debian packages: debian_test.py FOLDER_OF_PACKAGES
 
-dpkg installs them into a temporary folder, as root, with this machine's list of packages for their dependencies; the machine
-itself stays as it is.
+Needs root. dpkg installs the packages into a temporary folder and looks up their dependencies in this machine's list of
+packages; the machine itself does not change.
 """
 
 import pathlib
@@ -25,7 +25,7 @@ class DebianPackages(InOneFolder):
         database = cls.root / "var" / "lib" / "dpkg"
         for folder in ("updates", "info", "triggers"):
             (database / folder).mkdir(parents=True)
-        # Those of this machine count as installed, without their files, unless they are an older kelplib.
+        # This machine's packages count as installed, without their files. An older kelplib does not.
         known = pathlib.Path("/var/lib/dpkg/status").read_text(encoding="utf-8").split("\n\n")
         others = [entry for entry in known if not re.match(r"Package: libkelplib", entry)]
         (database / "status").write_text("\n\n".join(others), encoding="utf-8")
@@ -42,7 +42,7 @@ class DebianPackages(InOneFolder):
     def test_install_use_purge(self):
         packages = sorted(PACKAGES.glob("*.deb"))
         self.assertEqual([path.name.split("_")[0] for path in packages], NAMES)
-        # The development files need the library of the same version, and dpkg knows it.
+        # The development package depends on the library of the same version.
         refused = subprocess.run(["dpkg", f"--root={self.root}", "-i", packages[0]], stdout=subprocess.PIPE,
                                  stderr=subprocess.STDOUT, check=False, encoding="utf-8")
         self.assertIn("libkelplib-dev depends on libkelplib1 (= 1.0.0)", refused.stdout)

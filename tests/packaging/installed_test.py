@@ -1,7 +1,5 @@
 #!/usr/bin/env python3
-"""An installed kelplib, used in every way that needs no build of it: installed_test.py BUILD_FOLDER C_COMPILER
-CXX_COMPILER --flags=CXX_FLAGS
-"""
+"""Uses an installed kelplib in every way: installed_test.py BUILD_FOLDER C_COMPILER CXX_COMPILER --flags=CXX_FLAGS"""
 
 import re
 import shlex
@@ -22,15 +20,15 @@ class Installed(InOneFolder):
         super().setUpClass()
         cls.prefix = cls.folder / "prefix"
         output("cmake", "--install", BUILD, "--prefix", cls.prefix)
-        # Moved, and into a folder with blanks: every way in has to work from there too.
+        # Everything has to work after a move, too, even to a path with blanks.
         cls.moved = cls.folder / "a moved" / "pre fix"
         shutil.copytree(cls.prefix, cls.moved, symlinks=True)
         cls.library_folder = next(cls.prefix.rglob("libkelplib.so.1")).parent.relative_to(cls.prefix)
 
     def flags(self, prefix):
-        told = output("pkg-config", "--cflags", "--libs", "kelplib",
-                      PKG_CONFIG_PATH=str(prefix / self.library_folder / "pkgconfig"))
-        return [*shlex.split(told), f"-Wl,-rpath,{prefix / self.library_folder}"]
+        printed = output("pkg-config", "--cflags", "--libs", "kelplib",
+                         PKG_CONFIG_PATH=str(prefix / self.library_folder / "pkgconfig"))
+        return [*shlex.split(printed), f"-Wl,-rpath,{prefix / self.library_folder}"]
 
     def test_by_find_package(self):
         for name, prefix in (("installed", self.prefix), ("moved", self.moved)):
@@ -48,7 +46,7 @@ class Installed(InOneFolder):
                 self.assertEqual(output(tool, NUMBERS), TOOL_OUTPUT)
 
     def test_by_a_c_compiler_alone(self):
-        # A program at a fixed address gets the library's object copied into itself: there must be one all the same.
+        # A program at a fixed address contains a copy of the library's object, which both must use.
         for name, words in (("any address", []), ("fixed address", ["-fno-pie", "-no-pie"])):
             with self.subTest(name):
                 program = self.folder / f"flat {name}"
@@ -71,14 +69,14 @@ class Installed(InOneFolder):
         output("cmake", "--build", folder, "--parallel", "2", "--target", "flat_progress", "slice")
         self.assertTrue((folder / "slice").exists())
 
-    def test_no_file_knows_a_folder_of_this_machine(self):
+    def test_no_file_contains_a_path_of_this_machine(self):
         for path in sorted(self.prefix.rglob("*")):
             if path.suffix in (".cmake", ".pc", ".h"):
                 text = path.read_text(encoding="utf-8")
                 for known in (str(self.folder), str(ROOT), BUILD):
                     self.assertNotIn(known, text, path)
 
-    def test_the_whole_interface_is_there_and_nothing_else(self):
+    def test_exactly_the_public_files_are_installed(self):
         files = [path.relative_to(self.prefix).as_posix() for path in self.prefix.rglob("*") if not path.is_dir()]
         library = self.library_folder.as_posix()
         beside = re.compile(rf"share/doc/|{library}/cmake/kelplib/kelplibTargets-\w+\.cmake")

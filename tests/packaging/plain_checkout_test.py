@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""What a plain checkout builds on a user's machine: plain_checkout_test.py CXX_COMPILER"""
+"""Checks which targets and flags a plain checkout gives its users: plain_checkout_test.py CXX_COMPILER"""
 
 import json
 import sys
@@ -13,7 +13,7 @@ NO_GOOGLETEST = "-DKELPLIB_GOOGLETEST_DIR=/no/such/folder"
 
 class Checkout(InOneFolder):
     def configured(self, *settings, build="build"):
-        """Configures a build of this test; returns what cmake printed, the targets and the commands that compile."""
+        """Configures a build for this test; returns the output of cmake, the targets and the compile commands."""
         build = self.folder / self.id() / build
         printed = output("cmake", "-G", "Ninja", "-S", ROOT, "-B", build, f"-DCMAKE_CXX_COMPILER={CXX_COMPILER}", *settings)
         targets = output("cmake", "--build", build, "--target", "help")
@@ -21,14 +21,14 @@ class Checkout(InOneFolder):
         return printed, targets, [entry["command"] for entry in commands]
 
     def compiler_of_version(self, major):
-        """The compiler under another version's number."""
+        """Returns the compiler, disguised as another version."""
         compiler = self.folder / f"version-{major}"
         compiler.write_text(f'#!/bin/sh\nexec "{CXX_COMPILER}" -U__GNUC__ -D__GNUC__={major} "$@"\n', encoding="utf-8")
         compiler.chmod(0o755)
         return compiler
 
     def check_errors(self, expected, commands):
-        """Whether warnings are errors in the library's own code."""
+        """Checks whether warnings are errors in the library's own code."""
         library = [command for command in commands if "/src/console/" in command]
         self.assertTrue(library)
         self.assertEqual({expected}, {" -Werror " in command for command in library})
@@ -45,18 +45,18 @@ class Checkout(InOneFolder):
         # The next run looks again.
         self.assertIn("unit_tests", self.configured("-UKELPLIB_GOOGLETEST_DIR")[1])
 
-    def test_it_has_no_tests_where_cmake_is_asked_for_none(self):
+    def test_it_has_no_tests_if_testing_is_switched_off(self):
         printed, targets, _ = self.configured("-DBUILD_TESTING=OFF", NO_GOOGLETEST)
         self.assertNotIn("Without tests", printed)
         self.assertIn("libkelplib.so", targets)
         self.assertNotIn("unit_tests", targets)
 
-    def test_tests_that_are_asked_for_need_googletest(self):
+    def test_requested_tests_need_googletest(self):
         self.assertIn("The tests need GoogleTest's sources in KELPLIB_GOOGLETEST_DIR (Debian's package googletest)",
                       refusal("cmake", "-G", "Ninja", "-S", ROOT, "-B", self.folder / self.id(), NO_GOOGLETEST,
                               f"-DCMAKE_CXX_COMPILER={CXX_COMPILER}", "-DKELPLIB_BUILD_TESTS=ON"))
 
-    def test_warnings_are_errors_in_presets_with_known_compilers_alone(self):
+    def test_warnings_are_errors_only_in_presets_with_known_compilers(self):
         for version, errors in ((12, True), (11, False)):
             with self.subTest(version):
                 compiler = self.compiler_of_version(version)

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""What kelplib says where it cannot be built or used: refusals_test.py BUILD_FOLDER CXX_COMPILER"""
+"""Checks the errors when kelplib cannot be built or used: refusals_test.py BUILD_FOLDER CXX_COMPILER"""
 
 import os
 import pathlib
@@ -28,7 +28,7 @@ class Refusals(unittest.TestCase):
         return path
 
     def commands(self, *names):
-        """A folder with these of the system's commands and nothing else."""
+        """Creates a folder with only these commands of the system."""
         folder = self.folder / "commands"
         folder.mkdir()
         for name in names:
@@ -38,19 +38,19 @@ class Refusals(unittest.TestCase):
     def test_an_old_cmake_does_not_find_it(self):
         output("cmake", "--install", BUILD, "--prefix", self.folder / "prefix")
         script = self.file("find.cmake", "set(CMAKE_VERSION 3.22.9)\nfind_package(kelplib REQUIRED CONFIG)\n")
-        # A script has no compiler that would tell the folder's name.
+        # find_package cannot search by itself, because a script has no compiler that determines the library folder.
         package = next(self.folder.rglob("kelplibConfig.cmake")).parent
-        told = refusal("cmake", f"-Dkelplib_DIR={package}", "-P", script)
-        self.assertIn("kelplib needs CMake 3.23 or newer; this is 3.22.9.", told)
+        printed = refusal("cmake", f"-Dkelplib_DIR={package}", "-P", script)
+        self.assertIn("kelplib needs CMake 3.23 or newer; this is 3.22.9.", printed)
 
     def test_an_old_compiler_does_not_build_it(self):
         self.file("old/filesystem", '#error "not in this library"\n')
         for way in ("add_subdirectory", "fetch_content"):
             with self.subTest(way):
-                told = refusal("cmake", "-G", "Ninja", "-S", HERE / way, "-B", self.folder / way,
+                printed = refusal("cmake", "-G", "Ninja", "-S", HERE / way, "-B", self.folder / way,
                                f"-DKELPLIB_FOLDER={ROOT}", f"-DCMAKE_CXX_COMPILER={CXX_COMPILER}",
                                f"-DCMAKE_CXX_FLAGS=-isystem {self.folder / 'old'}")
-                self.assertIn("kelplib needs a C++17 compiler and standard library with <filesystem>", told)
+                self.assertIn("kelplib needs a C++17 compiler and standard library with <filesystem>", printed)
 
     def test_an_old_language_does_not_include_it(self):
         for header, language, allowed in (("CommandLineTool.h", "c++14", False), ("CommandLineTool.h", "c++17", True),
@@ -65,21 +65,21 @@ class Refusals(unittest.TestCase):
 
     def test_a_missing_cross_compiler_is_named(self):
         folder = self.commands("cmake")
-        told = refusal("cmake", "-G", "Ninja", "-S", HERE / "add_subdirectory", "-B", self.folder / "build",
+        printed = refusal("cmake", "-G", "Ninja", "-S", HERE / "add_subdirectory", "-B", self.folder / "build",
                        f"-DKELPLIB_FOLDER={ROOT}", f"-DCMAKE_TOOLCHAIN_FILE={ROOT / 'cmake' / 'windows-toolchain.cmake'}",
                        PATH=str(folder))
-        # The first thing told.
-        self.assertRegex(told, r"^CMake Error at \S+/windows-toolchain.cmake:\d+ \(message\): The cross-compiler "
+        # Nothing is printed before.
+        self.assertRegex(printed, r"^CMake Error at \S+/windows-toolchain.cmake:\d+ \(message\): The cross-compiler "
                                r"x86_64-w64-mingw32-g\+\+-posix is missing \(Debian's package "
                                r"g\+\+-mingw-w64-x86-64-posix\)\.")
 
-    def test_a_package_that_cannot_be_had_is_named(self):
+    def test_a_package_that_cannot_be_installed_is_named(self):
         tools = self.file("tools/apt-get", "#!/bin/sh\necho E: no network\nexit 100\n", 0o755).parent
         self.file("tools/sudo", '#!/bin/sh\nwhile [ "$1" != apt-get ]; do shift; done\nexec "$@"\n', 0o755)
         script = self.file("scripts/try", f"source {ROOT}/scripts/lib/setup.sh\n"
                                           "needs+=('no-such-command no-such-package')\ninstall_missing\n")
-        told = refusal("bash", script, PATH=f"{tools}:{os.environ['PATH']}")
-        self.assertTrue(told.endswith("scripts/try: missing and could not be installed: no-such-package"), told)
+        printed = refusal("bash", script, PATH=f"{tools}:{os.environ['PATH']}")
+        self.assertTrue(printed.endswith("scripts/try: missing and could not be installed: no-such-package"), printed)
 
 
 if __name__ == "__main__":

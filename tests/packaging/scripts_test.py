@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""What the scripts say before they do anything: scripts_test.py"""
+"""Checks that the scripts print help and refuse unknown words before they do anything: scripts_test.py"""
 
 import os
 import pathlib
@@ -15,7 +15,7 @@ SCRIPTS = sorted(path for path in (ROOT / "scripts").iterdir() if path.is_file()
 
 class Scripts(unittest.TestCase):
     def setUp(self):
-        """A machine on which every tool is missing, and where installing one leaves a mark."""
+        """Simulates a machine without tools, on which an attempt to install one leaves a mark."""
         holder = tempfile.TemporaryDirectory(prefix="kelplib.")
         self.addCleanup(holder.cleanup)
         self.folder = pathlib.Path(holder.name)
@@ -33,7 +33,7 @@ class Scripts(unittest.TestCase):
         self.assertFalse(self.mark.exists(), "something was installed")
         return done.returncode, done.stdout, done.stderr
 
-    def test_they_help_at_once(self):
+    def test_they_print_help(self):
         for path in SCRIPTS:
             for word in ("--help", "-h"):
                 with self.subTest(path.name, word=word):
@@ -42,7 +42,7 @@ class Scripts(unittest.TestCase):
                     self.assertTrue(printed.startswith(f"usage: scripts/{path.name} "), printed)
                     self.assertIn("\n  -h, --help ", printed)
 
-    def test_they_refuse_what_they_do_not_know(self):
+    def test_they_refuse_unknown_words(self):
         for path in SCRIPTS:
             with self.subTest(path.name):
                 status, printed, problem = self.run_script(path, "--unknown")

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""kelplib built inside another project: subproject_test.py WAY CXX_COMPILER BUILD_TYPE [LIBRARY]
+"""Builds kelplib inside another project: subproject_test.py WAY CXX_COMPILER BUILD_TYPE [LIBRARY]
 
-WAY is add_subdirectory or fetch_content. The project's kelplib lies in another folder, with a blank in its name. With
-LIBRARY, kelplib's own build of the same type, the project's has to become the same, byte for byte.
+WAY is add_subdirectory or fetch_content. The project uses a copy of kelplib in a folder with a blank in its name. LIBRARY
+comes from kelplib's own build of the same type; the project has to build an identical file.
 """
 
 import pathlib
@@ -30,7 +30,7 @@ class Subproject(InOneFolder):
     def test_the_tool_runs(self):
         self.assertEqual(output(self.build / "tool", NUMBERS), TOOL_OUTPUT)
 
-    @unittest.skipUnless(LIBRARY, "built in another way")
+    @unittest.skipUnless(LIBRARY, "no library to compare with")
     def test_the_library_is_the_same_as_from_another_folder(self):
         own = next(self.build.rglob("libkelplib.so.1.0.0"))
         self.assertTrue(own.read_bytes() == pathlib.Path(LIBRARY[0]).read_bytes(), f"{own} differs from {LIBRARY[0]}")

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""The zip for Windows, used by another project: windows_test.py BUILD_FOLDER TOOLCHAIN_FILE C_COMPILER
+"""Uses the zip for Windows in another project: windows_test.py BUILD_FOLDER TOOLCHAIN_FILE C_COMPILER
 
-cpack packs the build; the programs of consumer/ are cross-compiled with what the zip holds, and run under the emulator.
+cpack makes the zip. The programs of consumer/ are cross-compiled with its contents and run under wine.
 """
 
 import os

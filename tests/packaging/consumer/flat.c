@@ -1,9 +1,9 @@
-/* A C program on the flat interface: what it writes into the library's object, the library draws. */
+/* A C program that uses the flat interface: the library draws what the program stores in its object. */
 #include <kelplib/KelpProgress.h>
 
 #include <stdio.h>
 
-/* A declaration of another type does not compile beside the header's. */
+/* These declarations compile only if they agree with the header. */
 KELP_API int KELP_progress(double value, double total, int width, const char* text, double start_time);
 KELP_API double KELP_time_stamp(void);
 KELP_API void KELP_sleep(unsigned int milliseconds);
@@ -14,7 +14,7 @@ KELP_API int KELP_progress_global(double value);
 KELP_API int KELP_progress_smile(double value);
 extern KELP_API struct KELP_GlobalProgressData KELP_GlobalProgress;
 
-/* The members of the object in their order. */
+/* The offsets of the members are part of the interface. */
 typedef int order_is_kept[offsetof(struct KELP_GlobalProgressData, total) == 0 &&
                                   offsetof(struct KELP_GlobalProgressData, width) == 8 &&
                                   offsetof(struct KELP_GlobalProgressData, text) == 12 &&

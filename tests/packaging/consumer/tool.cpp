@@ -1,5 +1,5 @@
-// What a tool uses of a kelplib that it was given: the class, a template, an exception that comes out of the library, and
-// the object that both share.
+// Uses one of each kind of interface: the class, a template, an exception that the library throws, and the object that tool
+// and library share.
 #include <kelplib/CommandLineTool.h>
 #include <kelplib/KelpProgress.h>
 
