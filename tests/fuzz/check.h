@@ -10,10 +10,10 @@
 #include <type_traits>
 #include <vector>
 
-/// Comparing what the library gives with what a model gives. Numbers are compared bit by bit.
+/// Compares results of the library with those of a model. Numbers are compared bit by bit.
 namespace fuzz {
 
-/// Tells what went wrong on standard error and ends the process.
+/// Prints the message on standard error and aborts.
 [[noreturn]] inline void fail(const std::string& message) {
     static_cast<void>(std::fprintf(stderr, "\n%s\n", message.c_str()));
     std::abort();
@@ -67,7 +67,7 @@ std::string described(const std::tuple<T...>& elements) {
     return std::apply([](const auto&... each) { return (("[" + described(each) + "]") + ...); }, elements);
 }
 
-/// Ends the process unless the two are equal.
+/// Aborts unless the two are equal.
 template <class Actual, class Expected>
 void expectSame(const char* what, const Actual& actual, const Expected& expected) {
     if constexpr (std::is_convertible_v<Actual, std::string_view> &&

@@ -1,4 +1,4 @@
-// The whole input as the text of every list, set and tuple, over old contents.
+// Reads the whole input as the text of every list, set and tuple, over old contents.
 #include <kelplib/Kelp.h>
 
 #include "check.h"

@@ -11,12 +11,12 @@
 
 namespace fuzz {
 
-/// A text as C reads it: to its first NUL.
+/// Returns the text up to its first NUL, as C reads it.
 inline std::string untilNul(const std::string& text) {
     return text.substr(0, text.find('\0'));
 }
 
-/// The bytes of one input, taken from the front. What is used up reads as 0 and as empty texts.
+/// Reads the bytes of one input from front to back. At the end numbers are 0 and texts empty.
 class Input {
 public:
     Input(const std::uint8_t* data, std::size_t size) : begin(data), end(data + size) {}
@@ -25,7 +25,7 @@ public:
         return begin == end;
     }
 
-    /// A number by its bits.
+    /// Reads a number from its bytes.
     template <class T>
     T number() {
         T value{};
@@ -37,7 +37,7 @@ public:
         return value;
     }
 
-    /// What stands before the next line end.
+    /// Reads up to the next line feed, which it skips.
     std::string line() {
         const std::uint8_t* const lineEnd = std::find(begin, end, std::uint8_t{'\n'});
         std::string text(begin, lineEnd);
@@ -45,12 +45,12 @@ public:
         return text;
     }
 
-    /// A line as C reads it: to its first NUL.
+    /// Reads a line and returns it up to its first NUL, as C reads it.
     std::string cText() {
         return untilNul(line());
     }
 
-    /// The number that a line begins with, in decimal, between two limits.
+    /// Reads a line and returns the decimal number at its start, clamped to the limits.
     int smallNumber(int low, int high) {
         return static_cast<int>(std::clamp<long>(std::strtol(line().c_str(), nullptr, 10), low, high));
     }

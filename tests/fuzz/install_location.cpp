@@ -1,4 +1,4 @@
-// The input as PATH.
+// Uses the input as PATH.
 #include <kelplib/CommandLineTool.h>
 
 #include <algorithm>
@@ -13,7 +13,7 @@
 
 namespace {
 
-/// PATH in one place for all inputs: the environment of some systems keeps the text itself.
+/// Sets PATH in a static buffer, because putenv of some systems keeps the pointer.
 void setPath(const std::string& text) {
     static std::array<char, 8192> variable{};
     const std::string whole = "PATH=" + text;
@@ -39,7 +39,7 @@ void fuzz::install_location(const std::uint8_t* data, std::size_t size) {
     }
     printed += expected.empty() ? "Impossible to find tarn location\n" : "";
     if (text.empty() || text.size() > 8000) {
-        return;  // Some systems know no empty variables.
+        return;  // Some systems have no empty variables.
     }
     static const std::string original = std::getenv("PATH") == nullptr ? "" : std::getenv("PATH");
     setPath(text);

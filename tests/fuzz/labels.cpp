@@ -1,4 +1,4 @@
-// Labels of the process-wide display: eight bytes of a room, then the text. A label may fill its field, without a NUL.
+// Labels of the global display. Input: eight bytes for the room, then the text. A label may fill its field without a NUL.
 #include <kelplib/KelpProgress.h>
 
 #include <algorithm>
@@ -12,7 +12,7 @@ namespace {
 
 using fuzz::expectSame;
 
-/// The whole field, the bytes behind its text included.
+/// Returns the whole field, including the bytes after the text.
 std::string field() {
     return {KELP_GlobalProgress.text, sizeof KELP_GlobalProgress.text};
 }

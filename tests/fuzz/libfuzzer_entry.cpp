@@ -1,4 +1,4 @@
-// Hands libFuzzer one target: KELPLIB_FUZZ_TARGET, set by the build.
+// Passes libFuzzer's inputs to the target that the build chooses, KELPLIB_FUZZ_TARGET.
 #include "target.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -1,5 +1,6 @@
-// Numbers under a global locale with punctuation of its own: a line with the decimal point, the separator and the sizes of
-// the groups, then the text. Compared with a string stream and, for whole numbers that do not fit, with the types' limits.
+// Reads numbers under a global locale with its own punctuation. Input: a line with the decimal point, the separator and the
+// group sizes, then the text. The results are compared with a string stream and, for integers that do not fit, with the
+// limits of their types.
 #include <kelplib/Kelp.h>
 
 #include <algorithm>
@@ -34,13 +35,13 @@ private:
     std::string marks;
 };
 
-/// Whether the locale groups digits at all.
+/// Returns whether the locale groups digits.
 bool isGrouped(const std::string& marks) {
     return marks.size() > 2 && marks[2] > 0 && marks[2] != CHAR_MAX;
 }
 
-/// The digits of a whole number across its separators, less zeros at the front. None when a separator stands without digits
-/// before it: then there is no number.
+/// Returns the digits of an integer without separators and leading zeros. Returns none if a separator has no digit before
+/// it, because then there is no number.
 std::string digitsOf(const std::string& number, char separator) {
     std::string digits;
     bool digitBefore = false;
@@ -58,8 +59,8 @@ std::string digitsOf(const std::string& number, char separator) {
     return digits.substr(std::min(digits.find_first_not_of('0'), digits.size()));
 }
 
-/// Sets `limit` to the end of the type's range that a whole number lies beyond.
-/// \returns false when it does not
+/// Sets limit to the end of the type's range in the direction of the integer's sign.
+/// \returns whether the integer is beyond it
 template <class T>
 bool isBeyond(T& limit, const std::string& text, char separator) {
     const std::string number = text.substr(std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size()));
@@ -72,7 +73,8 @@ bool isBeyond(T& limit, const std::string& text, char separator) {
     return digits.size() > limitDigits.size() || (digits.size() == limitDigits.size() && digits > limitDigits);
 }
 
-/// What does not fit gives the limit: some streams lose count of a group's digits then, and give 0. All else is the stream's.
+/// Returns the limit for an integer that does not fit, because libstdc++'s stream then loses count of a group's digits and
+/// gives 0. Otherwise returns the stream's result.
 template <class T>
 T expectedOver(T old, const std::string& text, const std::string& marks) {
     if constexpr (std::is_integral_v<T>) {
@@ -90,7 +92,7 @@ void expectNumber(const char* type, T old, const std::string& text, const std::s
     fuzz::expectSame(type, actual, expectedOver(old, text, marks));
 }
 
-/// Whether the marks are such that reading has a meaning: no digit, sign, letter or blank among them.
+/// Returns whether decimal point and separator are distinct punctuation marks, not digits, signs, letters or blanks.
 bool isUsual(const std::string& marks) {
     return marks.size() >= 2 && marks.find_first_not_of(".,';_:") >= 2 && marks[0] != marks[1];
 }
@@ -101,7 +103,7 @@ void fuzz::localized(const std::uint8_t* data, std::size_t size) {
     Input input(data, size);
     const std::string marks = input.line();
     const std::string text = input.rest();
-    // Streams of other libraries judge separators at odd places otherwise.
+    // Streams of other standard libraries treat misplaced separators differently.
     if (!isUsual(marks) || !number_model::streamsStopWhereTheNumberStops()) {
         return;
     }

@@ -1,4 +1,4 @@
-// Doubles to text: the input's bytes as numbers, or, behind the letter "t", lines as their decimal texts.
+// Converts doubles to text. Input: the letter "t" and a decimal text per line, or another byte and the bytes of numbers.
 #include <kelplib/Kelp.h>
 
 #include <cmath>
@@ -27,7 +27,7 @@ std::string specialText(double number) {
     return std::string(std::signbit(number) ? "-" : "") + (std::isnan(number) ? "nan" : "inf");
 }
 
-/// Checks one number's text, and returns it.
+/// Checks the text of a number and returns it.
 std::string checkedText(double number) {
     std::string text = std::to_string(std::vector<double>{number});
     if (!std::isfinite(number)) {
@@ -38,7 +38,8 @@ std::string checkedText(double number) {
     const std::string expected = model::expectedText(number);
     int exponent = 0;
     if (std::fabs(std::frexp(number, &exponent)) == 0.5) {
-        // Below a power of two numbers lie closer: fewer digits may read back than those it is rounded to.
+        // Below a power of two doubles are closer together, so a text may be shorter than the correctly rounded one and
+        // still read back.
         if (text.size() > expected.size()) {
             fuzz::fail(text + " is longer than " + expected);
         }

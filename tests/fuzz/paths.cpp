@@ -1,4 +1,4 @@
-// File paths, in lines: the current directory, the text of a path, another text, then a delimiter.
+// File paths. Input lines: the current directory, the text of a path, another text, then a delimiter.
 #include <kelplib/FilePath.h>
 
 #include <algorithm>

@@ -3,10 +3,10 @@
 
 #include <string>
 
-/// How a text becomes a path, character by character.
+/// Turns a text into a path, character by character.
 namespace paths_model {
 
-/// A path as the header tells it: folder and name.
+/// A path as FilePath.h describes it: folder and name.
 struct Model {
     std::string folder;
     std::string name;
@@ -24,7 +24,7 @@ struct Model {
     }
 };
 
-/// The first of "/" and "\" that the text holds, whichever stands where; empty without any.
+/// Returns "/" if the text contains it, else "\" if the text contains that, else an empty text.
 inline std::string delimiterOf(const std::string& text) {
     for (const char* const delimiter : {"/", "\\"}) {
         if (text.find(delimiter) != std::string::npos) {
@@ -34,7 +34,7 @@ inline std::string delimiterOf(const std::string& text) {
     return "";
 }
 
-/// "yes", "no", or "out of range".
+/// Returns "yes", "no", or "out of range".
 inline std::string absolute(const std::string& text) {
     if (text.empty() || text[0] == '/') {
         return text.empty() ? "no" : "yes";
@@ -45,7 +45,7 @@ inline std::string absolute(const std::string& text) {
     return text[1] == ':' ? "yes" : "no";
 }
 
-/// What a path made of the text is.
+/// Returns the path that FilePath makes of the text.
 inline Model modelOf(const std::string& text, const std::string& directory) {
     Model model;
     if (absolute(text) == "yes") {

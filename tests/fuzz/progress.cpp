@@ -1,5 +1,5 @@
-// The bar and the face: a value, a total, a width, the start, the time and the last blink by their bits, then the label. All
-// bytes that are written are compared, with the pauses and the moves of the cursor.
+// Draws the bar and the face. Input: the bytes of value, total, width, start time, current time and last blink, then the
+// label. The whole output, the pauses and the cursor moves are compared.
 #include <kelplib/KelpProgress.h>
 
 #include <cstring>
@@ -17,7 +17,8 @@ namespace {
 using fuzz::expectSame;
 using progress_model::Display;
 
-/// Where standard output leads. One file serves many inputs: a new one for each would take most of the time.
+/// Returns the file that receives standard output. It is kept for many inputs, because opening one each time would dominate
+/// the run time.
 StandardOutputFile& output() {
     static std::unique_ptr<StandardOutputFile> file;
     static int uses = 0;
@@ -28,7 +29,7 @@ StandardOutputFile& output() {
     return *file;
 }
 
-/// What a drawing call has written and returned.
+/// Returns the output and the result of a drawing call.
 template <class Draw>
 std::string drawn(Draw draw) {
     StandardOutputFile& file = output();
@@ -60,7 +61,7 @@ void showFace(const Display& display) {
 
 void compareBar(const Display& display) {
     if (display.value < 0.0) {
-        return;  // It would end the process.
+        return;  // A negative value would end the process.
     }
     const std::string line = progress_model::bar(display);
     expectSame("KELP_progress", drawn([&] {

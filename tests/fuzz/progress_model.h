@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-/// The bar's line and the face's frames, put together in the plainest way.
+/// Builds the bar's line and the face's frames in the simplest way.
 namespace progress_model {
 
 struct Display {
@@ -20,7 +20,7 @@ struct Display {
     std::string label;
 };
 
-/// The longest line that is drawn; what goes beyond it is cut.
+/// Room for a line; longer lines are cut.
 inline constexpr std::size_t lineRoom = 512;
 
 inline int whole(double number) {
@@ -33,7 +33,7 @@ inline std::string tenths(double number) {
     return text;
 }
 
-/// One mark after the other, one blank after the other, as far as a line goes.
+/// Adds mark by mark and blank by blank, up to the length of a line.
 inline std::string body(int width, double ratio) {
     std::string text;
     const double filled = width * ratio;
@@ -109,7 +109,7 @@ inline std::string finishedFrame(const Display& display, const char* eyes) {
            faceTime("         time spent:  ", whole(display.now - display.startTime));
 }
 
-/// What one call draws.
+/// The output of one call.
 struct Face {
     std::string frames;
     std::size_t lastFrame = 0;

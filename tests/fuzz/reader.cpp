@@ -1,4 +1,4 @@
-// A command line and questions about it, in lines: the start, the short and the long name, then the tokens.
+// Queries a command line. Input lines: the start, the short and the long name, then the tokens.
 #include <kelplib/Kelp.h>
 
 #include <cstdio>
@@ -52,7 +52,7 @@ bool opens(const std::string& name) {
     return file != nullptr && std::fclose(file) == 0;
 }
 
-/// Names in the current folder only: elsewhere opening may wait, or do something.
+/// Checks only names in the current folder, because opening other files might block or have side effects.
 void compareFileCheck(Kelp::OptionReader& reader, const model::Strings& tokens, int start) {
     int position = 0;
     const model::Strings arguments = model::arguments(tokens, start, position);

@@ -1,4 +1,4 @@
-// The whole input as the text of every scalar type, over several old values.
+// Reads the whole input as the text of every scalar type, over several old values.
 #include <kelplib/Kelp.h>
 
 #include <optional>

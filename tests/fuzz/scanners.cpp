@@ -1,4 +1,4 @@
-// A command line for the scanners that need no tool object, in lines: the start, the flag, then the tokens.
+// Scans a command line without a tool object. Input lines: the start, the flag, then the tokens.
 #include "scanner_answers.h"
 
 #include "check.h"

@@ -1,6 +1,6 @@
-// The start of a tool, in lines: "full" or anything else for the short constructor; its options ("+short,long,text"), its
-// arguments (":name", ":name..."), then the tokens. All that is printed is compared. The help screen's pause, the last thing
-// before the process ends, throws here instead.
+// Starts a tool. Input lines: "full", or anything else for the short constructor; its options ("+short,long,text"), its
+// arguments (":name", ":name..."), then the tokens. The whole output is compared. The pause of the help screen, after which
+// the process would end, throws instead.
 #include "arguments.h"
 #include "captured_output.h"
 #include "check.h"
@@ -14,7 +14,7 @@ namespace {
 
 using fuzz::expectSame;
 
-/// What a tool that has started answers.
+/// Compares the answers of a tool that has started.
 void compareTool(const CommandLineTool& tool, const start_up_model::ToolText& text) {
     expectSame("isVerbose", tool.isVerbose(), start_up_model::isVerbose(text));
     for (const Kelp::Option& option : text.options) {
@@ -41,7 +41,7 @@ void start(start_up_model::ToolText& text) {
     }
 }
 
-/// All that is printed, and how it ends.
+/// Returns the output, and how it ends.
 std::string run(start_up_model::ToolText& text) {
     const CapturedOutput output;
     std::string end = "[running]";

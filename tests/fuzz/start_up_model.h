@@ -11,7 +11,7 @@
 #include "input.h"
 #include "option_reader_model.h"
 
-/// What a tool prints while it starts and how that ends, put together in the plainest way.
+/// Builds the output of a starting tool, and how the start ends, in the simplest way.
 namespace start_up_model {
 
 using option_reader_model::Names;
@@ -26,7 +26,8 @@ struct ToolText {
     std::vector<std::string> tokens;
 };
 
-/// What follows the last backslash of the program path, without ".exe"; the whole path without one.
+/// Sets name to the program path after its last backslash, without ".exe". Without a backslash, name is the whole path.
+/// \returns false if that part is shorter than ".exe"; the tool then throws std::out_of_range
 inline bool toolName(const ToolText& tool, std::string& name) {
     name = tool.tokens.empty() ? "" : tool.tokens[0];
     const std::size_t backslash = name.rfind('\\');
@@ -43,7 +44,7 @@ inline bool toolName(const ToolText& tool, std::string& name) {
     return true;
 }
 
-/// The options that are registered: the first of each short flag, in order, letter case ignored.
+/// Returns the registered options: the first with each short flag, sorted by it, ignoring case.
 inline std::vector<Kelp::Option> registered(const ToolText& tool) {
     std::vector<Kelp::Option> options;
     for (const Kelp::Option& option : tool.options) {
@@ -60,7 +61,7 @@ inline std::vector<Kelp::Option> registered(const ToolText& tool) {
     return options;
 }
 
-/// The usage line of a tool that brings none.
+/// Returns the usage line of a tool that does not define one.
 inline std::string madeUsage(const ToolText& tool) {
     std::string text = "[OPTIONS] ";
     for (const Kelp::Argument& argument : tool.full ? tool.arguments : std::vector<Kelp::Argument>()) {
@@ -83,7 +84,7 @@ inline std::string helpScreen(const ToolText& tool, const std::string& name) {
     return text + "\n\x1b[36mExample:\x1b[0m\n  \x1b[34m" + name + "\x1b[0m " + tool.example + "\n";
 }
 
-/// A program path without a tool name ends it early.
+/// Ends early if the program path has no tool name.
 inline std::string banner(const ToolText& tool) {
     const std::string rule = "\x1b[34m####################################\x1b[0m\n";
     std::string name;
@@ -95,7 +96,7 @@ inline std::string banner(const ToolText& tool) {
     return "\n" + rule + "\x1b[37m\t" + name + "\x1b[0m\n\x1b[37m" + header + "\x1b[0m\n" + rule + "\n";
 }
 
-/// Banner, help screen and the end; a program path without a tool name ends it inside the banner.
+/// Returns banner, help screen and end mark. Ends inside the banner if the program path has no tool name.
 inline std::string usageScreen(const ToolText& tool) {
     std::string name;
     return toolName(tool, name) ? banner(tool) + helpScreen(tool, name) + "[the end]" : banner(tool);
@@ -116,7 +117,7 @@ inline bool isVerbose(const ToolText& tool) {
 inline int hasOption(const ToolText& tool, const std::string& shortFlag, int start) {
     for (const Kelp::Option& option : registered(tool)) {
         if (plainLower(option.shortFlag) == plainLower(shortFlag)) {
-            // Tokens are C strings, and names are compared as such.
+            // Tokens are C strings, so names count up to their first NUL.
             return option_reader_model::option(
                        tool.tokens, {fuzz::untilNul(option.shortFlag), fuzz::untilNul(option.longFlag)}, start)
                 .first;
@@ -132,7 +133,7 @@ inline std::string firstArgument(const ToolText& tool, bool& found) {
     return found ? arguments.front() : "";
 }
 
-/// Opening files that lie elsewhere may wait, or do something.
+/// Returns whether the first argument names a file in another folder. Opening one might block or have side effects.
 inline bool namesFileElsewhere(const ToolText& tool) {
     bool found = false;
     return firstArgument(tool, found).find_first_of("/\\:") != std::string::npos;
@@ -142,7 +143,7 @@ inline bool opensAFileElsewhere(const ToolText& tool) {
     return tool.full && namesFileElsewhere(tool);
 }
 
-/// What the file check prints; nothing when it is content.
+/// Returns the output of the file check, empty if the check passes.
 inline std::string fileComplaint(const ToolText& tool) {
     bool found = false;
     const std::string name = firstArgument(tool, found);
@@ -157,7 +158,7 @@ inline std::string fileComplaint(const ToolText& tool) {
     return opened ? "" : "File " + name + " doesn't exist. Please insert a valid file name.\n";
 }
 
-/// The key of the first flag that no option has; empty when there is none.
+/// Returns the key of the first flag that no option has, empty if there is none.
 inline std::string invalidFlag(const ToolText& tool) {
     for (const std::string& token : tool.tokens) {
         std::string key = token.size() < 2 ? token : token.substr(0, 2);

@@ -1,5 +1,5 @@
-// The string helpers: eight bytes of an index, two of a width, a delimiter, a line of delimiters, a line of another text,
-// then the text.
+// Calls the string helpers. Input: eight bytes of an index, two of a width, a delimiter, a line of delimiters, a line with
+// another text, then the text.
 #include <kelplib/Kelp.h>
 
 #include <cctype>
@@ -31,7 +31,7 @@ std::string withExtension(const std::string& name, const std::string& extension)
     return result + extension;
 }
 
-/// From 15 digits on, one zero less is right too.
+/// From 15 digits on, one zero fewer is allowed.
 void compareFragmentName(unsigned long long index, unsigned int width) {
     const std::string digits = std::to_string(index);
     const std::size_t zeros = width + 1 > digits.size() ? width + 1 - digits.size() : 0;

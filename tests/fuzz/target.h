@@ -4,9 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
-/// What is fuzzed. A target feeds the library with one input, compares all that comes out with a plain model of its own, and
-/// ends the process through fail() (see check.h) where the two differ. Each has a source of its name and inputs in
-/// corpus/NAME.
+/// The fuzz targets. A target feeds one input to the library, compares the results with a plain model, and aborts through
+/// fail() (see check.h) if they differ. The target NAME is in NAME.cpp, its inputs are in corpus/NAME and corpus/NAME.tar.
 namespace fuzz {
 
 using Target = void(const std::uint8_t* data, std::size_t size);

@@ -1,6 +1,6 @@
-// The life of a tool, in lines: how it is constructed ("none", "one", "two" or "list" for the short constructors; "full", or
-// "usage" for a usage text of its own), the lines that start_up reads behind its first, "then", and calls: "WORD NUMBER TEXT"
-// (tool_calls.h). All that is printed and answered is compared, as one text.
+// Constructs a tool and calls it. Input lines: the constructor ("none", "one", "two" or "list" for the short ones; "full",
+// or "usage" for a custom usage text), lines as start_up reads them after its first, "then", and calls: "WORD NUMBER TEXT"
+// (tool_calls.h). Output and answers are compared as one text.
 #include <memory>
 #include <stdexcept>
 
@@ -46,8 +46,7 @@ const tool_calls::Step* stepOf(const tool_calls::Call& call) {
     return found == std::end(tool_calls::steps) ? nullptr : found;
 }
 
-/// All that has to be printed. Takes out the calls behind the end, those that do not exist, and those that would open files
-/// that lie elsewhere.
+/// Returns the expected output. Removes calls after the end, unknown ones, and those that would open files elsewhere.
 std::string expected(const start_up_model::ToolText& text, Calls& calls) {
     std::string screen = start_up_model::screen(text);
     if (screen != "[running]") {
@@ -99,7 +98,7 @@ void make(CommandLineTool& tool, const tool_calls::Call& call) {
     }
 }
 
-/// All that is printed.
+/// Returns the output.
 std::string run(const std::string& kind, start_up_model::ToolText& text, const Calls& calls) {
     const CapturedOutput output;
     try {

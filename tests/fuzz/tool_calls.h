@@ -14,7 +14,7 @@
 #include "tool_input.h"
 #include "tool_model.h"
 
-/// The calls that a started tool gets: each with what prints all that it answers, and with the text that has to be printed.
+/// The calls of a started tool: each prints its answers, and a second function returns the expected output.
 namespace tool_calls {
 
 using tool_model::Tool;
@@ -24,7 +24,7 @@ struct Call {
     int number = 0;
     std::string text;
 
-    /// The text's words, as a command line.
+    /// Returns the words of the text as a command line.
     std::vector<std::string> tokens() const {
         std::istringstream stream(fuzz::untilNul(text));
         return {std::istream_iterator<std::string>(stream), std::istream_iterator<std::string>()};
@@ -34,7 +34,7 @@ struct Call {
         return word == "check-file" || (word == "init" && !noFileCheck());
     }
 
-    /// What init is told.
+    /// Returns the argument for init.
     bool noFileCheck() const {
         return number == 0;
     }
@@ -70,7 +70,7 @@ inline void firstArgument(const CommandLineTool& tool, const Call& call) {
     std::cout << position << ":" << text << "\n";
 }
 
-/// Both forms; only the first one leaves a trace.
+/// Calls both forms; only the first prints a trace.
 inline void arguments(const CommandLineTool& tool, const Call& call) {
     std::vector<std::string> texts{"before"};
     const int count = tool.getArguments(texts, call.number);
@@ -107,7 +107,7 @@ inline void outputFile(CommandLineTool& tool) {
     std::cout << file.getPath() << "|" << file.getName() << (found ? " yes\n" : " no\n");
 }
 
-/// What changes nothing and always answers the same.
+/// Calls functions that change nothing and always return the same.
 inline void idle(CommandLineTool& tool) {
     int argc = 7;
     char** argv = nullptr;

@@ -10,10 +10,10 @@
 
 namespace fuzz {
 
-/// Stands for the end of the process.
+/// Thrown where the process would end.
 struct ProcessEnds {};
 
-/// A platform whose pause behind the help screen, the last thing before the process ends, throws ProcessEnds instead.
+/// Resets the platform. The pause after the help screen, after which the process would end, throws ProcessEnds.
 inline void resetPlatform() {
     fake_platform::reset();
     fake_platform::state().onSleep = [](unsigned int milliseconds) {
@@ -22,7 +22,7 @@ inline void resetPlatform() {
     };
 }
 
-/// An option from "short,long,text"; without two commas all of it is the short form.
+/// Reads an option from "short,long,text". With fewer than two commas, the text up to the first is the short flag.
 inline Kelp::Option optionOf(const std::string& text) {
     const std::size_t first = text.find(',');
     const std::size_t second = first == std::string::npos ? first : text.find(',', first + 1);
@@ -33,7 +33,7 @@ inline Kelp::Option optionOf(const std::string& text) {
     return {text.substr(0, first), text.substr(first + 1, second - first - 1), description, description.empty()};
 }
 
-/// Reads a tool's options ("+short,long,text"), its arguments (":name", ":name...") and its tokens (any other line), up to the
+/// Reads the tool's options ("+short,long,text"), arguments (":name", ":name...") and tokens (any other line), up to the
 /// line "then" or the end.
 inline void describe(start_up_model::ToolText& tool, Input& input) {
     while (!input.isEmpty()) {

@@ -8,18 +8,18 @@
 #include "paths_model.h"
 #include "start_up_model.h"
 
-/// What a tool prints and answers once it has started, put together in the plainest way. "[the end]" stands where the process
-/// ends, "[out of range]" where that is thrown.
+/// Builds the output and answers of a started tool in the simplest way. "[the end]" marks the end of the process,
+/// "[out of range]" that std::out_of_range is thrown.
 namespace tool_model {
 
 using Strings = std::vector<std::string>;
 
 struct Tool : start_up_model::ToolText {
-    std::vector<Kelp::Option> given;  ///< to the full constructor
+    std::vector<Kelp::Option> given;  ///< passed to the full constructor
     bool verbose = false;
 };
 
-/// A tool that has just been constructed with some options.
+/// Returns a tool as its constructor leaves it.
 inline Tool constructed(const start_up_model::ToolText& text) {
     Tool tool{text, {}, start_up_model::isVerbose(text)};
     if (text.full) {
@@ -78,7 +78,7 @@ inline std::string firstArgument(const Tool& tool, int start) {
     return std::to_string(position) + ":" + (found.empty() ? "before" : found.front()) + "\n";
 }
 
-/// Each of them in a line, then their number.
+/// Returns each text on a line, then their number.
 inline std::string listed(const Strings& texts) {
     std::string all;
     for (const std::string& text : texts) {
@@ -101,7 +101,7 @@ inline std::string options(const std::vector<Kelp::Option>& records) {
     return listed(texts);
 }
 
-/// The values of "-o" on the command line, or the complaint that there is no such option.
+/// Returns the values of "-o" on the command line. Sets complaint to the error that no such option is registered, or empty.
 inline Strings outputNames(const Tool& tool, std::string& complaint) {
     Strings names;
     complaint = "ERROR: no argument found: -o\n";
@@ -121,7 +121,7 @@ inline Strings outputNames(const Tool& tool, std::string& complaint) {
     return names;
 }
 
-/// The output files that can be made paths of, up to the first that cannot.
+/// Returns the paths of the output files up to the first that throws.
 inline std::string outputFiles(const Tool& tool) {
     std::string text;
     Strings files;
