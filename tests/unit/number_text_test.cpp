@@ -1,12 +1,31 @@
+#include "convert/number_text.h"
+
 #include <gtest/gtest.h>
 
 #include <cfenv>
 #include <cmath>
+#include <cstring>
 #include <limits>
+#include <string>
 
-#include "number_text_of.h"
+#include "bit_pattern.h"
+#include "number_text_model.h"
+#include "random_bits.h"
 
 namespace {
+
+using number_text_model::expectedText;
+using number_text_model::read;
+
+/// Returns the text of a number, or the whole buffer if it was written past longestNumberText.
+std::string textOf(double number) {
+    std::string buffer(Kelp::longestNumberText + 8, '~');
+    const auto length = static_cast<std::size_t>(Kelp::writeNumberText(buffer.data(), number) - buffer.data());
+    const bool kept = buffer.find_first_not_of('~', Kelp::longestNumberText) == std::string::npos;
+    return kept ? buffer.substr(0, length) : buffer;
+}
+
+// --- Typed-out texts ---
 
 struct Case {
     double number;
@@ -81,13 +100,111 @@ TEST(NumberText, IsFixedOrScientificWhicheverIsShorter) {
     });
 }
 
-TEST(NumberText, OfWhatIsNoNumberIsAWord) {
+TEST(NumberText, OfInfinityAndNotANumberIsAWord) {
     expectTexts({
         {std::numeric_limits<double>::infinity(), "inf"},
         {-std::numeric_limits<double>::infinity(), "-inf"},
         {std::copysign(NAN, 1.0), "nan"},
         {std::copysign(NAN, -1.0), "-nan"},
     });
+}
+
+// --- The whole range of double, compared with both notations made in the simplest way ---
+
+void expectExact(double number) {
+    const std::string text = textOf(number);
+    ASSERT_EQ(bitsOf(read(text)), bitsOf(number)) << text;
+    ASSERT_EQ(text, expectedText(number));
+}
+
+void expectExactBeside(double number) {
+    ASSERT_NO_FATAL_FAILURE(expectExact(std::nextafter(number, 0.0)));
+    ASSERT_NO_FATAL_FAILURE(expectExact(std::nextafter(number, 1e300)));
+}
+
+// Doubles are denser just below a power of two than above it. Fewer digits than the rounded ones may therefore read back
+// (two to the power of -1017 has one digit less).
+TEST(NumberTextExhaustive, IsShortestForPowersOfTwo) {
+    for (int exponent = -1074; exponent <= 1023; ++exponent) {
+        const double number = std::ldexp(1.0, exponent);
+        const std::string text = textOf(number);
+        ASSERT_EQ(bitsOf(read(text)), bitsOf(number)) << text;
+        ASSERT_LE(text.size(), expectedText(number).size()) << text;
+        const std::string negativeText = textOf(-number);
+        ASSERT_EQ(negativeText, "-" + text);
+        ASSERT_NO_FATAL_FAILURE(expectExactBeside(number)) << "two to the power of " << exponent;
+    }
+}
+
+TEST(NumberTextExhaustive, IsShortestForPowersOfTen) {
+    for (int exponent = -323; exponent <= 308; ++exponent) {
+        const double number = read("1e" + std::to_string(exponent));
+        ASSERT_NO_FATAL_FAILURE(expectExact(number));
+        ASSERT_NO_FATAL_FAILURE(expectExact(-number));
+        ASSERT_NO_FATAL_FAILURE(expectExactBeside(number));
+    }
+}
+
+TEST(NumberTextExhaustive, IsShortestForIntegersAndTheirThousandths) {
+    for (int i = 0; i <= 20000; ++i) {
+        ASSERT_NO_FATAL_FAILURE(expectExact(i));
+        ASSERT_NO_FATAL_FAILURE(expectExact(100.0 * i));
+        ASSERT_NO_FATAL_FAILURE(expectExact(i / 1000.0));
+    }
+}
+
+double numberOfBits(std::uint64_t bits) {
+    double number = 0.0;
+    static_assert(sizeof number == sizeof bits);
+    std::memcpy(&number, &bits, sizeof number);
+    return number;
+}
+
+TEST(NumberTextExhaustive, IsShortestForRandomBits) {
+    RandomBits random{0};
+    for (int i = 0; i < 100000; ++i) {
+        const double number = numberOfBits(random.next());
+        if (std::isfinite(number)) {
+            ASSERT_NO_FATAL_FAILURE(expectExact(number));
+        }
+    }
+}
+
+TEST(NumberTextExhaustive, IsShortestForSubnormalNumbers) {
+    constexpr std::uint64_t fraction = 0xFFFFFFFFFFFFFU;
+    for (std::uint64_t bits = 0; bits <= 2000; ++bits) {
+        ASSERT_NO_FATAL_FAILURE(expectExact(numberOfBits(bits)));
+        ASSERT_NO_FATAL_FAILURE(expectExact(numberOfBits(fraction - bits)));
+    }
+    RandomBits random{0};
+    for (int i = 0; i < 10000; ++i) {
+        ASSERT_NO_FATAL_FAILURE(expectExact(numberOfBits(random.next() & fraction)));
+    }
+}
+
+TEST(NumberTextExhaustive, IsShortestForThousandths) {
+    for (int thousandths = 1; thousandths <= 20000; ++thousandths) {
+        ASSERT_NO_FATAL_FAILURE(expectExact(thousandths / 1000.0));
+        ASSERT_NO_FATAL_FAILURE(expectExactBeside(thousandths / 1000.0)) << thousandths;
+    }
+    for (const double whole : {99999.0, 100000.0, 4294967296.0, 123456789012.0, 999999999999.0, 1000000000000.0}) {
+        for (int thousandths = -1000; thousandths <= 1000; ++thousandths) {
+            const double number = whole + thousandths / 1000.0;
+            ASSERT_NO_FATAL_FAILURE(expectExact(number));
+            ASSERT_NO_FATAL_FAILURE(expectExactBeside(number)) << std::to_string(number);
+        }
+    }
+}
+
+TEST(NumberTextExhaustive, IsShortestForWholeNumbers) {
+    for (int digits = 1; digits <= 99; ++digits) {
+        double number = digits;
+        for (int zeros = 0; zeros <= 20; ++zeros) {
+            ASSERT_NO_FATAL_FAILURE(expectExact(number));
+            ASSERT_NO_FATAL_FAILURE(expectExact(number + 1.0));
+            number *= 10.0;
+        }
+    }
 }
 
 }  // namespace
