@@ -1,12 +1,30 @@
+#include <gtest/gtest.h>
+#include <kelplib/FilePath.h>
+
 #include <stdexcept>
+#include <string>
 #include <utility>
 
-#include "file_path_test.h"
+#include "fake_platform.h"
 
 namespace {
 
-class FilePathIn : public FilePathTest {
+/// File paths in a current directory of the test's choice.
+class FilePathIn : public testing::Test {
 protected:
+    ~FilePathIn() override {
+        fake_platform::reset();
+    }
+
+    static void directory(const char* text) {
+        fake_platform::state().directory = text;
+    }
+
+    /// Returns the folder and the name with a bar between them.
+    static std::string parts(const FilePath& file) {
+        return file.getPath() + "|" + file.getName();
+    }
+
     static std::string partsOf(const std::string& text) {
         try {
             return parts(FilePath(text));
@@ -15,6 +33,8 @@ protected:
         }
     }
 };
+
+// --- The whole path ---
 
 TEST_F(FilePathIn, AnEmptyPathHasNoParts) {
     const FilePath file;
@@ -30,7 +50,7 @@ TEST_F(FilePathIn, TextsBecomeAbsolute) {
         const char* text;
         const char* parts;
     } cases[] = {
-        // Absolute texts stay as they are, wherever the tool stands.
+        // Absolute texts do not depend on the current directory.
         {"/home/u", "/", "/|"},
         {"/home/u", "/a", "/|a"},
         {"C:\\work", "/a/b.txt", "/a/|b.txt"},
@@ -43,7 +63,7 @@ TEST_F(FilePathIn, TextsBecomeAbsolute) {
         {"/home/u", "::", "|"},
         {"/home/u", "//a//b", "//a//|b"},
         {"/home/u", "/a/../b/.", "/a/../b/|."},
-        // Relative ones take the delimiter of the current directory.
+        // Relative texts take the delimiter of the current directory.
         {"C:\\work", "", "C:\\work\\|"},
         {"C:\\work", "sub/file.txt", R"(C:\work\sub\|file.txt)"},
         {"C:\\work", R"(\dir\file)", R"(C:\work\\dir\|file)"},
@@ -57,11 +77,11 @@ TEST_F(FilePathIn, TextsBecomeAbsolute) {
         {"/home/u", "dir/", "/home/u/dir/|"},
         {"/", "name", "//|name"},
         {"C:\\a/b", "x\\y", "C:\\a/b/x/|y"},
-        // Without a usable directory nothing is rewritten.
+        // Without a delimiter in the current directory, those of the text stay.
         {"", "sub/a\\b", "|sub/a\\b"},
         {"", "", "|"},
         {"work", "sub/a\\b", "work|sub/a\\b"},
-        // One character is too short to ask for its second.
+        // The check for a drive letter reads the second character, which these texts do not have.
         {"/home/u", "x", "out of range"},
         {"/home/u", "\\", "out of range"},
         {"", "x", "out of range"},
@@ -88,7 +108,7 @@ TEST_F(FilePathIn, CutsATextAtItsLastDelimiter) {
     }
 }
 
-TEST_F(FilePathIn, PutsANameDirectlyBehindTheCurrentDirectory) {
+TEST_F(FilePathIn, AppendsANameDirectlyToTheCurrentDirectory) {
     directory("C:\\work");
     FilePath file;
     file.fromNameInCurrentDir("f.txt");
@@ -99,7 +119,7 @@ TEST_F(FilePathIn, PutsANameDirectlyBehindTheCurrentDirectory) {
     EXPECT_EQ(parts(file), "|a/b");
 }
 
-TEST_F(FilePathIn, TellsAbsoluteTexts) {
+TEST_F(FilePathIn, RecognizesAbsoluteTexts) {
     for (const char* text : {"/", "/a", "C:", "C:a", "::", "1:"}) {
         EXPECT_TRUE(FilePath::isAbsoluteFilePath(text)) << text;
     }
@@ -111,7 +131,7 @@ TEST_F(FilePathIn, TellsAbsoluteTexts) {
     }
 }
 
-TEST_F(FilePathIn, HandsOutTheCurrentDirectoryAsItIs) {
+TEST_F(FilePathIn, ReturnsTheCurrentDirectoryUnchanged) {
     for (const char* text : {"", "/", "/home/u", "C:\\work"}) {
         directory(text);
         EXPECT_EQ(FilePath::getCurrentDir(), text);
@@ -126,6 +146,91 @@ TEST_F(FilePathIn, IsAPlainValue) {
     copy = original;
     const FilePath moved(std::move(copy));
     EXPECT_EQ(parts(moved), "/a/|b.c");
+}
+
+// --- Its parts ---
+
+using FilePathParts = FilePathIn;
+
+TEST_F(FilePathParts, KnowsItsDelimiter) {
+    const struct {
+        const char* folder;
+        const char* directory;
+        const char* delimiter;
+    } cases[] = {
+        {"C:\\a/b\\", "C:\\work", "/"},
+        {"C:\\b\\", "/home/u", "\\"},
+        {"/b/", "C:\\work", "/"},
+        {"", "C:\\work", "\\"},
+        {"", "/home/u", "/"},
+        {"", "C:\\a/b", "/"},
+        {"", "", "/"},
+        {"", "work", "/"},
+    };
+    for (const auto& c : cases) {
+        directory(c.directory);
+        FilePath file;
+        file.setPath(c.folder);
+        EXPECT_EQ(file.getDelim(), c.delimiter) << c.folder << " in " << c.directory;
+    }
+    directory("C:\\work");
+    FilePath drive;
+    ASSERT_TRUE(drive.setPath("C:"));
+    EXPECT_EQ(drive.getDelim(), "\\") << "a folder without a delimiter takes that of the current directory";
+}
+
+TEST_F(FilePathParts, CutsNamesAtTheirLastDot) {
+    const struct {
+        const char* name;
+        const char* prefix;
+        const char* extension;
+    } cases[] = {
+        {"archive.tar.gz", "archive.tar", "gz"},
+        {"README", "README", ""},
+        {".cfg", "", "cfg"},
+        {"file.", "file", ""},
+        {"a.b.c", "a.b", "c"},
+        {"", "", ""},
+        {".", "", ""},
+        {"..", ".", ""},
+    };
+    for (const auto& c : cases) {
+        FilePath file("/dir.d/x");
+        file.setName(c.name);
+        EXPECT_EQ(file.prefix(), c.prefix) << c.name;
+        EXPECT_EQ(file.extension(), c.extension) << c.name;
+    }
+}
+
+TEST_F(FilePathParts, StoresTheLastComponentAsItsName) {
+    const struct {
+        const char* text;
+        const char* name;
+    } cases[] = {
+        {"a/b\\c.txt", "c.txt"}, {"a\\b/c.txt", "c.txt"}, {"dir/", ""}, {"dir\\", ""}, {"x", "x"}, {"", ""},
+        {"a\\b/", ""},
+    };
+    for (const auto& c : cases) {
+        FilePath file("/old/name");
+        file.setName(c.text);
+        EXPECT_EQ(parts(file), std::string("/old/|") + c.name) << c.text;
+    }
+}
+
+TEST_F(FilePathParts, TakesAbsoluteFoldersOnly) {
+    FilePath file("/old/name");
+    EXPECT_FALSE(file.setPath(""));
+    EXPECT_FALSE(file.setPath("ab"));
+    EXPECT_FALSE(file.setPath("\\dir\\"));
+    EXPECT_THROW(file.setPath("a"), std::out_of_range);
+    EXPECT_EQ(parts(file), "/old/|name");
+    EXPECT_TRUE(file.setPath("C:\\dir\\"));
+    EXPECT_EQ(parts(file), "C:\\dir\\|name");
+    EXPECT_TRUE(file.setPath("/dir"));
+    EXPECT_EQ(file.filePath(), "/dirname");
+    EXPECT_TRUE(file.setPath(file.getPath()));
+    EXPECT_TRUE(file.setPath("/"));
+    EXPECT_EQ(parts(file), "/|name");
 }
 
 }  // namespace
