@@ -3,12 +3,19 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cfenv>
+#include <clocale>
+#include <cmath>
+#include <cstdio>
 #include <limits>
 #include <string>
 
+#include "scoped_locale.h"
+#include "test_locale.h"
+
 namespace {
 
-/// A bounded text at the beginning of an array full of "~".
+/// A bounded text at the beginning of an array filled with "~".
 class Bounded {
 public:
     explicit Bounded(std::size_t size) : capacity(size), text(array.data(), size) {
@@ -23,7 +30,7 @@ public:
         return std::string(text.view());
     }
 
-    /// Whether nothing was written behind the text's end.
+    /// Returns whether nothing was written past the capacity.
     bool keptItsBounds() const {
         return std::string(array.data() + capacity, array.size() - capacity) ==
                std::string(array.size() - capacity, '~');
@@ -74,7 +81,7 @@ TEST(BoundedText, KeepsNulCharacters) {
     EXPECT_EQ(text.view(), std::string("a\0b", 3));
 }
 
-TEST(BoundedText, CutsARowOfOneCharacter) {
+TEST(BoundedText, CutsARepeatedCharacter) {
     constexpr std::size_t most = std::numeric_limits<std::size_t>::max();
     const struct {
         std::size_t capacity;
@@ -117,7 +124,7 @@ TEST(BoundedText, WritesWholeNumbers) {
     }
 }
 
-TEST(BoundedText, WritesOneDigitBehindThePoint) {
+TEST(BoundedText, WritesOneDecimal) {
     constexpr double infinity = std::numeric_limits<double>::infinity();
     const struct {
         double number;
@@ -134,7 +141,7 @@ TEST(BoundedText, WritesOneDigitBehindThePoint) {
         {0.04999999999999999, "0.0"},
         {99.94, "99.9"},
         {99.96, "100.0"},
-        // Halfway between two tenths the even one is taken: these are halfway in binary, too.
+        // Exactly halfway between two tenths, in binary too: the even one.
         {0.25, "0.2"},
         {0.75, "0.8"},
         {1.25, "1.2"},
@@ -142,7 +149,7 @@ TEST(BoundedText, WritesOneDigitBehindThePoint) {
         {18.75, "18.8"},
         {-6.25, "-6.2"},
         {-0.75, "-0.8"},
-        // These are not: the nearest double lies above, or below.
+        // The nearest double is above or below the middle.
         {0.05, "0.1"},
         {0.15, "0.1"},
         {0.35, "0.3"},
@@ -173,6 +180,67 @@ TEST(BoundedText, WritesTheLargestNumberWithAllItsDigits) {
             EXPECT_TRUE(text.keptItsBounds()) << sign << " in " << capacity;
         }
     }
+}
+
+// --- Numbers with one decimal ---
+
+// printf gives the expected texts: appendTenths rounds in the same way.
+
+std::string withPrintf(double number) {
+    char text[400];
+    const int length = std::snprintf(text, sizeof text, "%.1f", number);
+    return {text, static_cast<std::size_t>(length)};
+}
+
+std::string tenths(double number) {
+    Bounded text(400);
+    text->appendTenths(number);
+    return text.view();
+}
+
+void expectSameBeside(double number) {
+    for (const double each : {std::nextafter(number, -1e300), number, std::nextafter(number, 1e300)}) {
+        ASSERT_EQ(tenths(each), withPrintf(each)) << std::to_string(each);
+        ASSERT_EQ(tenths(-each), withPrintf(-each)) << std::to_string(each);
+    }
+}
+
+TEST(Tenths, AreRoundedAsPrintfRounds) {
+    for (int i = 0; i <= 40000; ++i) {
+        // Includes every number halfway between two tenths, in decimal and in binary.
+        ASSERT_NO_FATAL_FAILURE(expectSameBeside(i / 80.0));
+        ASSERT_NO_FATAL_FAILURE(expectSameBeside(i / 300.0));
+    }
+}
+
+TEST(Tenths, OfLargeNumbersAreRoundedAsPrintfRounds) {
+    for (const double large : {65536.0, 9999999.0, 99999998.0, 99999999.0, 100000000.0, 2147483648.0, 1e15, 1e22}) {
+        for (int i = 0; i <= 400; ++i) {
+            ASSERT_NO_FATAL_FAILURE(expectSameBeside(large + i / 80.0));
+        }
+    }
+}
+
+TEST(Tenths, FollowTheRoundingMode) {
+    for (const int mode : {FE_DOWNWARD, FE_UPWARD, FE_TOWARDZERO, FE_TONEAREST}) {
+        std::fesetround(mode);
+        for (int i = 0; i <= 200; ++i) {
+            EXPECT_EQ(tenths(i / 16.0), withPrintf(i / 16.0)) << mode << ": " << i;
+        }
+        std::fesetround(FE_TONEAREST);
+    }
+}
+
+TEST(Tenths, HaveTheDecimalPointOfTheCLocale) {
+    if (testLocaleName() == nullptr) {
+        GTEST_SKIP() << "KELPLIB_TEST_LOCALE is not set";
+    }
+    const ScopedCLocale comma(LC_NUMERIC, testLocaleName());
+    ASSERT_TRUE(comma.isValid());
+    EXPECT_EQ(tenths(5.0), "5,0");
+    EXPECT_EQ(tenths(12.34), "12,3");
+    EXPECT_EQ(tenths(0.0), "0,0");
+    EXPECT_EQ(tenths(1e9), "1000000000,0");
 }
 
 }  // namespace

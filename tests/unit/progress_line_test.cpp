@@ -18,15 +18,29 @@ std::string line(double value, double total, int width, const char* label, doubl
     return std::string(text.view());
 }
 
+// --- Without the time ---
+
 TEST(ProgressLine, ShowsLabelPercentageAndBar) {
-    EXPECT_EQ(line(5, 100, 20, "Reading"), "Reading  5.0% #                  |");
-    EXPECT_EQ(line(50, 100, 20, "x"), "x 50.0% ##########         |");
-    EXPECT_EQ(line(0, 100, 20, "x"), "x  0.0%                    |");
-    EXPECT_EQ(line(52, 100, 20, "x"), "x 52.0% ###########         |");
-    EXPECT_EQ(line(100, 100, 20, "x"), "x100.0% #####################");
-    EXPECT_EQ(line(250, 100, 4, "x"), "x100.0% ###########");
-    EXPECT_EQ(line(5, 100, 0, ""), "  5.0% |");
-    EXPECT_EQ(line(5, 10, 1, "two words %s\n"), "two words %s\n 50.0% #|");
+    const struct {
+        double value;
+        double total;
+        int width;
+        const char* label;
+        const char* expected;
+    } cases[] = {
+        {5, 100, 20, "Reading", "Reading  5.0% #                  |"},
+        {50, 100, 20, "x", "x 50.0% ##########         |"},
+        {0, 100, 20, "x", "x  0.0%                    |"},
+        {52, 100, 20, "x", "x 52.0% ###########         |"},
+        {100, 100, 20, "x", "x100.0% #####################"},
+        {250, 100, 4, "x", "x100.0% ###########"},
+        {5, 100, 0, "", "  5.0% |"},
+        {5, 10, 1, "two words %s\n", "two words %s\n 50.0% #|"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(line(c.value, c.total, c.width, c.label), c.expected)
+            << c.value << " of " << c.total << " in " << c.width;
+    }
 }
 
 TEST(ProgressLine, ChoosesItsFormatByTheRatio) {
@@ -59,7 +73,7 @@ TEST(ProgressLine, RoundsThePercentageToTenths) {
     }
 }
 
-TEST(ProgressLine, ShowsWhateverTheRatioIs) {
+TEST(ProgressLine, ShowsEveryRatio) {
     const std::string marks(392, '#');
     const std::string blanks(392, ' ');
     const struct {
@@ -77,7 +91,7 @@ TEST(ProgressLine, ShowsWhateverTheRatioIs) {
         {0.0, 4.9e-324, "x  0.0%    |"},
         {1e308, 1e308, "x100.0% #####"},
         {5e307, 1e308, "x 50.0% ## |"},
-        // Not finite, or as good as that: the bar fills what is left of the line.
+        // Infinite, not a number or huge: the bar fills the rest of the line.
         {5.0, 0.0, "x100.0% " + marks},
         {0.0, 0.0, "x100.0% " + blanks},
         {5.0, notANumber, "x100.0% " + blanks},
@@ -109,6 +123,111 @@ TEST(ProgressLine, IsCutWhereItsRoomEnds) {
     for (std::size_t room = 0; room <= whole.size() + 1; ++room) {
         EXPECT_EQ(line(5, 100, 20, "Reading", 1000.0, 1047.5, room), whole.substr(0, room)) << room;
     }
+}
+
+// --- The time left and the time spent ---
+
+std::string timedLine(double value, double startTime, double now) {
+    return line(value, 2.0, 4, "x", startTime, now);
+}
+
+/// Half of the work is done: the estimate is the elapsed time times 0.85.
+std::string halfway(double startTime, double now) {
+    return timedLine(1.0, startTime, now);
+}
+
+std::string finished(double startTime, double now) {
+    return timedLine(2.0, startTime, now);
+}
+
+TEST(ProgressLineTime, ShowsTheTimeLeft) {
+    const struct {
+        double elapsed;
+        const char* expected;
+    } cases[] = {
+        {0.0, "x 50.0% ## | time left: 0 secs  "},
+        {1.0, "x 50.0% ## | time left: 0 secs  "},
+        {2.0, "x 50.0% ## | time left: 1 secs  "},
+        {69.0, "x 50.0% ## | time left: 58 secs  "},
+        {70.0, "x 50.0% ## | time left: 59 secs  "},
+        {71.0, "x 50.0% ## | time left: 1 mins  "},               // 60
+        {140.5, "x 50.0% ## | time left: 1 mins  "},              // 119
+        {142.0, "x 50.0% ## | time left: 2 mins  "},              // 120
+        {4235.0, "x 50.0% ## | time left: 59 mins  "},            // 3599
+        {4236.0, "x 50.0% ## | time left: 1 hours "},             // 3600
+        {8470.0, "x 50.0% ## | time left: 1 hours "},             // 7199
+        {8471.0, "x 50.0% ## | time left: 2 hours "},             // 7200
+        {2526451350.0, "x 50.0% ## | time left: 596523 hours "},  // 2147483647
+        {2526451355.0, "x 50.0% ## | time left: -2147483648 secs  "},
+        {-70.0, "x 50.0% ## | time left: -59 secs  "},
+        {-71.0, "x 50.0% ## | time left: -60 secs  "},
+        {-5001.0, "x 50.0% ## | time left: -4250 secs  "},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(halfway(1000.0, 1000.0 + c.elapsed), c.expected) << c.elapsed;
+    }
+}
+
+TEST(ProgressLineTime, HasNoEstimateAtTheBeginning) {
+    EXPECT_EQ(timedLine(0.0, 1000.0, 1010.0), "x  0.0%    | time left: -2147483648 secs  ");
+    EXPECT_EQ(timedLine(0.0, 1000.0, 1000.0), "x  0.0%    | time left: -2147483648 secs  ");
+    EXPECT_EQ(timedLine(0.0, 1000.0, 990.0), "x  0.0%    | time left: -2147483648 secs  ");
+}
+
+TEST(ProgressLineTime, IsCautiousAtTheBeginning) {
+    EXPECT_EQ(timedLine(0.02, 1000.0, 1000.2), "x  1.0% #   | time left: 26 secs  ");   // 19.8 s * 1.34 = 26.5
+    EXPECT_EQ(timedLine(0.5, 1000.0, 1010.1), "x 25.0% #  | time left: 33 secs  ");     // 30.3 s * 1.10 = 33.3
+    EXPECT_EQ(timedLine(1.98, 1000.0, 10950.0), "x 99.0% ####| time left: 36 secs  ");  // 100.5 s * 0.36 = 36.2
+}
+
+TEST(ProgressLineTime, ShowsTheTimeSpentAtTheEnd) {
+    const struct {
+        double elapsed;
+        const char* expected;
+    } cases[] = {
+        {0.0, "x100.0% ##### done in: 0.0 secs  "},     {0.25, "x100.0% ##### done in: 0.2 secs  "},
+        {12.34, "x100.0% ##### done in: 12.3 secs  "},  {59.0, "x100.0% ##### done in: 59.0 secs  "},
+        {59.94, "x100.0% ##### done in: 59.9 secs  "},  {59.99, "x100.0% ##### done in: 60.0 secs  "},
+        {60.0, "x100.0% ##### done in: 1.0 mins  "},    {75.0, "x100.0% ##### done in: 1.2 mins  "},
+        {90.0, "x100.0% ##### done in: 1.5 mins  "},    {3599.0, "x100.0% ##### done in: 60.0 mins  "},
+        {3599.9, "x100.0% ##### done in: 60.0 mins  "}, {3600.0, "x100.0% ##### done in: 1.0 hours "},
+        {5400.0, "x100.0% ##### done in: 1.5 hours "},  {360000.0, "x100.0% ##### done in: 100.0 hours "},
+        {-5.0, "x100.0% ##### done in: -5.0 secs  "},   {-5000.0, "x100.0% ##### done in: -5000.0 secs  "},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(finished(1000.0, 1000.0 + c.elapsed), c.expected) << c.elapsed;
+    }
+}
+
+TEST(ProgressLineTime, IsSwitchedOffByAStartThatIsNotAboveZero) {
+    for (const double start : {0.0, -0.0, -4.9e-324, -1000.0, -infinity, notANumber}) {
+        EXPECT_EQ(halfway(start, 1000.0), "x 50.0% ## |") << start;
+        EXPECT_EQ(finished(start, 1000.0), "x100.0% #####") << start;
+    }
+    EXPECT_EQ(halfway(4.9e-324, 10.0), "x 50.0% ## | time left: 8 secs  ");
+    EXPECT_EQ(finished(4.9e-324, 10.0), "x100.0% ##### done in: 10.0 secs  ");
+}
+
+TEST(ProgressLineTime, AcceptsInfiniteTimesAndNotANumber) {
+    const struct {
+        double start;
+        double now;
+        const char* left;
+        const char* spent;
+    } cases[] = {
+        {infinity, 1000.0, " time left: -2147483648 secs  ", " done in: -inf secs  "},
+        {1000.0, infinity, " time left: -2147483648 secs  ", " done in: inf hours "},
+        {1000.0, -infinity, " time left: -2147483648 secs  ", " done in: -inf secs  "},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(halfway(c.start, c.now), std::string("x 50.0% ## |") + c.left) << c.start << " to " << c.now;
+        EXPECT_EQ(finished(c.start, c.now), std::string("x100.0% #####") + c.spent) << c.start << " to " << c.now;
+    }
+    EXPECT_EQ(halfway(1000.0, notANumber), "x 50.0% ## | time left: -2147483648 secs  ");
+    // C libraries spell not a number differently. The unit is the largest.
+    const std::string end = " hours ";
+    const std::string text = finished(1000.0, notANumber);
+    EXPECT_EQ(text.substr(text.size() - end.size()), end);
 }
 
 }  // namespace

@@ -38,8 +38,8 @@ constexpr char closedCheer[] =
     "   \\  \\_/  /\n"
     "    \\_____/         time spent:  10 secs      \n";
 
-/// A display set up at 1000 s with a total of 2. Every pause and every move of the cursor is noted together with the text
-/// that had reached standard output before it.
+/// A display set up at 1000 s with a total of 2. Records every pause and every cursor movement, each after the text that
+/// had reached standard output by then.
 class Smiley : public ProgressTest {
 protected:
     Smiley() {
@@ -50,7 +50,7 @@ protected:
         fake_platform::state().onRewind = [this](unsigned int lines) { note("up " + std::to_string(lines)); };
     }
 
-    /// What a call at `now` does, ending with what it wrote after the last pause or move.
+    /// Returns what a call at `now` does. The last event is "end", after the text written since the last pause or movement.
     Events eventsOf(double value, double now) {
         clock(now);
         events.clear();
@@ -61,7 +61,7 @@ protected:
         return events;
     }
 
-    /// The same with a standard output that fails.
+    /// Returns the result of a call at `now` whose output fails.
     int resultOnFailingOutput(double value, double now) {
         clock(now);
         output.emplace();
@@ -82,9 +82,11 @@ private:
         events.push_back(what);
     }
 
-    std::optional<StandardOutputFile> output;  ///< only during a call, see ProgressTest::written
+    std::optional<StandardOutputFile> output;  ///< set only during a call, see ProgressTest::written
     Events events;
 };
+
+// --- Frames ---
 
 TEST_F(Smiley, DrawsItsFrameAndReturnsToItsTop) {
     KELP_GlobalProgress.last_blink = 1008.0;
@@ -145,7 +147,7 @@ TEST_F(Smiley, ReturnsTheCharactersOfItsLastFrame) {
     EXPECT_EQ(result, 142);
 }
 
-TEST_F(Smiley, TellsWhenStandardOutputFails) {
+TEST_F(Smiley, ReportsThatStandardOutputFails) {
     EXPECT_EQ(resultOnFailingOutput(1.0, 1010.0), -1) << "with a blink";
     EXPECT_EQ(resultOnFailingOutput(1.0, 1010.0), -1);
     EXPECT_EQ(resultOnFailingOutput(2.0, 1010.0), -1);
@@ -160,7 +162,7 @@ TEST_F(Smiley, DrawsWhetherTheCursorMovesOrNot) {
     }
 }
 
-TEST_F(Smiley, WritesNothingButTheLastBlinkIntoTheDisplay) {
+TEST_F(Smiley, ChangesOnlyTheLastBlinkOfTheDisplay) {
     KELP_GlobalProgress.smile = 0;
     for (const double value : {1.0, 2.0}) {
         KELP_GlobalProgress.last_blink = 99.0;
@@ -170,6 +172,80 @@ TEST_F(Smiley, WritesNothingButTheLastBlinkIntoTheDisplay) {
         KELP_GlobalProgress.last_blink = 99.0;
         EXPECT_EQ(bytesOf(KELP_GlobalProgress), before) << value;
     }
+}
+
+// --- Blinks ---
+
+class SmileyBlink : public Smiley {
+protected:
+    /// Returns whether a call at `now` blinks.
+    bool blinks(double now) {
+        fake_platform::state().sleepsMilliseconds.clear();
+        eventsOf(1.0, now);
+        return fake_platform::state().sleepsMilliseconds == std::vector<unsigned int>{75};
+    }
+};
+
+TEST_F(SmileyBlink, BlinksWhenTheLastBlinkIsMoreThanFourSecondsAgo) {
+    const struct {
+        double last;
+        double now;
+        bool blinks;
+    } cases[] = {
+        {0.0, 1000.0, true},
+        {1000.0, 1000.0, false},
+        {1000.0, 1003.9999999999999, false},
+        {1000.0, 1004.0, false},
+        {1000.0, 1004.0000000000001, true},
+        {1000.0, 990.0, false},
+        {1000.0, 2000.0, true},
+    };
+    for (const auto& c : cases) {
+        KELP_GlobalProgress.last_blink = c.last;
+        EXPECT_EQ(blinks(c.now), c.blinks) << c.now - c.last << " s after " << c.last;
+        EXPECT_EQ(KELP_GlobalProgress.last_blink, c.blinks ? c.now : c.last) << c.now - c.last << " s after " << c.last;
+    }
+}
+
+// The monotonic clock may start at 0, as on a system that has just booted.
+TEST_F(SmileyBlink, TheFirstCallBlinksOnceTheClockIsPastFourSeconds) {
+    for (const double now : {0.0, 3.9, 3.9999999999999996, 4.0}) {
+        ASSERT_EQ(KELP_GlobalProgress.last_blink, 0.0);
+        EXPECT_FALSE(blinks(now)) << now;
+    }
+    for (const double now : {4.000000000000001, 4.1, 1000.0}) {
+        KELP_GlobalProgress.last_blink = 0.0;
+        EXPECT_TRUE(blinks(now)) << now;
+        EXPECT_EQ(KELP_GlobalProgress.last_blink, now);
+    }
+}
+
+TEST_F(SmileyBlink, BlinksAtMostOnceInFourSecondsOfALongRun) {
+    // Ten minutes, four calls a second: every 17th call is the first that is more than 4 s after a blink.
+    for (int call = 0; call < 2400; ++call) {
+        EXPECT_EQ(blinks(1000.0 + call * 0.25), call % 17 == 0) << call;
+    }
+}
+
+TEST_F(SmileyBlink, ShowsOneTimeInBothFrames) {
+    const std::string line = "time remaining: 8 secs ";
+    const Events blink = eventsOf(1.0, 1010.55);
+    EXPECT_EQ(fake_platform::state().sleepsMilliseconds, std::vector<unsigned int>{75});
+    ASSERT_EQ(blink.size(), 6U) << "a frame, a pause, a movement, a frame, a movement, the end";
+    EXPECT_NE(blink[0].find(line), std::string::npos) << blink[0];
+    EXPECT_NE(blink[3].find(line), std::string::npos) << blink[3];
+    const Events later = eventsOf(1.0, 1010.63);
+    EXPECT_NE(later[0].find("time remaining: 9 secs "), std::string::npos) << "9 s are left when the blink ends";
+}
+
+TEST_F(SmileyBlink, CountsItsCheerAsABlinkWhenOneIsDue) {
+    KELP_GlobalProgress.last_blink = 1006.0;
+    eventsOf(2.0, 1010.0);
+    EXPECT_EQ(KELP_GlobalProgress.last_blink, 1006.0) << "4 s are not more than 4 s";
+    eventsOf(2.0, 1010.0000000000001);
+    EXPECT_EQ(KELP_GlobalProgress.last_blink, 1010.0000000000001);
+    EXPECT_FALSE(blinks(1014.0));
+    EXPECT_TRUE(blinks(1014.0000000000002));
 }
 
 }  // namespace
