@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Writes a line past the buffers of all streams: text that the library has not flushed comes out behind it.
+/// Writes a line without any stream's buffer: text that the library did not flush before appears after it.
 void markPastTheBuffers(const std::string& text) {
     const std::string line = "[" + text + "]\n";
     if (write(STDOUT_FILENO, line.data(), static_cast<unsigned int>(line.size())) == -1) {
@@ -31,7 +31,7 @@ void clock(double seconds) {
     fake_platform::state().seconds = seconds;
 }
 
-/// Reports some work from its beginning at 1000 s to its end; `report` takes the value and the label.
+/// Reports work that began at 1000 s until it is done. `report` takes the value and the label.
 template <class Report>
 void work(Report report) {
     markPausesAndMoves();
@@ -46,8 +46,8 @@ void work(Report report) {
     markPastTheBuffers("end of the work");
 }
 
-void workOfTool(std::vector<std::string> tokens) {
-    Arguments line(std::move(tokens));
+void workOfTool(const CommandLine& row) {
+    Arguments line(row.tokens);
     CommandLineTool tool(line.argc(), line.argv(), "Does a job", Kelp::Option("-v", "--verbose", "", false));
     tool.initProgress(200.0, "Starting", 16);
     work([&tool](double value, const char* label) { tool.progress(value, label, 16); });
@@ -76,8 +76,13 @@ void everyFace() {
     markPastTheBuffers("end of the work");
 }
 
-void negativeProgress(double value) {
-    KELP_progress(value, 100.0, 20, "Reading", 0.0);
+struct NegativeValue {
+    const char* name;
+    double value;
+};
+
+void negativeProgress(const NegativeValue& row) {
+    KELP_progress(row.value, 100.0, 20, "Reading", 0.0);
 }
 
 void negativeProgressOfDisplay() {
@@ -92,9 +97,15 @@ void negativeProgressOfTool() {
     tool.progress(-1.0, "Reading", 20);
 }
 
-void outputFilesOfTool(std::vector<std::string> tokens, const Kelp::Option& option) {
-    Arguments line(std::move(tokens));
-    CommandLineTool tool(line.argc(), line.argv(), "Does a job", option);
+struct OutputFiles {
+    const char* name;
+    Tokens tokens;
+    Kelp::Option option;
+};
+
+void outputFilesOfTool(const OutputFiles& row) {
+    Arguments line(row.tokens);
+    CommandLineTool tool(line.argc(), line.argv(), "Does a job", row.option);
     std::vector<FilePath> files;
     FilePath file;
     markPastTheBuffers(std::to_string(tool.getOutFiles(files, 0)) + " files");
@@ -103,37 +114,35 @@ void outputFilesOfTool(std::vector<std::string> tokens, const Kelp::Option& opti
 
 }  // namespace
 
-std::vector<Scenario> progressScreens() {
-    return {
-        {"progress_bar.tool.MSYSTEM=MINGW64", [] { workOfTool({"tool"}); }},
-        {"progress_bar.tool.MSYSTEM=", [] { workOfTool({"tool"}); }},
+Scenarios progressScreens() {
+    Scenarios scenarios = {
         {"progress_bar.flat_functions.MSYSTEM=0", workOfFlatFunctions},
         {"progress_bar.flat_functions.MSYSTEM=", workOfFlatFunctions},
         {"progress_bar_without_time", workWithoutTime},
         {"progress_before_set_up", [] { KELP_progress_global(5.0); }},
-        {"progress_verbose.face",
-         [] {
-             workOfTool({"tool", "-v"});
-         }},
-        {"progress_verbose.bar.MSYSTEM=MSYS",
-         [] {
-             workOfTool({"tool", "--verbose"});
-         }},
-        {"progress_negative.half", [] { negativeProgress(-0.5); }},
-        {"progress_negative.least", [] { negativeProgress(-std::numeric_limits<double>::denorm_min()); }},
-        {"progress_negative.infinite", [] { negativeProgress(-std::numeric_limits<double>::infinity()); }},
         {"progress_negative.display", negativeProgressOfDisplay},
         {"progress_negative.tool.MSYSTEM=MSYS", negativeProgressOfTool},
-        {"progress_output_files.registered",
-         [] {
-             outputFilesOfTool({"tool", "-o=a.txt"}, {"-O", "--Output", "", false});
-         }},
-        {"progress_output_files_missing.long_form_only",
-         [] {
-             outputFilesOfTool({"tool", "a.txt"}, {"--output", "-o", "", false});
-         }},
-        {"face.tool", [] { workOfTool({"tool"}); }},
         {"face.flat_functions", workOfFlatFunctions},
         {"face_every", everyFace},
     };
+    const std::vector<CommandLine> work = {
+        {"progress_bar.tool.MSYSTEM=MINGW64", {"tool"}},
+        {"progress_bar.tool.MSYSTEM=", {"tool"}},
+        {"progress_verbose.face", {"tool", "-v"}},
+        {"progress_verbose.bar.MSYSTEM=MSYS", {"tool", "--verbose"}},
+        {"face.tool", {"tool"}},
+    };
+    addRows(scenarios, work, workOfTool);
+    const std::vector<NegativeValue> negativeValues = {
+        {"progress_negative.half", -0.5},
+        {"progress_negative.least", -std::numeric_limits<double>::denorm_min()},
+        {"progress_negative.infinite", -std::numeric_limits<double>::infinity()},
+    };
+    addRows(scenarios, negativeValues, negativeProgress);
+    const std::vector<OutputFiles> outputFiles = {
+        {"progress_output_files.registered", {"tool", "-o=a.txt"}, {"-O", "--Output", "", false}},
+        {"progress_output_files_missing.long_form_only", {"tool", "a.txt"}, {"--output", "-o", "", false}},
+    };
+    addRows(scenarios, outputFiles, outputFilesOfTool);
+    return scenarios;
 }

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-"""Plays every scenario of a program in a process of its own and compares what it prints, to the byte, with screens/*.txt.
+"""Plays every scenario of a program in its own process and compares the output with screens/*.txt, byte for byte.
 
-run_screens.py PROGRAM          compares; exit status 1 when anything differs
-run_screens.py PROGRAM --write  writes the screens anew, to be read before they are committed
+run_screens.py PROGRAM          compares; the exit status is 1 if anything differs
+run_screens.py PROGRAM --write  rewrites the screens; read them before committing them
 
-A screen file shows every byte: \\e is the escape character, \\t a tab, \\r a carriage return, \\\\ a backslash, \\xHH any other
-byte that cannot be seen; "$" marks the end of each line. Its last line is the exit status.
+A screen file shows every byte: \\e is the escape character, \\t a tab, \\r a carriage return, \\\\ a backslash and \\xHH
+any other invisible byte. "$" marks the end of each line. The last line is the exit status.
 """
 
 import difflib
@@ -21,12 +21,12 @@ NAMED = {0x1B: "\\e", 0x09: "\\t", 0x0D: "\\r", 0x5C: "\\\\", 0x0A: "$\n"}
 
 
 def visible(output):
-    """Text in which every byte of the output can be seen."""
+    """Returns the output as text that shows every byte."""
     return "".join(NAMED.get(byte) or (chr(byte) if 0x20 <= byte < 0x7F else f"\\x{byte:02X}") for byte in output)
 
 
 def environment_of(scenario):
-    """The environment without MSYSTEM, or with the MSYSTEM that the last part of the scenario's name gives."""
+    """Returns the environment with MSYSTEM as the end of the scenario's name sets it, or without MSYSTEM."""
     environment = {name: value for name, value in os.environ.items() if name != "MSYSTEM"}
     _, assignment, value = scenario.partition(".MSYSTEM=")
     return {**environment, "MSYSTEM": value} if assignment else environment
@@ -61,7 +61,7 @@ def main():
                                                        f"screens/{path.name}", scenario))
     unused = sorted(path.name for path in set(SCREENS.glob("*.txt")) - used)
     for name in unused:
-        print(f"screens/{name} belongs to no scenario")
+        print(f"screens/{name} has no scenario")
     print(f"{len(scenarios) - len(failures)} of {len(scenarios)} scenarios show their screen")
     return 1 if failures or unused or len(scenarios) < 60 else 0
 

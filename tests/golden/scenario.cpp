@@ -4,7 +4,6 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "arguments.h"
 #include "fake_platform.h"
 
 namespace {
@@ -25,37 +24,17 @@ void play(const Scenario& scenario) {
     }
 }
 
-std::vector<Scenario> allScenarios() {
-    std::vector<Scenario> all = helpScreens();
-    for (const auto& scenarios : {checkScreens(), progressScreens(), startUpScreens()}) {
-        all.insert(all.end(), scenarios.begin(), scenarios.end());
-    }
+Scenarios allScenarios() {
+    Scenarios all = toolScreens();
+    const Scenarios others = progressScreens();
+    all.insert(all.end(), others.begin(), others.end());
     return all;
 }
 
 }  // namespace
 
-void startSmallTool(std::vector<std::string> tokens) {
-    Arguments line(std::move(tokens));
-    const CommandLineTool tool(line.argc(), line.argv(), "Does a job",
-                               Kelp::Option("-o", "--output", "the result", false),
-                               Kelp::Option("-v", "--verbose", "tells more", false));
-    std::cout << "[running]\n";
-}
-
-void startFullTool(std::vector<std::string> tokens, const std::string& usage) {
-    Arguments line(std::move(tokens));
-    Options options{{"-o", "--output", "the result", false},
-                    {"-Number", "", "how many", true},
-                    {"-v", "--verbose", "tells more", false}};
-    Positionals arguments{{"input", "what is read", false}, {"more", "", true}};
-    const CommandLineTool tool(line.argc(), line.argv(), "Does a job", usage, "-o=b a", "\tMade for tests", options,
-                               arguments);
-    std::cout << "[running]\n";
-}
-
-/// Without arguments: the names of all scenarios. With one: plays it. Standard output has its own buffer here, beside that
-/// of the C library through which the pause tells of itself: text that was not flushed before the pause comes out too late.
+/// Prints the names of all scenarios, or plays the scenario that its argument names. std::cout has a buffer of its own here,
+/// and pauses are printed through the C library: text that the library did not flush before a pause appears after it.
 int main(int argc, char** argv) {
     std::ios::sync_with_stdio(false);
     const std::string wanted = argc > 1 ? argv[1] : "";

@@ -7,26 +7,35 @@
 #include <string>
 #include <vector>
 
-/// One run of a tool, played by a process of its own. What it prints is compared with screens/NAME.txt, where NAME is the
-/// scenario's name up to the first dot: several command lines may have one screen. A last part MSYSTEM=VALUE of the name
-/// stands in the environment of its process; the others have no MSYSTEM.
+/// One run of a tool, in a process of its own. run_screens.py compares its output with screens/NAME.txt, where NAME is the
+/// scenario's name up to the first dot, so that several scenarios can have the same screen. A name that ends in
+/// ".MSYSTEM=VALUE" sets that environment variable. For all others it is unset.
 struct Scenario {
     std::string name;
     std::function<void()> run;
 };
 
-std::vector<Scenario> helpScreens();
-std::vector<Scenario> checkScreens();
-std::vector<Scenario> progressScreens();
-std::vector<Scenario> startUpScreens();
+using Scenarios = std::vector<Scenario>;
+using Tokens = std::vector<std::string>;
 
-using Options = std::vector<Kelp::Option>;
-using Positionals = std::vector<Kelp::Argument>;
+/// A row of a table whose scenarios differ only in their command line.
+struct CommandLine {
+    const char* name;
+    Tokens tokens;
+};
 
-/// Constructs a tool of two options (-o and -v) from the tokens, with the short constructor.
-void startSmallTool(std::vector<std::string> tokens);
+/// Appends one scenario for each row. Its run passes the row to `play`.
+template <class Row, class Play>
+void addRows(Scenarios& scenarios, const std::vector<Row>& rows, Play play) {
+    for (const Row& row : rows) {
+        scenarios.push_back({row.name, [row, play] { play(row); }});
+    }
+}
 
-/// Constructs a tool with the full constructor. Its options are -o, -Number and -v, its arguments "input" and "more".
-void startFullTool(std::vector<std::string> tokens, const std::string& usage = "");
+/// Help, checks and start-up.
+Scenarios toolScreens();
+
+/// Bars, faces and the output of verbose tools.
+Scenarios progressScreens();
 
 #endif
