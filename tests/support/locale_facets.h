@@ -7,17 +7,18 @@
 #include <string>
 #include <utility>
 
-/// Decimal comma and dots between groups of digits ("\3": of three; "": no groups).
+/// Punctuation of numbers: by default a decimal comma, and dots between groups of digits ("\3": of three; "": no groups).
 class Punctuation : public std::numpunct<char> {
 public:
-    explicit Punctuation(std::string groupSizes) : grouping(std::move(groupSizes)) {}
+    explicit Punctuation(std::string groupSizes, char decimalPoint = ',', char thousandsSeparator = '.')
+        : grouping(std::move(groupSizes)), point(decimalPoint), separator(thousandsSeparator) {}
 
 protected:
     char do_decimal_point() const override {
-        return ',';
+        return point;
     }
     char do_thousands_sep() const override {
-        return '.';
+        return separator;
     }
     std::string do_grouping() const override {
         return grouping;
@@ -25,9 +26,11 @@ protected:
 
 private:
     std::string grouping;
+    char point;
+    char separator;
 };
 
-/// Counts "_" as a blank and the space as none.
+/// Treats "_" as a blank and the space as no blank.
 class UnderscoreBlank : public std::ctype<char> {
 public:
     UnderscoreBlank() : std::ctype<char>(table().data()) {}

@@ -9,23 +9,28 @@ namespace {
 
 using Kelp::equalIgnoringAsciiCase;
 
-TEST(AsciiFold, TreatsLettersOfBothCasesAsEqual) {
-    EXPECT_TRUE(equalIgnoringAsciiCase("", ""));
-    EXPECT_TRUE(equalIgnoringAsciiCase("abcdefghijklmnopqrstuvwxyz", "ABCDEFGHIJKLMNOPQRSTUVWXYZ"));
-    EXPECT_TRUE(equalIgnoringAsciiCase("--OutPut=1", "--oUTpUT=1"));
-}
-
-TEST(AsciiFold, KeepsTheNeighboursOfTheLettersApart) {
-    EXPECT_FALSE(equalIgnoringAsciiCase("@", "`"));
-    EXPECT_FALSE(equalIgnoringAsciiCase("[", "{"));
-    EXPECT_FALSE(equalIgnoringAsciiCase("\xC4", "\xE4"));
-}
-
-TEST(AsciiFold, ComparesWholeTexts) {
-    EXPECT_FALSE(equalIgnoringAsciiCase("-a", "-ab"));
-    EXPECT_FALSE(equalIgnoringAsciiCase("-ab", "-a"));
-    EXPECT_FALSE(equalIgnoringAsciiCase("", "a"));
-    EXPECT_FALSE(equalIgnoringAsciiCase("-a", "-b"));
+TEST(AsciiFold, IgnoresTheCaseOfAsciiLettersOnly) {
+    const struct {
+        const char* first;
+        const char* second;
+        bool equal;
+    } cases[] = {
+        {"", "", true},
+        {"abcdefghijklmnopqrstuvwxyz", "ABCDEFGHIJKLMNOPQRSTUVWXYZ", true},
+        {"--OutPut=1", "--oUTpUT=1", true},
+        // The neighbours of the letters, and letters outside ASCII.
+        {"@", "`", false},
+        {"[", "{", false},
+        {"\xC4", "\xE4", false},
+        // Texts of different lengths, and different letters.
+        {"-a", "-ab", false},
+        {"-ab", "-a", false},
+        {"", "a", false},
+        {"-a", "-b", false},
+    };
+    for (const auto& each : cases) {
+        EXPECT_EQ(equalIgnoringAsciiCase(each.first, each.second), each.equal) << each.first << " and " << each.second;
+    }
 }
 
 TEST(AsciiFold, IsTheSameInEveryCLocale) {

@@ -13,18 +13,18 @@ constexpr int mostInt = 2147483647;
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
-/// The bar's inside behind a "[", in a line with room for `room` characters more.
+/// Returns what appendBarBody appends to a "[" in a line with room for `room` more characters.
 std::string body(int width, double ratio, std::size_t room = 30) {
     char buffer[200];
     std::fill(std::begin(buffer), std::end(buffer), '~');
     Kelp::BoundedText line(buffer, room + 1);
     line.append("[");
     Kelp::appendBarBody(line, width, ratio);
-    EXPECT_EQ(buffer[room + 1], '~') << width << " * " << ratio << ": wrote behind the line's end";
+    EXPECT_EQ(buffer[room + 1], '~') << width << " * " << ratio << ": wrote past the end of the line";
     return std::string(line.view().substr(1));
 }
 
-TEST(BarBody, MarksEveryCharacterThatIsBegunAndPadsToOneLessThanTheWidth) {
+TEST(BarBody, MarksEveryStartedCharacterAndPadsToOneLessThanTheWidth) {
     const struct {
         int width;
         double ratio;
@@ -81,7 +81,7 @@ TEST(BarBody, GrowsBeyondItsWidthAboveTheWhole) {
     }
 }
 
-TEST(BarBody, PadsMoreWhenLessThanNothingIsDone) {
+TEST(BarBody, PadsMoreForNegativeProgress) {
     const struct {
         int width;
         double ratio;
@@ -106,7 +106,7 @@ TEST(BarBody, PadsMoreWhenLessThanNothingIsDone) {
     }
 }
 
-TEST(BarBody, FillsTheLineWhenThereIsNoEnd) {
+TEST(BarBody, FillsTheLineWhenItIsEndless) {
     const std::string marks = "##############################";
     const std::string blanks = "                              ";
     const struct {
@@ -156,7 +156,7 @@ TEST(BarBody, IsCutWhereTheLineEnds) {
     }
 }
 
-/// Counts marks and blanks one by one.
+/// Builds the body by counting marks and blanks one by one.
 std::string countedBody(int width, double filled) {
     std::string text;
     if (filled > 0.0) {
@@ -171,7 +171,7 @@ std::string countedBody(int width, double filled) {
     return text;
 }
 
-TEST(BarBody, IsWhatCountingGives) {
+TEST(BarBody, AgreesWithCountingOneByOne) {
     for (int width = -20; width <= 50; ++width) {
         for (int eighths = -16; eighths <= 24; ++eighths) {
             const double ratio = eighths / 8.0;

@@ -10,14 +10,12 @@ namespace {
 
 using namespace std::string_literals;
 
-struct ColorCase {
-    std::string text;
-    int code;
-    std::string expected;
-};
-
 void expectColors() {
-    const ColorCase cases[] = {
+    const struct {
+        std::string text;
+        int code;
+        std::string expected;
+    } cases[] = {
         {"abc", 32, "\x1B[32mabc\x1B[0m"},
         {"abc", -5, "\x1B[-5mabc\x1B[0m"},
         {"abc", 0, "\x1B[0mabc\x1B[0m"},
@@ -32,16 +30,16 @@ void expectColors() {
         {"x", INT_MAX, "\x1B[2147483647mx\x1B[0m"},
         {"x", INT_MIN, "\x1B[-2147483648mx\x1B[0m"},
     };
-    for (const ColorCase& each : cases) {
-        EXPECT_EQ(getColoredString(each.text, each.code), each.expected);
+    for (const auto& each : cases) {
+        EXPECT_EQ(getColoredString(each.text, each.code), each.expected) << each.text << " in " << each.code;
     }
 }
 
-TEST(ColoredString, WrapsTheTextInItsRenditionAndTheReset) {
+TEST(ColoredString, WrapsTheTextInTheColorAndTheReset) {
     expectColors();
 }
 
-TEST(ColoredString, WritesTheCodeAlikeUnderEveryLocale) {
+TEST(ColoredString, WritesTheSameCodeUnderEveryLocale) {
     const ScopedGlobalLocale scope(new Punctuation("\3"));
     expectColors();
 }

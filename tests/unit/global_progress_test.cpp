@@ -20,10 +20,10 @@ TEST_F(GlobalProgress, IsSetUpFieldByField) {
     EXPECT_EQ(KELP_GlobalProgress.start_time, 1234.5);
     EXPECT_EQ(KELP_GlobalProgress.smile, 1);
     EXPECT_EQ(KELP_GlobalProgress.terminal_env, nullptr);
-    EXPECT_EQ(KELP_GlobalProgress.last_blink, 99.0) << "a new set-up leaves the blinking alone";
+    EXPECT_EQ(KELP_GlobalProgress.last_blink, 99.0) << "init does not change the last blink";
 }
 
-TEST_F(GlobalProgress, IsSetUpAnew) {
+TEST_F(GlobalProgress, CanBeSetUpAgain) {
     KELP_progress_global_init(200.0, 20, "A longer label", 1);
     clock(2000.0);
     EXPECT_EQ(KELP_progress_global_init(5.0, -3, "b", 0), 0);
@@ -34,7 +34,7 @@ TEST_F(GlobalProgress, IsSetUpAnew) {
     EXPECT_EQ(KELP_GlobalProgress.smile, 0);
 }
 
-TEST_F(GlobalProgress, KeepsAnyModeUnlessMsystemIsSet) {
+TEST_F(GlobalProgress, KeepsItsModeUnlessMsystemIsSet) {
     for (const int smile : {0, 1, 2, -1, 2147483647}) {
         KELP_progress_global_init(1.0, 1, "", smile);
         EXPECT_EQ(KELP_GlobalProgress.smile, smile);
@@ -49,11 +49,11 @@ TEST_F(GlobalProgress, KeepsAnyModeUnlessMsystemIsSet) {
         }
     }
     KELP_progress_global_init(1.0, 1, "", 1);
-    EXPECT_EQ(KELP_GlobalProgress.terminal_env, nullptr) << "kept from an earlier set-up";
+    EXPECT_EQ(KELP_GlobalProgress.terminal_env, nullptr) << "left from an earlier init";
     EXPECT_EQ(KELP_GlobalProgress.smile, 1);
 }
 
-TEST_F(GlobalProgress, AsksForMsystemInNoOtherSpelling) {
+TEST_F(GlobalProgress, IgnoresVariablesWithLongerNames) {
     const ScopedVariable longer("MSYSTEM_PREFIX", "/mingw64");
     KELP_progress_global_init(1.0, 1, "", 1);
     EXPECT_EQ(KELP_GlobalProgress.smile, 1);
@@ -76,13 +76,13 @@ TEST_F(GlobalProgress, KeepsTheFirst127CharactersOfItsLabel) {
     }
 }
 
-TEST_F(GlobalProgress, TakesANullLabelForAnEmptyOne) {
+TEST_F(GlobalProgress, TreatsANullLabelAsEmpty) {
     KELP_progress_global_init(1.0, 1, "old", 0);
     KELP_progress_global_init(1.0, 1, nullptr, 0);
     EXPECT_STREQ(KELP_GlobalProgress.text, "");
 }
 
-TEST_F(GlobalProgress, TakesItsOwnLabelAgain) {
+TEST_F(GlobalProgress, AcceptsItsOwnLabel) {
     KELP_progress_global_init(1.0, 1, "abcdef", 0);
     KELP_progress_global_init(2.0, 1, KELP_GlobalProgress.text, 0);
     EXPECT_STREQ(KELP_GlobalProgress.text, "abcdef");
@@ -98,7 +98,7 @@ TEST_F(GlobalProgress, DrawsTheBarWithTheTimeSinceSetUp) {
     EXPECT_EQ(drawDisplay(200.0), Drawn(0, "Reading100.0% ##################### done in: 1.5 mins  \r"));
 }
 
-TEST_F(GlobalProgress, DrawsWithTheSettingsOfTheMoment) {
+TEST_F(GlobalProgress, DrawsWithTheCurrentSettings) {
     KELP_progress_global_init(200.0, 20, "Reading", 0);
     KELP_progress_global_set_text("Writing", 20);
     KELP_GlobalProgress.total = 4.0;
@@ -121,11 +121,11 @@ TEST_F(GlobalProgress, DrawsTheFaceForOneAndTheBarForAnythingElse) {
     EXPECT_EQ(drawDisplay(1.0), Drawn(0, "x 50.0% ## | time left: 0 secs  \r"));
 }
 
-TEST_F(GlobalProgress, DrawsALabelThatFillsItsFieldWithoutReadingOn) {
+TEST_F(GlobalProgress, DoesNotReadPastALabelThatFillsItsField) {
     const std::string label = std::string(61, 'a') + "..." + std::string(64, 'z');
     KELP_progress_global_init(2.0, 4, "", 0);
     KELP_progress_global_set_text((std::string(90, 'a') + std::string(90, 'z')).c_str(), 128);
-    // What follows the field looks like text, too.
+    // The bytes after the field look like text, too.
     std::memcpy(&KELP_GlobalProgress.start_time, "AAAAAAAA", sizeof KELP_GlobalProgress.start_time);
     clock(KELP_GlobalProgress.start_time + 1.0);
     EXPECT_EQ(drawDisplay(1.0), Drawn(0, label + " 50.0% ## | time left: 0 secs  \r"));

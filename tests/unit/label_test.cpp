@@ -21,14 +21,14 @@ Field field() {
     return bytes;
 }
 
-/// The text in a field that is all zero behind it.
+/// Returns a field with the text, filled up with zeros.
 Field fieldWith(const std::string& text) {
     Field bytes{};
     text.copy(bytes.data(), bytes.size());
     return bytes;
 }
 
-/// A display full of "~", as left behind by an earlier label.
+/// A display filled with "~", as if an earlier label had filled it.
 class Label : public testing::Test {
 protected:
     Label() {
@@ -76,7 +76,7 @@ TEST_F(Label, IsShortenedFromItsMiddle) {
     }
 }
 
-/// The rule, step by step.
+/// Shortens a label step by step.
 std::string shortened(const std::string& text, std::size_t maxLength) {
     std::size_t n = maxLength;
     if (n < 6) {
@@ -100,7 +100,7 @@ std::string shortened(const std::string& text, std::size_t maxLength) {
     return label;
 }
 
-TEST_F(Label, IsShortenedByTheRuleWhateverTheLengths) {
+TEST_F(Label, IsShortenedByTheRuleForEveryLength) {
     std::string text;
     for (std::size_t length = 0; length <= 300 && !HasFailure(); ++length) {
         for (std::size_t i = 0; i <= 201; ++i) {
@@ -126,7 +126,7 @@ TEST_F(Label, FillsItsFieldWithoutATerminator) {
     EXPECT_EQ(field(), fieldWith(std::string(127, 'b')));
 }
 
-TEST_F(Label, ChangesNothingButItsField) {
+TEST_F(Label, ChangesOnlyItsField) {
     KELP_progress_global_set_text("abc", 20);
     EXPECT_EQ(field(), fieldWith("abc"));
     std::memset(KELP_GlobalProgress.text, '~', sizeof KELP_GlobalProgress.text);

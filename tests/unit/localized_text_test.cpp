@@ -4,51 +4,25 @@
 
 #include <algorithm>
 #include <climits>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "all_texts.h"
 #include "digest.h"
+#include "locale_facets.h"
+#include "number_model.h"
 #include "number_types.h"
 #include "scoped_locale.h"
 
 namespace {
 
-/// A locale with these two characters and this grouping.
-class Punctuation : public std::numpunct<char> {
-public:
-    Punctuation(char decimalPoint, char thousandsSeparator, std::string groups)
-        : point(decimalPoint), separator(thousandsSeparator), grouping(std::move(groups)) {}
+using number_model::extractedOver;
+using number_model::streamsStopWhereTheNumberStops;
 
-private:
-    char do_decimal_point() const override {
-        return point;
-    }
-    char do_thousands_sep() const override {
-        return separator;
-    }
-    std::string do_grouping() const override {
-        return grouping;
-    }
+// --- Every short text ---
 
-    char point;
-    char separator;
-    std::string grouping;
-};
-
-template <class T>
-T extractedOver(T old, const std::string& text) {
-    std::stringstream(text) >> old;
-    return old;
-}
-
-/// Whether streams here follow the standard to the letter. Some do not, in grouping and in what follows a number.
-bool streamsStopWhereTheNumberStops() {
-    return extractedOver(99.0, "12a") == 12.0;
-}
-
-/// Compares with a stream wherever streams are a model, and returns the digest of all values, the same on every system.
+/// Compares all texts with a stream where streams follow the standard. Returns the digest of the values, which is the same
+/// on every system.
 template <class T>
 std::uint64_t compareAllTexts(std::string_view letters) {
     const bool streamsAreAModel = streamsStopWhereTheNumberStops();
@@ -64,25 +38,27 @@ std::uint64_t compareAllTexts(std::string_view letters) {
 }
 
 TEST(LocalizedText, ReadsADecimalCommaAndGroupsAsAStreamDoes) {
-    const ScopedGlobalLocale scope(new Punctuation(',', '.', "\3"));
+    const ScopedGlobalLocale scope(new Punctuation("\3"));
     EXPECT_EQ(compareAllTexts<int>("10.,-+e "), 13958376838401665802U);
     EXPECT_EQ(compareAllTexts<double>("10.,-+e "), 2885142288651883892U);
 }
 
 TEST(LocalizedText, ReadsWithoutGroupsAsAStreamDoes) {
-    const ScopedGlobalLocale scope(new Punctuation(',', '.', ""));
+    const ScopedGlobalLocale scope(new Punctuation(""));
     EXPECT_EQ(compareAllTexts<int>("10.,-+e "), 17883171870309626300U);
     EXPECT_EQ(compareAllTexts<double>("10.,-+e "), 1560307249420466345U);
 }
 
 TEST(LocalizedText, ReadsSignsThatAreSeparatorsAsAStreamDoes) {
-    const ScopedGlobalLocale scope(new Punctuation('-', '+', "\2\1"));
+    const ScopedGlobalLocale scope(new Punctuation("\2\1", '-', '+'));
     EXPECT_EQ(compareAllTexts<int>("10-+e "), 2191939195275913045U);
     EXPECT_EQ(compareAllTexts<double>("10-+e "), 7748225021676417679U);
 }
 
+// --- Single texts ---
+
 TEST(LocalizedText, ReadsExponentsOfEitherCase) {
-    const ScopedGlobalLocale scope(new Punctuation(',', '.', "\3"));
+    const ScopedGlobalLocale scope(new Punctuation("\3"));
     const struct {
         const char* text;
         int integer;
@@ -96,9 +72,8 @@ TEST(LocalizedText, ReadsExponentsOfEitherCase) {
     }
 }
 
-// What readers of whole and of real numbers may take, and no more.
 TEST(LocalizedText, EndsWhereTheNumberEnds) {
-    const std::locale locale(std::locale::classic(), new Punctuation(',', '.', "\3"));
+    const std::locale locale(std::locale::classic(), new Punctuation("\3"));
     const struct {
         std::string_view text;
         const char* real;
@@ -124,30 +99,32 @@ TEST(LocalizedText, EndsWhereTheNumberEnds) {
     }
 }
 
-TEST(LocalizedText, GroupsOnlyWhereTheFirstGroupHasASize) {
+TEST(LocalizedText, GroupsOnlyIfTheFirstGroupHasASize) {
     const struct {
         int size;
         int value;
     } cases[] = {{-1, 1}, {0, 1}, {1, 1000}, {CHAR_MAX - 1, 1000}, {CHAR_MAX, 1}};
     for (const auto& c : cases) {
         const std::string grouping = {static_cast<char>(c.size), '\3'};
-        const ScopedGlobalLocale scope(new Punctuation(',', '.', grouping));
+        const ScopedGlobalLocale scope(new Punctuation(grouping));
         EXPECT_EQ(readOver<int>(99, "1.000"), c.value) << c.size;
     }
 }
 
-TEST(LocalizedText, ReadsNoFurtherThanItsPiece) {
-    const ScopedGlobalLocale point(new Punctuation(':', '.', ""));
+TEST(LocalizedText, StopsAtTheEndOfItsPiece) {
+    const ScopedGlobalLocale point(new Punctuation("", ':', '.'));
     std::vector<double> reals;
     Kelp::stringToValue(reals, "1:25:-3");
     EXPECT_EQ(reals, (std::vector<double>{1, 25, -3}));
-    const ScopedGlobalLocale separator(new Punctuation('.', ':', "\3"));
+    const ScopedGlobalLocale separator(new Punctuation("\3", '.', ':'));
     std::vector<int> integers;
     Kelp::stringToValue(integers, "1:000:2");
     EXPECT_EQ(integers, (std::vector<int>{1, 0, 2}));
 }
 
-/// Writes one character as "~".
+// --- Locales whose characters differ ---
+
+/// Widens one character to "~".
 class Tilde : public std::ctype<char> {
 public:
     explicit Tilde(char written) : replaced(written) {}
@@ -164,7 +141,7 @@ private:
     char replaced;
 };
 
-TEST(LocalizedText, LooksAtEveryCharacterThatANumberMayHave) {
+TEST(LocalizedText, ChecksEveryCharacterThatANumberMayHave) {
     for (const char character : std::string("-+xX0123456789abcdefABCDEF")) {
         EXPECT_TRUE(Kelp::needsStream(std::locale(std::locale::classic(), new Tilde(character)))) << character;
     }

@@ -17,7 +17,7 @@ using std::filesystem::path;
 
 constexpr bool pathsAreUtf16 = sizeof(path::value_type) == 2;
 
-/// A path's own characters, whatever their size.
+/// Returns the characters of a path, one or two bytes each.
 std::u16string units(const path& converted) {
     std::u16string result;
     for (const path::value_type unit : converted.native()) {
@@ -26,7 +26,7 @@ std::u16string units(const path& converted) {
     return result;
 }
 
-/// The bytes of a text, each as a character.
+/// Returns each byte of a text as a character.
 std::u16string bytes(const std::string& text) {
     std::u16string result;
     for (const char byte : text) {
@@ -77,14 +77,14 @@ const std::vector<PathCase>& wellFormed() {
 
 const std::vector<std::string>& illFormed() {
     static const std::vector<std::string> texts{
-        // a continuation without its beginning, and bytes that stand in no text
+        // continuation bytes without a leading byte, and bytes that are never valid
         "\x80",
         "\xBF",
         "\xC3\xA4\xA4",
         "\xE2\x82\xAC\x80",
         "\xFE",
         "\xFF",
-        // longer than need be
+        // overlong
         "\xC0\x80",
         "\xC0\xAF",
         "\xC1\xBF",

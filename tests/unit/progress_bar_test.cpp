@@ -20,11 +20,11 @@ TEST_F(ProgressBar, DrawsALineThatTheNextOneOverwrites) {
     EXPECT_EQ(drawBar(100, 100, 20, "Reading", -1.0), Drawn(0, "Reading100.0% #####################\r"));
 }
 
-TEST_F(ProgressBar, TakesANullLabelForAnEmptyOne) {
+TEST_F(ProgressBar, TreatsANullLabelAsEmpty) {
     EXPECT_EQ(drawBar(1, 2, 4, nullptr, 0.0), Drawn(0, " 50.0% ## |\r"));
 }
 
-TEST_F(ProgressBar, TakesZeroAndNotANumberForProgress) {
+TEST_F(ProgressBar, AcceptsZeroAndNotANumber) {
     EXPECT_EQ(drawBar(0.0, 2, 4, "x", 0.0), Drawn(0, "x  0.0%    |\r"));
     EXPECT_EQ(drawBar(-0.0, 2, 4, "x", 0.0), Drawn(0, "x  -0.0%    |\r"));
     const Drawn notANumber = drawBar(std::numeric_limits<double>::quiet_NaN(), 2, 0, "x", 0.0);
@@ -32,7 +32,7 @@ TEST_F(ProgressBar, TakesZeroAndNotANumberForProgress) {
     EXPECT_EQ(notANumber.second.substr(0, 12), "x100.0%     ");
 }
 
-TEST_F(ProgressBar, EndsEveryLineInACarriageReturnWithin512Bytes) {
+TEST_F(ProgressBar, EndsEveryLineWithACarriageReturnWithin512Bytes) {
     for (std::size_t length = 0; length <= 600; ++length) {
         const std::string label(length, 'x');
         const std::string whole = label + " 50.0% ## | time left: 8 secs  ";
@@ -41,7 +41,7 @@ TEST_F(ProgressBar, EndsEveryLineInACarriageReturnWithin512Bytes) {
     }
 }
 
-TEST_F(ProgressBar, IsCutWhenItHasNoEnd) {
+TEST_F(ProgressBar, IsCutWhenItIsEndless) {
     constexpr double infinity = std::numeric_limits<double>::infinity();
     const struct {
         const char* name;
@@ -64,7 +64,7 @@ TEST_F(ProgressBar, IsCutWhenItHasNoEnd) {
     }
 }
 
-TEST_F(ProgressBar, TellsWhenStandardOutputFails) {
+TEST_F(ProgressBar, ReportsThatStandardOutputFails) {
     int running = 0;
     int finished = 0;
     {
@@ -92,14 +92,16 @@ TEST_F(ProgressBar, MovesNoCursorAndNeverPauses) {
     EXPECT_TRUE(fake_platform::state().sleepsMilliseconds.empty());
 }
 
-TEST_F(ProgressBar, HandsOutTheClock) {
+// --- The clock, sleep and the cursor ---
+
+TEST_F(ProgressBar, ReturnsTheClock) {
     for (const double seconds : {0.0, 12.5, 1e15}) {
         clock(seconds);
         EXPECT_EQ(KELP_time_stamp(), seconds);
     }
 }
 
-TEST_F(ProgressBar, HandsOutTheSleep) {
+TEST_F(ProgressBar, Sleeps) {
     clock(1000.0);
     for (const unsigned int milliseconds : {0U, 75U, 4294967295U}) {
         KELP_sleep(milliseconds);
@@ -107,7 +109,7 @@ TEST_F(ProgressBar, HandsOutTheSleep) {
     EXPECT_EQ(fake_platform::state().sleepsMilliseconds, (std::vector<unsigned int>{0, 75, 4294967295U}));
 }
 
-TEST_F(ProgressBar, HandsOutTheCursor) {
+TEST_F(ProgressBar, MovesTheCursor) {
     for (const int result : {-1, 0, 1, 7}) {
         fake_platform::state().rewindResult = result;
         EXPECT_EQ(KELP_rewind_cursor(6), result);

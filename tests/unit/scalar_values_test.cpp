@@ -5,29 +5,24 @@
 #include <type_traits>
 #include <utility>
 
+#include "number_types.h"
 #include "shown_text.h"
 
 namespace {
 
 using namespace std::string_literals;
 
-template <class T>
-T convertedOver(T old, const std::string& text) {
-    Kelp::stringToValue(old, text);
-    return old;
-}
-
 TEST(ScalarValues, StringIsAnExactCopy) {
     for (const std::string& text :
          {""s, " "s, " a "s, "a"s, "\ta\r\n"s, "a\0b"s, "\0"s, "'q'"s, "\xC3\xA4\xFF"s, std::string(100000, 'x')}) {
-        EXPECT_EQ(convertedOver<std::string>("old", text), text);
+        EXPECT_EQ(readOver<std::string>("old", text), text);
     }
 }
 
-TEST(ScalarValues, BoolIsTrueWhateverTheText) {
+TEST(ScalarValues, BoolIsTrueForEveryText) {
     for (const std::string& text : {""s, " "s, "false"s, "False"s, "0"s, "no"s, "off"s, "true"s, "1"s, "\0"s}) {
-        EXPECT_TRUE(convertedOver(false, text)) << shown(text);
-        EXPECT_TRUE(convertedOver(true, text)) << shown(text);
+        EXPECT_TRUE(readOver(false, text)) << shown(text);
+        EXPECT_TRUE(readOver(true, text)) << shown(text);
     }
 }
 
@@ -37,18 +32,16 @@ TEST(ScalarValues, CharIsTheFirstCharacterOrASpace) {
         {"=", '='}, {"0", '0'}, {"\0x"s, '\0'}, {"\xC3\xA4", '\xC3'},
     };
     for (const auto& [text, expected] : cases) {
-        EXPECT_EQ(convertedOver('o', text), expected) << shown(text);
+        EXPECT_EQ(readOver('o', text), expected) << shown(text);
     }
 }
 
-struct PairCase {
-    std::string text;
-    std::string label;
-    double value;
-};
-
 TEST(ScalarValues, StringDoubleTakesExactlyTwoPieces) {
-    const PairCase cases[] = {
+    const struct {
+        std::string text;
+        std::string label;
+        double value;
+    } cases[] = {
         {"depth:2.5", "depth", 2.5},
         {"depth:-1e3", "depth", -1000.0},
         {"depth:x", "depth", 0.0},
@@ -68,8 +61,8 @@ TEST(ScalarValues, StringDoubleTakesExactlyTwoPieces) {
         {"a\0b:2\0003"s, "a\0b"s, 2.0},
         {"a=b;c:4", "a=b;c", 4.0},
     };
-    for (const PairCase& each : cases) {
-        const auto pair = convertedOver<Kelp::StringDouble>({"old", 9.5}, each.text);
+    for (const auto& each : cases) {
+        const auto pair = readOver<Kelp::StringDouble>({"old", 9.5}, each.text);
         EXPECT_EQ(pair.label, each.label) << shown(each.text);
         EXPECT_EQ(pair.value, each.value) << shown(each.text);
     }
@@ -77,7 +70,7 @@ TEST(ScalarValues, StringDoubleTakesExactlyTwoPieces) {
 
 TEST(ScalarValues, StringDoubleKeepsItsValueWhenTheSecondPieceIsBlank) {
     for (const char* const text : {"depth: ", "depth:\t", "depth:  \n", ":depth: :"}) {
-        const auto pair = convertedOver<Kelp::StringDouble>({"old", 9.5}, text);
+        const auto pair = readOver<Kelp::StringDouble>({"old", 9.5}, text);
         EXPECT_EQ(pair.label, "depth") << shown(text);
         EXPECT_EQ(pair.value, 9.5) << shown(text);
     }
@@ -86,7 +79,7 @@ TEST(ScalarValues, StringDoubleKeepsItsValueWhenTheSecondPieceIsBlank) {
 TEST(ScalarValues, StringDoubleStaysUntouchedForAnyOtherNumberOfPieces) {
     for (const char* const text : {"", " ", ":", "::", "abc", "2.5", "depth:", "depth::", ":2.5", ":3", "::3",
                                    ":depth:", "a:b:1", "a:1:2", "a:b:c:1", "a: : ", "a:b:1:"}) {
-        const auto pair = convertedOver<Kelp::StringDouble>({"old", 9.5}, text);
+        const auto pair = readOver<Kelp::StringDouble>({"old", 9.5}, text);
         EXPECT_EQ(pair.label, "old") << shown(text);
         EXPECT_EQ(pair.value, 9.5) << shown(text);
     }
@@ -100,6 +93,8 @@ TEST(ScalarValues, StringDoubleStartsEmpty) {
     EXPECT_EQ(label, "text first");
     EXPECT_EQ(value, 2.0);
 }
+
+// --- The types that stringToValue accepts ---
 
 template <class T, class = void>
 constexpr bool convertible = false;

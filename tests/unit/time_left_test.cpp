@@ -6,11 +6,15 @@
 #include <string>
 #include <vector>
 
+#include "util/truncation.h"
+
 namespace {
 
 constexpr int leastInt = -2147483647 - 1;
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+
+// --- Units ---
 
 TEST(TimeLeft, ChoosesTheUnitOfATime) {
     const struct {
@@ -50,7 +54,9 @@ TEST(TimeLeft, ConvertsTimesWithFractions) {
     EXPECT_EQ(5400.0 * Kelp::unitFor(5400.0).perSecond, 1.5);
 }
 
-/// A moment of some work: seconds since its beginning, how far it is, and the seconds that are left.
+// --- Estimates ---
+
+/// A moment of some work: the seconds since its start, the progress in percent, and the estimated seconds left.
 struct Moment {
     double elapsed;
     double percent;
@@ -66,7 +72,7 @@ void expectEstimates(const std::vector<Moment>& moments) {
 
 TEST(TimeLeft, CautionFallsFromTheBeginningToTheEnd) {
     expectEstimates({
-        {0.0078125, 0.0078125, 134},  // 100 s as a whole, nearly all of it left, times 1.3499...
+        {0.0078125, 0.0078125, 134},  // 100 s in all, nearly all of it left, times 1.3499...
         {1.0, 1.0, 132},              // 99 s * 1.34 = 132.66
         {10.0, 10.0, 112},            // 90 s * 1.25 = 112.5
         {101.0, 25.0, 333},           // 303 s * 1.10 = 333.3
@@ -79,8 +85,8 @@ TEST(TimeLeft, CautionFallsFromTheBeginningToTheEnd) {
     });
 }
 
-TEST(TimeLeft, MeetsTheBordersOfTheUnits) {
-    // At the half: as long again as it took, times 0.85.
+TEST(TimeLeft, IsExactAtTheBoundariesOfTheUnits) {
+    // Half of the work is done: the estimate is the elapsed time times 0.85.
     expectEstimates({
         {1.0, 50.0, 0},        // 0.85
         {2.0, 50.0, 1},        // 1.70
@@ -94,11 +100,11 @@ TEST(TimeLeft, MeetsTheBordersOfTheUnits) {
     });
 }
 
-TEST(TimeLeft, CutsTowardsZero) {
+TEST(TimeLeft, RoundsTowardsZero) {
     expectEstimates({
         {-1.0, 50.0, 0},       // -0.85
         {-2.0, 50.0, -1},      // -1.70
-        {-70.0, 50.0, -59},    // a clock that went back
+        {-70.0, 50.0, -59},    // the clock went back
         {101.0, -50.0, -560},  // -303 s * 1.85 = -560.55
     });
 }
@@ -113,7 +119,7 @@ TEST(TimeLeft, IsTheLeastIntWithoutAnEstimate) {
         {1000.0, 1010.0, -0.0},     {1000.0, 1000.0, 0.0},  // nothing done in no time
         {1000.0, 990.0, 0.0},       {1000.0, 1010.0, 4.9e-324},  {1000.0, 1010.0, notANumber},
         {1000.0, 1010.0, infinity}, {1000.0, 1010.0, -infinity}, {1.0, 1e300, 50.0},
-        {1e300, 1.0, 50.0},         {-1e308, 1e308, 50.0},  // more apart than a number can be
+        {1e300, 1.0, 50.0},         {-1e308, 1e308, 50.0},  // the difference does not fit a double
         {infinity, 1000.0, 50.0},   {-infinity, 1000.0, 50.0},   {notANumber, 1000.0, 50.0},
         {1000.0, notANumber, 50.0}, {1000.0, infinity, 50.0},    {0.0, 2526451351.0, 50.0},  // * 0.85 = 2147483648.35
     };
@@ -128,6 +134,56 @@ TEST(TimeLeft, FitsUpToTheLargestInt) {
     EXPECT_EQ(Kelp::estimateLeftSeconds(0.0, 2526451349.0, 50.0), 2147483646);  // 2147483646.65
     EXPECT_EQ(Kelp::estimateLeftSeconds(1e15, 1e15, 50.0), 0);
     EXPECT_EQ(Kelp::estimateLeftSeconds(-1001.0, 0.0, 50.0), 850);  // 850.85
+}
+
+// --- From double to int ---
+
+static_assert(Kelp::truncateToInt(-7.9) == -7, "evaluated at compile time");
+
+TEST(Truncation, DropsTheFractionAndGivesTheLeastIntForNumbersThatDoNotFit) {
+    const struct {
+        double value;
+        int expected;
+    } cases[] = {
+        {0.0, 0},
+        {-0.0, 0},
+        {4.9e-324, 0},
+        {0.9999999999999999, 0},
+        {-0.9999999999999999, 0},
+        {1.0, 1},
+        {-1.0, -1},
+        {1.5, 1},
+        {-1.5, -1},
+        {2.9999999999999996, 2},
+        {-2.9999999999999996, -2},
+        {59.99, 59},
+        // Around the largest int.
+        {2147483646.0, 2147483646},
+        {2147483646.9999998, 2147483646},
+        {2147483647.0, 2147483647},
+        {2147483647.5, 2147483647},
+        {2147483647.9999998, 2147483647},
+        {2147483648.0, leastInt},
+        {2147483649.0, leastInt},
+        {4294967296.0, leastInt},
+        // Around the least int.
+        {-2147483647.0, -2147483647},
+        {-2147483647.9999998, -2147483647},
+        {-2147483648.0, leastInt},
+        {-2147483648.5, leastInt},
+        {-2147483648.9999995, leastInt},
+        {-2147483649.0, leastInt},
+        {-4294967295.0, leastInt},
+        {1e300, leastInt},
+        {-1e300, leastInt},
+        {infinity, leastInt},
+        {-infinity, leastInt},
+        {notANumber, leastInt},
+        {-notANumber, leastInt},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(Kelp::truncateToInt(c.value), c.expected) << std::to_string(c.value);
+    }
 }
 
 }  // namespace

@@ -20,13 +20,13 @@ using DoublePair = std::tuple<double, double>;
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-// Long texts are put together from blocks: no number may be lost or cut where one block ends, wherever that is.
+// The library joins long texts from blocks. No number may be lost or cut where a block ends.
 TEST(ValueText, OfManyNumbersIsWhole) {
     for (const int first : {0, 7, 95, 1001, 123456}) {
         Doubles values;
         std::string expected;
         for (int number = first; number < first + 700; ++number) {
-            // Not 100000 and the like, which are shorter in scientific notation.
+            // Odd, because numbers like 100000 are shorter in scientific notation.
             const int odd = 2 * number + 1;
             values.push_back(odd);
             expected += (values.size() == 1 ? "" : ", ") + std::to_string(odd);
@@ -150,12 +150,12 @@ void expectClassicTexts() {
     EXPECT_EQ(std::to_string(Kelp::StringDouble{"1,5", 1.5}), "1,5, 1.5");
 }
 
-TEST(ValueText, KnowsNoLocale) {
+TEST(ValueText, IgnoresTheGlobalLocale) {
     const ScopedGlobalLocale scope(new Punctuation("\3"));
     expectClassicTexts();
 }
 
-TEST(ValueText, KnowsNoLocaleOfTheCLibrary) {
+TEST(ValueText, IgnoresTheLocaleOfTheCLibrary) {
     if (testLocaleName() == nullptr) {
         GTEST_SKIP() << "KELPLIB_TEST_LOCALE is not set";
     }
