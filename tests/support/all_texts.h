@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-/// Calls `use` with every text of up to `maxLength` characters of `alphabet`, the empty one and shorter ones first.
+/// Calls `use` with every text of up to `maxLength` characters of `alphabet`, starting with the empty text.
 template <class Use>
 void forEachText(std::string_view alphabet, std::size_t maxLength, Use use) {
     for (std::size_t length = 0; length <= maxLength; ++length) {
@@ -15,7 +15,7 @@ void forEachText(std::string_view alphabet, std::size_t maxLength, Use use) {
         std::size_t changed = 0;
         do {
             use(text);
-            // Counts up: the first letter that is not the alphabet's last moves on, those before it start again.
+            // Counts up: a letter that wraps around to the alphabet's first carries to the next letter.
             for (changed = 0; changed < length; ++changed) {
                 letters[changed] = (letters[changed] + 1) % alphabet.size();
                 text[changed] = alphabet[letters[changed]];

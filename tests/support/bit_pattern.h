@@ -5,7 +5,7 @@
 #include <cstring>
 #include <type_traits>
 
-/// The bits of a number, integers sign-extended: 0 and -0 differ, two equal NaNs do not.
+/// Returns the bits of a number, sign-extended for integers: 0 and -0 differ, two equal NaNs do not.
 template <class T>
 std::uint64_t bitsOf(T value) {
     if constexpr (std::is_floating_point_v<T>) {

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-/// One number for a long row of results (FNV-1a, 64 bits). Typed into a test it holds every one of them.
+/// Reduces a long sequence of results to one number (FNV-1a, 64 bits), which a test can compare with a typed-out value.
 class Digest {
 public:
     void add(std::uint64_t bits) {

@@ -10,27 +10,27 @@
 #include <string>
 #include <type_traits>
 
-/// Reading one number, in the plainest ways.
+/// Models of reading one number.
 namespace number_model {
 
-/// What a string stream of the global locale leaves in a target that held `old`.
+/// Returns what a target that holds `old` holds after a string stream with the global locale reads `text` into it.
 template <class T>
 T extractedOver(T old, const std::string& text) {
     std::stringstream(text) >> old;
     return old;
 }
 
-/// Whether this library's streams stop at the first character that cannot continue a number, as the standard's
-/// conversion table has it. Some take "abc" into a real number first and then find that the whole is none.
+/// Returns whether the standard library's streams stop at the first character that cannot continue a number, as the
+/// standard's conversion table requires. libc++ 14 collects all of "12abc" for a real number and then gives 0.
 inline bool streamsStopWhereTheNumberStops() {
     return extractedOver(99.0, "12abc") == 12.0;
 }
 
-/// Whether the C library gives the nearest number for every text. Where paths are wide it does not.
+/// Whether strtod and strtof give the nearest number for every text. On Windows, where paths are wide, they do not.
 inline constexpr bool exactCLibrary = std::is_same_v<std::filesystem::path::value_type, char>;
 
-/// The longest beginning of `text` that has the form of a real number, blanks before it left out. Empty when it has no
-/// digits; "0" when it has an exponent without digits.
+/// Returns the longest prefix of `text` that has the form of a real number, without the blanks before it. Returns "" if it
+/// has no digits, and "0" if it has an exponent without digits.
 inline std::string realPart(const std::string& text) {
     std::size_t i = 0;
     std::string part;
@@ -67,7 +67,7 @@ inline std::string realPart(const std::string& text) {
     return part;
 }
 
-/// A real number under the classic locale, by its form and the C library's conversion.
+/// Reads a real number under the classic locale: finds its end by its form and converts it with the C library.
 template <class T>
 T realOver(T old, const std::string& text) {
     if (text.find_first_not_of(" \t\n\v\f\r") == std::string::npos) {
@@ -83,7 +83,7 @@ T realOver(T old, const std::string& text) {
     return std::clamp(value, std::numeric_limits<T>::lowest(), std::numeric_limits<T>::max());
 }
 
-/// A number under the classic locale. Only where the C library is exact is this a model for every real number.
+/// Reads a number under the classic locale. For real numbers this is a model only if exactCLibrary is true.
 template <class T>
 T numberOver(T old, const std::string& text) {
     if constexpr (std::is_floating_point_v<T>) {

@@ -12,17 +12,17 @@
 
 #include "bit_pattern.h"
 
-/// The shortest text of a finite number, both notations made in the plainest way.
+/// A model of the shortest text of a finite number, in either notation.
 namespace number_text_model {
 
-/// A number above 0 as digits with a point behind the first, times a power of ten.
+/// A number above 0: digits with a point after the first, times a power of ten.
 struct Decimal {
     std::string digits;
     int exponent = 0;
 };
 
 inline double read(const std::string& text) {
-    // Where paths are wide, the C library's own reading is not exact for every text.
+    // On Windows, where paths are wide, strtod is not exact for every text.
     if (std::is_same_v<std::filesystem::path::value_type, char>) {
         return std::strtod(text.c_str(), nullptr);
     }
@@ -31,13 +31,13 @@ inline double read(const std::string& text) {
     return number;
 }
 
-/// With as few digits as read back.
+/// Returns the number with the fewest digits that read back.
 inline Decimal shortestDecimal(double number) {
     Decimal shortest;
     char text[32];
     for (int precision = 16; precision >= 0; --precision) {
         static_cast<void>(std::snprintf(text, sizeof text, "%.*e", precision, number));
-        // A text beyond the largest number may read as that number, too: it needs all of its digits.
+        // A text above the largest number may read as that number, so it needs all of its digits.
         const bool largest = number == std::numeric_limits<double>::max() && precision < 16;
         if (largest || bitsOf(read(text)) != bitsOf(number)) {
             break;

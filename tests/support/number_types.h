@@ -12,7 +12,7 @@
 #include "bit_pattern.h"
 #include "shown_text.h"
 
-/// The six types that a number can be read into, for tests that run once for each.
+/// The six types that a number can be read into. Typed tests run once for each.
 using NumberTypes = ::testing::Types<int, unsigned short, unsigned int, unsigned long long, double, float>;
 
 struct NumberTypeNames {
@@ -28,7 +28,7 @@ struct NumberTypeNames {
     }
 };
 
-/// What a target that held `old` holds after reading `text`.
+/// Returns what a target that holds `old` holds after `text` is read into it.
 template <class T>
 T readOver(T old, std::string_view text) {
     Kelp::stringToValue(old, std::string(text));
@@ -42,7 +42,7 @@ struct NumberCase {
     T expected;
 };
 
-/// Reads each case's text over its old value; the bits have to be the expected ones.
+/// Reads each case's text over its old value and compares the bits with those of the expected value.
 template <class T, std::size_t count>
 void expectNumbers(const NumberCase<T> (&cases)[count]) {
     for (const NumberCase<T>& each : cases) {

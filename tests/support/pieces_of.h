@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-/// The pieces of a text between delimiters, read as lines are, without the empty ones.
+/// Returns the pieces that std::getline reads from a text, without the empty ones.
 inline std::vector<std::string> piecesOf(const std::string& text, char delimiter) {
     std::vector<std::string> pieces;
     std::istringstream stream(text);
@@ -17,7 +17,7 @@ inline std::vector<std::string> piecesOf(const std::string& text, char delimiter
     return pieces;
 }
 
-/// Tokens letter by letter: a delimiter ends the one before it.
+/// Returns the tokens of a text. Builds them letter by letter, and each delimiter ends a token.
 inline std::vector<std::string> tokensOf(const std::string& text, const std::string& delimiters) {
     std::vector<std::string> tokens;
     std::string token;

@@ -1,6 +1,6 @@
-"""What progress_tool leaves on a screen of 80 columns and 24 rows, for every terminal that it is shown in.
+"""The screens of 80 columns and 24 rows that progress_tool leaves, the same in every terminal.
 
-Each case is the tool's words, the rows, the cursor's column and row, and what the calls returned.
+Each case has the tool's arguments, the rows of the screen, the cursor's column and row, and the results of the calls.
 """
 
 EMPTY_ROW = ""
@@ -13,7 +13,7 @@ def fillers(first, last):
 FINISHED_BAR = ["Reading100.0% #####################", "later output"]
 UNFINISHED_BAR = ["Reading 50.0% ##########         |"]
 
-# The finished face says "100.0%" over the percentage of the frame before, and leaves that frame's bar where it is.
+# The finished face overwrites the percentage of the frame before with "100.0%" and leaves that frame's bar on the screen.
 FINISHED_FACE = [
     "     _____",
     "    /     \\         the label",
@@ -50,7 +50,7 @@ CASES = [
     (["unfinished-face", "23"], fillers(7, 23) + UNFINISHED_FACE + [EMPTY_ROW], (0, 17), b"167\n165\n"),
 ]
 
-# What an unfinished face writes: its first frame, a blink, and a later one.
+# The frames that an unfinished face writes: closed eyes for the blink, open eyes, and a later frame.
 CLOSED_EYES = (
     b"     _____\n"
     b"    /     \\         the label\n"

@@ -13,14 +13,14 @@
 #include "scoped_variable.h"
 #include "standard_output_file.h"
 
-/// All bytes of a display, for comparisons that leave nothing out.
+/// Returns all bytes of a display.
 inline std::array<char, sizeof(KELP_GlobalProgressData)> bytesOf(const KELP_GlobalProgressData& display) {
     std::array<char, sizeof display> bytes{};
     std::memcpy(bytes.data(), &display, bytes.size());
     return bytes;
 }
 
-/// The process-wide display and the platform as at the start of a process without MSYSTEM.
+/// Starts every test with the display and the platform of a new process, without MSYSTEM.
 class ProgressTest : public testing::Test {
 protected:
     ProgressTest() : withoutMsystem("MSYSTEM", std::nullopt) {
@@ -36,8 +36,8 @@ protected:
         fake_platform::state().seconds = seconds;
     }
 
-    /// What has reached standard output by the time `draw` returns. Checks belong behind the call: standard output is also
-    /// where they tell of failures.
+    /// Returns what has reached standard output when `draw` returns. `draw` must not check anything: a failed check prints
+    /// to standard output.
     template <class Draw>
     static std::string written(Draw draw) {
         StandardOutputFile output;
@@ -45,7 +45,7 @@ protected:
         return output.arrived();
     }
 
-    /// A drawing call's result, and what it wrote.
+    /// The result of a drawing call, and its output.
     using Drawn = std::pair<int, std::string>;
 
     static Drawn drawBar(double value, double total, int width, const char* label, double startTime) {

@@ -5,12 +5,12 @@
 #include <locale>
 #include <string>
 
-/// Another global locale of the C++ library while it lives.
+/// Changes the global locale of the C++ library and restores it when destroyed.
 class ScopedGlobalLocale {
 public:
     explicit ScopedGlobalLocale(const std::locale& locale) : original(std::locale::global(locale)) {}
 
-    /// The classic locale with one facet replaced.
+    /// Uses the classic locale with one facet replaced.
     template <class Facet>
     explicit ScopedGlobalLocale(Facet* facet) : ScopedGlobalLocale(std::locale(std::locale::classic(), facet)) {}
 
@@ -25,7 +25,7 @@ private:
     std::locale original;
 };
 
-/// Another locale of the C library for one category (LC_NUMERIC, LC_CTYPE) while it lives.
+/// Changes one category (LC_NUMERIC, LC_CTYPE) of the C library's locale and restores it when destroyed.
 class ScopedCLocale {
 public:
     ScopedCLocale(int changedCategory, const char* name)
@@ -40,7 +40,7 @@ public:
     ScopedCLocale(const ScopedCLocale&) = delete;
     ScopedCLocale& operator=(const ScopedCLocale&) = delete;
 
-    /// False when the system has no locale of that name.
+    /// Returns false if the system has no locale of that name.
     bool isValid() const {
         return valid;
     }

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-/// The text as a message shows it: quoted, control characters visible, only the beginning of a long one.
+/// Returns a text for a failure message: quoted, with visible control characters, and cut after 100 characters.
 inline std::string shown(std::string_view text) {
     constexpr std::size_t longest = 100;
     const std::string beginning = ::testing::PrintToString(std::string(text.substr(0, longest)));

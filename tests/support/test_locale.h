@@ -3,8 +3,8 @@
 
 #include <cstdlib>
 
-/// The name of a C locale with a decimal comma, where the byte 0xC4 is a capital letter and 0xE4 its small one. The build
-/// makes one where it can, and tells its name to tests that run through ctest. Null otherwise.
+/// Returns the name of a C locale with a decimal comma, in which the byte 0xE4 is the lower case of 0xC4. ctest passes it to
+/// the tests in KELPLIB_TEST_LOCALE. Returns null if that is not set.
 inline const char* testLocaleName() {
     return std::getenv("KELPLIB_TEST_LOCALE");
 }

@@ -8,10 +8,10 @@
 #include <optional>
 #include <string>
 
-/// UTF-8 to UTF-16, in the plainest way.
+/// A model of the conversion from UTF-8 to UTF-16.
 namespace utf16_model {
 
-/// The code point that begins at `position`, which moves behind it; nothing when it is ill-formed.
+/// Returns the code point at `position` and advances `position` past it. Returns nothing if it is ill-formed.
 inline std::optional<std::uint32_t> codePoint(const std::string& text, std::size_t& position) {
     const auto byte = [&](std::size_t offset) -> std::uint32_t {
         return position + offset < text.size() ? static_cast<unsigned char>(text[position + offset]) : 0U;
@@ -42,7 +42,7 @@ inline std::optional<std::uint32_t> codePoint(const std::string& text, std::size
     return std::nullopt;
 }
 
-/// The characters of the path that a UTF-8 text names; nothing when it names none.
+/// Returns the characters of the path that a UTF-8 text names, or nothing if the text is ill-formed.
 inline std::optional<std::filesystem::path::string_type> nativePath(const std::string& text) {
     using Unit = std::filesystem::path::value_type;
     std::filesystem::path::string_type units;
