@@ -184,7 +184,7 @@ TEST(BoundedText, WritesTheLargestNumberWithAllItsDigits) {
 
 // --- Numbers with one decimal ---
 
-// printf gives the expected texts: appendTenths rounds in the same way.
+// appendTenths is meant to give the texts of printf, which are the expected ones here.
 
 std::string withPrintf(double number) {
     char text[400];

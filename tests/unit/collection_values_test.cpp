@@ -300,7 +300,7 @@ UnsignedTriple modelOf(const UnsignedTriple& old, const std::string& text) {
     return {extractedOver(0U, pieces[0]), extractedOver(0U, pieces[1]), extractedOver(0U, pieces[2])};
 }
 
-/// Differs for 0 and -0, which compare equal.
+/// Returns something that differs for 0 and -0, which compare equal.
 template <class T>
 std::uint64_t exact(T value) {
     return bitsOf(value);

@@ -110,7 +110,7 @@ TEST(FaceFrame, BrightensAsTheWorkProgresses) {
     }
 }
 
-TEST(FaceFrame, IsARunningOneBelowARatioOfOne) {
+TEST(FaceFrame, IsRunningBelowARatioOfOne) {
     const struct {
         double value;
         double total;

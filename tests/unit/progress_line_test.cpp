@@ -224,7 +224,7 @@ TEST(ProgressLineTime, AcceptsInfiniteTimesAndNotANumber) {
         EXPECT_EQ(finished(c.start, c.now), std::string("x100.0% #####") + c.spent) << c.start << " to " << c.now;
     }
     EXPECT_EQ(halfway(1000.0, notANumber), "x 50.0% ## | time left: -2147483648 secs  ");
-    // C libraries spell not a number differently. The unit is the largest.
+    // C libraries print not a number differently. The unit is the largest one.
     const std::string end = " hours ";
     const std::string text = finished(1000.0, notANumber);
     EXPECT_EQ(text.substr(text.size() - end.size()), end);
