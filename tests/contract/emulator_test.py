@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""The progress display in a terminal emulator of another make than the one of the other tests: what the tool writes to a
-terminal gives the same screens there. emulator_test.py PROGRESS_TOOL"""
+"""The progress display in a second terminal emulator (pyte), which has to show the same screens as tmux:
+emulator_test.py PROGRESS_TOOL"""
 
 import subprocess
 import sys

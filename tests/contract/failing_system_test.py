@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Pipes without a reader, deleted directories, files that cannot be opened, signals at a bad time:
+"""Pipes without a reader, deleted directories, files that cannot be opened, signals while a call waits:
 failing_system_test.py PROGRESS_TOOL SCREEN_TOOL WAITING_TOOL INTERRUPTED_TOOL PATH_TOOL WITHOUT_FILES_TOOL"""
 
 import os
@@ -23,28 +23,28 @@ def run(*words, **options):
 
 
 class BrokenPipe(unittest.TestCase):
-    """Nobody reads standard output any more."""
+    """Standard output is a pipe whose reader has gone."""
 
     def run_without_reader(self, *words, ignored):
-        """The tool as a program starts it that ignores the signal, or as a shell does."""
+        """Runs the tool with SIGPIPE ignored, as some programs start it, or not, as a shell does."""
         reading, writing = os.pipe()
         os.close(reading)
         with os.fdopen(writing, "wb") as output:
             return run(*words, stdout=output, restore_signals=not ignored)
 
-    def test_the_display_tells_of_it(self):
+    def test_the_display_returns_it(self):
         for what, results in FACE_OR_BAR:
             with self.subTest(what):
                 done = self.run_without_reader(PROGRESS_TOOL, what, "0", ignored=True)
                 self.assertEqual((done.returncode, done.stderr), (0, results))
 
-    def test_screens_end_as_ever(self):
+    def test_screens_still_end_with_status_0(self):
         for words in (["--help"], ["missing file"], [".", "-x"]):
             with self.subTest(words):
                 done = self.run_without_reader(SCREEN_TOOL, *words, ignored=True)
                 self.assertEqual((done.returncode, done.stderr), (0, b""))
 
-    def test_the_signal_ends_a_tool_that_leaves_it_alone(self):
+    def test_the_signal_ends_a_tool_that_does_not_ignore_it(self):
         for words in ([PROGRESS_TOOL, "bar", "0"], [SCREEN_TOOL, "--help"]):
             with self.subTest(words):
                 self.assertEqual(self.run_without_reader(*words, ignored=False).returncode, -signal.SIGPIPE)
@@ -61,7 +61,7 @@ class BrokenPipe(unittest.TestCase):
 
 
 class Waiting(unittest.TestCase):
-    def check_whole(self, seconds):
+    def check_not_shortened(self, seconds):
         self.assertGreaterEqual(seconds, 1.2)
         self.assertLess(seconds, 30.0)
 
@@ -70,7 +70,7 @@ class Waiting(unittest.TestCase):
             self.assertEqual(process.wait(timeout=LIMIT_SECONDS), 0)
             *printed, seconds, signals = process.stdout.read().splitlines()
         self.assertEqual(printed, [b"waiting", b"    Press key to continue -- otherwise wait for 1 seconds."])
-        self.check_whole(float(seconds))
+        self.check_not_shortened(float(seconds))
         self.assertRegex(signals, rb"\A[1-9][0-9]* signals\Z")
 
     def test_lasts_as_long_without_output(self):
@@ -80,7 +80,7 @@ class Waiting(unittest.TestCase):
                 with os.fdopen(reading) as keyboard, os.fdopen(writing, "w"):
                     done = run("sh", "-c", f'exec "$0" wait 1 {output}', WAITING_TOOL, stdin=keyboard)
                 self.assertEqual(done.returncode, 0)
-                self.check_whole(float(done.stderr))
+                self.check_not_shortened(float(done.stderr))
 
     def test_input_that_cannot_be_read_counts_as_a_key(self):
         with tempfile.TemporaryDirectory() as folder:
@@ -107,7 +107,7 @@ class DeletedDirectory(unittest.TestCase):
                                       b"<|> delimiter /\n"
                                       b"in <>\n")
 
-    def test_a_relative_file_is_not_there(self):
+    def test_a_relative_file_does_not_exist(self):
         done = self.in_deleted_folder(SCREEN_TOOL, "notes.txt")
         self.assertEqual((done.returncode, done.stderr), (0, b""))
         self.assertTrue(done.stdout.startswith(b"File notes.txt doesn't exist. Please insert a valid file name.\n"))
@@ -115,7 +115,7 @@ class DeletedDirectory(unittest.TestCase):
 
 class FileCheck(unittest.TestCase):
     def test_opens_neither_the_directory_nor_patterns(self):
-        """A user may enter a directory without being allowed to list it. Here nothing at all can be opened."""
+        """A user may be allowed to enter a directory but not to list it. Here the tool cannot open anything at all."""
         done = run(WITHOUT_FILES_TOOL, ".", "*", "no/*.txt", stdout=subprocess.PIPE)
         self.assertEqual((done.returncode, done.stdout, done.stderr), (0, b"1\n1\n1\n", b""))
 

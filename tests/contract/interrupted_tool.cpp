@@ -1,5 +1,5 @@
-// A help screen, a sleep or a wait under a rain of signals: interrupted_tool screen, sleep MILLISECONDS, or wait SECONDS. At
-// the end it says how many signals its handler saw.
+// A help screen, a sleep or a wait while signals keep arriving: interrupted_tool screen, interrupted_tool sleep MILLISECONDS
+// or interrupted_tool wait SECONDS. At exit it prints how many signals its handler has counted.
 #include <kelplib/CommandLineTool.h>
 #include <sys/time.h>
 #include <unistd.h>
@@ -26,8 +26,8 @@ void count(int /*signal*/) {
     }
 }
 
-/// One signal every 10 ms, without the flag that has the system go on with an interrupted call.
-bool letItRain() {
+/// Sends the process a signal every 10 ms. Without SA_RESTART the system does not resume interrupted calls.
+bool startSignals() {
     struct sigaction action {};
     action.sa_handler = count;
     itimerval period{};
@@ -36,8 +36,8 @@ bool letItRain() {
     return sigaction(SIGALRM, &action, nullptr) == 0 && setitimer(ITIMER_REAL, &period, nullptr) == 0;
 }
 
-/// Signals for each other thread of the process: the system itself would pick the main one.
-void rainOnEveryThread() {
+/// Sends signals to every other thread of the process; the system itself would pick the main thread.
+void signalOtherThreads() {
     sigset_t signals{};
     sigaddset(&signals, SIGALRM);
     pthread_sigmask(SIG_BLOCK, &signals, nullptr);
@@ -60,32 +60,32 @@ void printHandled() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const std::string what = argc > 1 ? argv[1] : "";
-    if (std::atexit(printHandled) != 0 || !letItRain()) {
+    const std::string command = argc > 1 ? argv[1] : "";
+    if (std::atexit(printHandled) != 0 || !startSignals()) {
         return 1;
     }
-    if (what == "screen") {
+    if (command == "screen") {
         const CommandLineTool tool(argc, argv, "Waits.");
         tool.printUsage();
     }
-    if (what == "sleep" && argc == 3) {
+    if (command == "sleep" && argc == 3) {
         const double start = Kelp::platform::monotonicSeconds();
         Kelp::platform::sleepMilliseconds(static_cast<unsigned int>(std::stoul(argv[2])));
         std::printf("%.9f\n", Kelp::platform::monotonicSeconds() - start);
         return 0;
     }
-    if (what == "wait" && argc == 3) {
-        std::thread(rainOnEveryThread).detach();
+    if (command == "wait" && argc == 3) {
+        std::thread(signalOtherThreads).detach();
         const double start = Kelp::platform::monotonicSeconds();
         Kelp::waitOrPressKey(static_cast<unsigned int>(std::stoul(argv[2])), "waiting");
         std::printf("%.9f\n", Kelp::platform::monotonicSeconds() - start);
-        // The thread that waited handles its signals as before.
+        // The thread that waited still receives signals.
         const int before = handled;
         std::raise(SIGALRM);
         if (handled == before) {
             return 3;
         }
-        // The library's own thread leaves the signals to those of the program.
+        // The library's own thread has left all signals to the threads of the program.
         return handledElsewhere == 0 ? 0 : 4;
     }
     return 2;

@@ -1,5 +1,5 @@
-// Prints through the library until the very end, and leaves it to the library that all of it comes out: nothing here
-// includes <iostream>, and std::cout keeps a buffer of its own.
+// Prints through the library until the process ends. The library has to flush it: this file does not include <iostream>,
+// and std::cout has a buffer of its own.
 #include <kelplib/Kelp.h>
 
 #include <cstdlib>

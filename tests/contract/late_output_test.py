@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""What a program prints through the library at its very end comes out: late_output_test.py LATE_OUTPUT"""
+"""The library writes everything, even what is printed while the process ends: late_output_test.py LATE_OUTPUT"""
 
 import sys
 import unittest
@@ -14,7 +14,7 @@ def block(when):
 
 
 class LateOutput(unittest.TestCase):
-    def test_all_of_it_comes_out(self):
+    def test_everything_is_written(self):
         self.assertEqual(programs.run(LATE_OUTPUT),
                          (0, block(b"from main") + block(b"from an exit handler") +
                           block(b"from a static object's destructor"), b""))

@@ -1,5 +1,5 @@
-// What programs do around a wait on systems with processes, threads and signals of POSIX: odd_posix_program WHAT.
-// Standard output carries what is under test; what a call returned goes to standard error.
+// Waits in programs that use POSIX processes, threads and signals: odd_posix_program COMMAND.
+// Standard output carries what is under test, standard error the results of calls.
 #include <fcntl.h>
 #include <kelplib/Kelp.h>
 #include <kelplib/KelpProgress.h>
@@ -17,15 +17,13 @@
 #include <iterator>
 #include <string>
 
+#include "commands.h"
+
 namespace {
 
 constexpr unsigned int longSeconds = 600;
 
-void printError(int result) {
-    static_cast<void>(std::fprintf(stderr, "%d\n", result));
-}
-
-/// The program's standard input from now on: a pipe that holds `keys` and stays open.
+/// Replaces standard input by a pipe that holds `keys` and stays open.
 void takeInputFrom(const std::string& keys) {
     int ends[2];
     if (pipe(ends) != 0 || dup2(ends[0], STDIN_FILENO) == -1 ||
@@ -34,7 +32,7 @@ void takeInputFrom(const std::string& keys) {
     }
 }
 
-/// The child has none of its parent's readers, so that its own takes the first key.
+/// The child inherits no reader from its parent, so its own reader takes the first key.
 void forkAfterAWait() {
     Kelp::waitOrPressKey(0, "left");
     const pid_t child = fork();
@@ -45,7 +43,7 @@ void forkAfterAWait() {
     }
     int status = 0;
     waitpid(child, &status, 0);
-    printError(WEXITSTATUS(status));
+    printResult(WEXITSTATUS(status));
 }
 
 void readFromACommand() {
@@ -56,7 +54,7 @@ void readFromACommand() {
         std::_Exit(1);
     }
     std::cout << line;
-    printError(pclose(command));
+    printResult(pclose(command));
 }
 
 std::atomic<bool> unwound = false;
@@ -72,7 +70,7 @@ std::ptrdiff_t countThreads() {
     return std::distance(begin(threads), end(threads));
 }
 
-/// A cancelled wait leaves its reader, as one does whose time is over: the next key is that reader's.
+/// A cancelled wait leaves its reader running, like a wait that timed out: that reader takes the next key.
 void cancelAWait() {
     const auto before = countThreads();
     pthread_t waiting{};
@@ -85,17 +83,17 @@ void cancelAWait() {
     if (pthread_create(&waiting, nullptr, wait, nullptr) != 0) {
         std::_Exit(1);
     }
-    // Once its reader has started, the wait can only be cancelled in a sleep.
+    // Once the reader runs, only a sleep of the wait can be cancelled.
     while (countThreads() < before + 2) {
         KELP_sleep(10);
     }
     pthread_cancel(waiting);
     pthread_join(waiting, &result);
-    printError(result == PTHREAD_CANCELED && unwound ? 1 : 0);
+    printResult(result == PTHREAD_CANCELED && unwound ? 1 : 0);
     Kelp::waitOrPressKey(longSeconds, "next");
 }
 
-/// A program that keeps its terminal from stopping it, in the background or not.
+/// A program that blocks the signal with which a terminal stops background jobs.
 void blockTerminalInput() {
     sigset_t signals{};
     sigemptyset(&signals);
@@ -113,45 +111,40 @@ void waitUnsynchronized() {
     wait();
 }
 
-/// The stream is as bad as if the caller had read it.
+/// Sets badbit on std::cin, as a failed read by the caller would.
 void readWhatCannotBeRead() {
     std::ios::sync_with_stdio(false);
     Kelp::waitOrPressKey(longSeconds, "unreadable");
-    printError(std::cin.bad() ? 1 : 0);
+    printResult(std::cin.bad() ? 1 : 0);
 }
 
 void waitForAKey() {
     Kelp::waitOrPressKey(longSeconds, "waiting");
 }
 
-/// An empty input that does not wait is no end of the input.
+/// An empty non-blocking input is not at its end.
 void readWithoutWaiting() {
     fcntl(STDIN_FILENO, F_SETFL, fcntl(STDIN_FILENO, F_GETFL) | O_NONBLOCK);
     Kelp::waitOrPressKey(1, "empty");
-    printError(std::cin.eof() ? 1 : 0);
+    printResult(std::cin.eof() ? 1 : 0);
 }
 
-/// The end that the C library has seen lasts, although a terminal could go on.
+/// Once the C library has seen the end of the input, it stays at the end, although a terminal could deliver more.
 void waitAfterTheEnd() {
     while (std::getchar() != EOF) {
     }
     Kelp::waitOrPressKey(longSeconds, "ended");
-    printError(std::cin.eof() ? 1 : 0);
+    printResult(std::cin.eof() ? 1 : 0);
 }
 
-/// A system that lets the process have no descriptors cannot wait for them.
+/// poll() fails if the limit on descriptors is 0.
 void waitWithoutDescriptors() {
     const rlimit none{0, 0};
     setrlimit(RLIMIT_NOFILE, &none);
     Kelp::waitOrPressKey(longSeconds, "without descriptors");
 }
 
-struct Command {
-    const char* name;
-    void (*run)();
-};
-
-constexpr Command commands[] = {
+constexpr Command<> commands[] = {
     {"fork", forkAfterAWait},
     {"popen", readFromACommand},
     {"cancel", cancelAWait},
@@ -168,13 +161,5 @@ constexpr Command commands[] = {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const std::string what = argc == 2 ? argv[1] : "";
-    for (const Command& command : commands) {
-        if (what == command.name) {
-            command.run();
-            return 0;
-        }
-    }
-    std::cerr << "odd_posix_program: no such call\n";
-    return 2;
+    return runCommand(commands, argc == 2 ? argv[1] : "");
 }

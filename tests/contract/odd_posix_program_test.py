@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""Waits among forks, cancelled threads, signals and jobs of a terminal:
+"""Waits in programs that fork, cancel threads, block signals or run as jobs of a terminal:
 odd_posix_program_test.py ODD_POSIX_PROGRAM [libcxx] [sanitized]
 
-The words name builds of which less, or something else, is expected."""
+The words describe the build: some tests expect something else there or are skipped."""
 
 import fcntl
 import os
@@ -19,14 +19,14 @@ LIMIT_SECONDS = 60
 
 
 def lines(message, seconds):
-    """What one wait prints."""
+    """The output of one wait."""
     return f"{message}\n    Press key to continue -- otherwise wait for {seconds} seconds.\n".encode()
 
 
 class Processes(unittest.TestCase):
-    def start(self, what):
-        # ThreadSanitizer would end a forked child that starts a thread.
-        process = subprocess.Popen([PROGRAM, what], stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+    def start(self, command):
+        # By default ThreadSanitizer ends a forked child that starts a thread.
+        process = subprocess.Popen([PROGRAM, command], stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
                                    env={**os.environ, "TSAN_OPTIONS": "die_after_fork=0"})
         self.addCleanup(process.__exit__, None, None, None)
         self.addCleanup(process.kill)
@@ -55,13 +55,12 @@ class Processes(unittest.TestCase):
         process.stdin.flush()
         self.check_end(process, lines("cancelled", 600) + lines("next", 600), b"")
 
-    def test_an_empty_input_that_does_not_wait_is_not_at_its_end(self):
+    def test_an_empty_non_blocking_input_is_not_at_its_end(self):
         start = time.monotonic()
         self.check_end(self.start("without-waiting"), lines("empty", 1), b"0\n")
         self.assertGreaterEqual(time.monotonic() - start, 1.2)
 
-
-    def test_the_end_that_c_has_seen_lasts(self):
+    def test_an_end_that_the_c_library_has_seen_stays(self):
         terminal, other_end = os.openpty()
         os.write(terminal, b"\x04")
         done = subprocess.run([PROGRAM, "after-the-end"], stdin=other_end, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
@@ -75,7 +74,7 @@ class Processes(unittest.TestCase):
         self.addCleanup(os.close, folder)
         done = subprocess.run([PROGRAM, "unreadable"], stdin=folder, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
                               timeout=LIMIT_SECONDS, check=True)
-        # libc++'s stream always reads through the C library, where what cannot be read is an end.
+        # libc++'s std::cin always reads through the C library, which takes a failed read for the end of the input.
         self.assertEqual(done.stdout, lines("unreadable", 600))
         self.assertEqual(done.stderr, b"0\n" if "libcxx" in BUILD else b"1\n")
 
@@ -85,7 +84,7 @@ class Processes(unittest.TestCase):
             self.assertEqual(process.stdout.read(), lines("waiting", 600))
 
     @unittest.skipIf("sanitized" in BUILD, "this build needs descriptors itself")
-    def test_a_key_is_read_where_no_descriptor_may_be_polled(self):
+    def test_a_key_is_read_where_poll_fails(self):
         process = self.start("without-descriptors")
         process.stdin.write(b"k")
         process.stdin.flush()
@@ -93,10 +92,10 @@ class Processes(unittest.TestCase):
 
 
 class Background(unittest.TestCase):
-    """Jobs in the background of a terminal. What is typed there is meant for the program in the foreground."""
+    """Background jobs of a terminal. Keys typed there belong to the program in the foreground."""
 
-    def run_in_background(self, what):
-        """Returns how the job changed its state first, and how many of two characters typed it has left."""
+    def run_in_background(self, command):
+        """Returns 0 if the job ends by itself with status 0 and leaves both typed characters unread."""
         terminal, other_end = os.openpty()
         shell = os.fork()
         if shell == 0:
@@ -107,7 +106,7 @@ class Background(unittest.TestCase):
                 os.setpgid(0, 0)
                 os.dup2(other_end, 0)
                 os.dup2(os.open(os.devnull, os.O_WRONLY), 1)
-                os.execv(PROGRAM, [PROGRAM, what])
+                os.execv(PROGRAM, [PROGRAM, command])
             os.setpgid(job, job)
             os.write(terminal, b"k\n")
             _, status = os.waitpid(job, os.WUNTRACED)
@@ -119,17 +118,17 @@ class Background(unittest.TestCase):
         os.close(terminal)
         return status
 
-    def check_waits_its_time(self, what):
+    def check_waits_its_time(self, command):
         start = time.monotonic()
-        self.assertEqual(self.run_in_background(what), 0)
+        self.assertEqual(self.run_in_background(command), 0)
         self.assertGreaterEqual(time.monotonic() - start, 1.2)
 
-    def test_waits_its_time_and_leaves_what_is_typed(self):
-        for what in ("wait", "wait-unsynchronized"):
-            with self.subTest(what):
-                self.check_waits_its_time(what)
+    def test_waits_its_time_and_leaves_typed_keys(self):
+        for command in ("wait", "wait-unsynchronized"):
+            with self.subTest(command):
+                self.check_waits_its_time(command)
 
-    def test_is_the_same_for_a_program_that_its_terminal_may_not_stop(self):
+    def test_waits_its_time_with_sigttin_blocked(self):
         self.check_waits_its_time("block")
 
     def test_takes_a_key_once_it_is_in_the_foreground(self):

@@ -1,5 +1,5 @@
-// Programs that treat their streams in unusual ways and go on after a wait: odd_program WHAT.
-// Standard output carries what is under test; what a call returned goes to standard error.
+// Programs that treat their streams in unusual ways or continue after a wait: odd_program COMMAND.
+// Standard output carries what is under test, standard error the results of calls.
 #include <kelplib/Kelp.h>
 #include <kelplib/KelpProgress.h>
 
@@ -13,34 +13,32 @@
 #include <string>
 #include <thread>
 
+#include "commands.h"
+
 namespace {
 
 constexpr unsigned int longSeconds = 600;
 
-void printError(int result) {
-    static_cast<void>(std::fprintf(stderr, "%d\n", result));
-}
-
-/// The rest of standard input, read by the C library.
+/// Prints the rest of standard input, read by the C library.
 void printRest() {
     for (int character = std::getchar(); character != EOF; character = std::getchar()) {
         std::putchar(character);
     }
 }
 
-/// Leaves a reader behind that waits for the next key.
+/// Waits for no time: the wait times out, and its reader thread keeps waiting for the next key.
 void leaveReader() {
     Kelp::waitOrPressKey(0, "left");
 }
 
-/// Every call that draws, and the move of the cursor.
+/// Calls each drawing function, then moves the cursor.
 void drawEverything() {
     KELP_progress_global_init(4.0, 4, "drawn", 1);
     KELP_GlobalProgress.start_time = 0.0;
     KELP_GlobalProgress.last_blink = KELP_time_stamp();
-    printError(KELP_progress_global(1.0));
-    printError(KELP_progress(1.0, 4.0, 4, "drawn", 0.0));
-    printError(KELP_rewind_cursor(1));
+    printResult(KELP_progress_global(1.0));
+    printResult(KELP_progress(1.0, 4.0, 4, "drawn", 0.0));
+    printResult(KELP_rewind_cursor(1));
 }
 
 // Output.
@@ -86,14 +84,14 @@ void printBesideTheFace() {
     printer.join();
 }
 
-// After a wait that has left its reader.
+// After a wait that timed out and left its reader running.
 
 void flushEverything() {
     leaveReader();
-    printError(std::fflush(nullptr));
+    printResult(std::fflush(nullptr));
 }
 
-/// One character has been pushed back and taken. Nothing else was in the buffer.
+/// A character was pushed back and read again; the buffer holds nothing else.
 void flushAfterPushedBack() {
     std::getchar();
     std::ungetc('u', stdin);
@@ -101,7 +99,7 @@ void flushAfterPushedBack() {
     flushEverything();
 }
 
-/// The same with a character in the buffer, which has been taken too.
+/// The same, but the buffer held one more character, which was read too.
 void flushAfterPushedBackAndBuffer() {
     std::getchar();
     std::ungetc('u', stdin);
@@ -112,7 +110,7 @@ void flushAfterPushedBackAndBuffer() {
 
 void reopenInput() {
     leaveReader();
-    printError(std::freopen("no such file", "r", stdin) == nullptr ? 1 : 0);
+    printResult(std::freopen("no such file", "r", stdin) == nullptr ? 1 : 0);
 }
 
 void exitFromAThread() {
@@ -122,7 +120,7 @@ void exitFromAThread() {
 
 void runACommand() {
     leaveReader();
-    printError(std::system("exit 0"));  // NOLINT(cert-env33-c): it is what is under test
+    printResult(std::system("exit 0"));  // NOLINT(cert-env33-c): it is what is under test
 }
 
 void failedInput() {
@@ -133,7 +131,7 @@ void failedInput() {
 void closedInput() {
     std::fclose(stdin);
     Kelp::waitOrPressKey(longSeconds, "closed");
-    printError(std::cin.eof() ? 1 : 0);
+    printResult(std::cin.eof() ? 1 : 0);
 }
 
 void throwingInput() {
@@ -145,21 +143,21 @@ void throwingInput() {
     std::cin.rdbuf(before);
 }
 
-/// The end of the input is on the stream afterwards, as if the caller had read it; nothing is thrown.
+/// std::cin is at its end afterwards, as if the caller had read it; nothing is thrown.
 void endOfInput() {
     std::cin.exceptions(std::ios::eofbit);
     Kelp::waitOrPressKey(longSeconds, "ended");
-    printError(std::cin.eof() ? 1 : 0);
+    printResult(std::cin.eof() ? 1 : 0);
 }
 
-// Characters that are in a buffer already.
+// Input that is already in a buffer.
 
-/// A wait that need not last, as something is there to read although the system has nothing more.
+/// Prints 1 if the wait ends early: buffered input counts as a key, even if the system has no more input.
 void waitForBuffered(const char* message) {
     constexpr unsigned int seconds = 20;
     const double start = KELP_time_stamp();
     Kelp::waitOrPressKey(seconds, message);
-    printError(KELP_time_stamp() - start < seconds - 5.0 ? 1 : 0);
+    printResult(KELP_time_stamp() - start < seconds - 5.0 ? 1 : 0);
 }
 
 void bufferedByC() {
@@ -173,7 +171,7 @@ void pushedBack() {
     std::getchar();
     std::ungetc('u', stdin);
     waitForBuffered("pushed back");
-    // The buffer itself is what is left.
+    // Now only the buffer is left.
     waitForBuffered("buffered");
     printRest();
 }
@@ -182,7 +180,7 @@ void bufferedByTheStream() {
     std::ios::sync_with_stdio(false);
     const char first = static_cast<char>(std::cin.get());
     std::cout << first << "\n";
-    // Down to the last character of the buffer.
+    // Each wait takes one of the three characters left in the buffer.
     for (int i = 0; i < 3; ++i) {
         waitForBuffered("buffered");
     }
@@ -198,7 +196,7 @@ void closedByTheStream() {
         std::fclose(stdin);
     }
     Kelp::waitOrPressKey(longSeconds, "closed");
-    printError(std::cin.eof() ? 1 : 0);
+    printResult(std::cin.eof() ? 1 : 0);
 }
 
 void nothingBufferedByTheStream() {
@@ -207,12 +205,7 @@ void nothingBufferedByTheStream() {
     std::cout << std::cin.rdbuf();
 }
 
-struct Command {
-    const char* name;
-    void (*run)();
-};
-
-constexpr Command commands[] = {
+constexpr Command<> commands[] = {
     {"muted-output", mutedOutput},
     {"throwing-output", throwingOutput},
     {"print-beside-the-face", printBesideTheFace},
@@ -236,13 +229,5 @@ constexpr Command commands[] = {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const std::string what = argc == 2 ? argv[1] : "";
-    for (const Command& command : commands) {
-        if (what == command.name) {
-            command.run();
-            return 0;
-        }
-    }
-    std::cerr << "odd_program: no such call\n";
-    return 2;
+    return runCommand(commands, argc == 2 ? argv[1] : "");
 }

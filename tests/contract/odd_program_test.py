@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Programs that treat their streams in unusual ways, or go on after a wait that has left its reader:
+"""Programs that treat their streams in unusual ways, or continue after a wait that has left its reader running:
 odd_program_test.py ODD_PROGRAM UNLOADING_PROGRAM WAITING_PLUGIN [PIPING_PROGRAM]"""
 
 import subprocess
@@ -9,7 +9,7 @@ import unittest
 import programs
 
 ODD_PROGRAM, UNLOADING_PROGRAM, WAITING_PLUGIN = sys.argv[1:4]
-# On Windows, runs a program with a pipe of Windows' own: wine cannot look into one of the system below.
+# On Windows, gives the program a Windows pipe: wine cannot look into a Linux pipe.
 PIPING_PROGRAM = sys.argv[4:]
 del sys.argv[1:]
 
@@ -19,13 +19,13 @@ FACE = (b"     _____\n    /     \\         drawn\n   /  * *  \\\n   >       <   
 
 
 def lines(message, seconds):
-    """What one wait prints."""
+    """The output of one wait."""
     return f"{message}\n    Press key to continue -- otherwise wait for {seconds} seconds.\n".encode()
 
 
 class Program(unittest.TestCase):
     def start(self, *words):
-        """A program whose standard input stays open."""
+        """Starts a program whose standard input stays open."""
         process = subprocess.Popen(programs.command(*PIPING_PROGRAM, *words), stdin=subprocess.PIPE,
                                    stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         self.addCleanup(self.end, process)
@@ -36,8 +36,8 @@ class Program(unittest.TestCase):
         with process:
             process.kill()
 
-    def check(self, what, expected, keys=b""):
-        process = self.start(ODD_PROGRAM, what)
+    def check(self, command, expected, keys=b""):
+        process = self.start(ODD_PROGRAM, command)
         process.stdin.write(keys)
         process.stdin.flush()
         status = process.wait(timeout=LIMIT_SECONDS)
@@ -46,8 +46,8 @@ class Program(unittest.TestCase):
 
 
 class Output(Program):
-    def check_drawn(self, what):
-        status, output, errors = programs.run(ODD_PROGRAM, what)
+    def check_drawn(self, command):
+        status, output, errors = programs.run(ODD_PROGRAM, command)
         self.assertEqual(status, 0)
         face, bar = output[:len(FACE)], output[len(FACE):]
         self.assertEqual(face, FACE)
@@ -60,7 +60,7 @@ class Output(Program):
     def test_is_drawn_where_the_stream_throws(self):
         self.check_drawn("throwing-output")
 
-    def test_of_another_thread_is_neither_lost_nor_doubled(self):
+    def test_of_another_thread_is_neither_lost_nor_repeated(self):
         expected = b"".join(b"line %d\n" % number for number in range(100000))
         status, output, errors = programs.run(ODD_PROGRAM, "print-beside-the-face")
         self.assertEqual((status, errors), (0, b""))
@@ -103,16 +103,16 @@ class Input(Program):
     def test_that_throws_counts_as_a_key(self):
         self.check("throwing-input", (0, lines("throwing", 600), b""))
 
-    def test_that_has_ended_is_at_its_end_for_the_stream(self):
+    def test_that_has_ended_sets_the_stream_to_its_end(self):
         self.assertEqual(programs.run(ODD_PROGRAM, "end-of-input"), (0, lines("ended", 600), b"1\n"))
 
     def test_that_the_program_has_closed_counts_as_a_key(self):
         self.check("closed-input", (0, lines("closed", 600), b"1\n"))
         self.check("closed-by-the-stream", (0, lines("closed", 600), b"1\n"))
 
-    def check_buffered(self, what, printed, waits):
+    def check_buffered(self, command, printed, waits):
         """Each wait ends while the input is empty and open; then the program prints the rest."""
-        process = self.start(ODD_PROGRAM, what)
+        process = self.start(ODD_PROGRAM, command)
         process.stdin.write(b"abcd")
         process.stdin.flush()
         for _ in range(waits):
@@ -121,7 +121,7 @@ class Input(Program):
         self.assertEqual(process.wait(timeout=LIMIT_SECONDS), 0)
         self.assertEqual(programs.plain_line_ends(process.stdout.read()), printed)
 
-    def test_in_the_buffer_of_c_is_taken_first(self):
+    def test_in_the_buffer_of_the_c_library_is_taken_first(self):
         self.check_buffered("buffered-by-c", b"a\n" + lines("buffered", 20) + b"cd", 1)
 
     def test_that_was_pushed_back_is_taken_first(self):
@@ -130,7 +130,7 @@ class Input(Program):
     def test_in_the_buffer_of_the_stream_is_taken_first(self):
         self.check_buffered("buffered-by-the-stream", b"a\n" + 3 * lines("buffered", 20), 3)
 
-    def test_is_left_to_a_stream_of_its_own_but_for_one_character(self):
+    def test_of_an_unsynchronized_stream_loses_one_character(self):
         self.assertEqual(programs.run(ODD_PROGRAM, "nothing-buffered-by-the-stream", stdin=None, input=b"abcd"),
                          (0, lines("unbuffered", 600) + b"bcd", b""))
 

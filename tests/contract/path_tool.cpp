@@ -1,5 +1,5 @@
-// Output files as the library completes them: path_tool [-o=NAME...] prints each with its folder and its delimiter, then
-// the current directory.
+// Prints output files with the folder and the delimiter that the library gives them, and the current directory:
+// path_tool [-o=NAME...]
 #include <kelplib/CommandLineTool.h>
 
 #include <iostream>

@@ -1,4 +1,5 @@
-// Runs a program with a pipe as its standard input, and copies its own into that: piping_program PROGRAM [ARGUMENTS]
+// Runs a program with a pipe as its standard input, and copies its own standard input into the pipe:
+// piping_program PROGRAM [ARGUMENTS]
 #include <io.h>
 #include <process.h>
 #include <windows.h>
@@ -37,6 +38,6 @@ int main(int argc, char** argv) {
     std::thread(copyInput, _open_osfhandle(reinterpret_cast<intptr_t>(writing), 0)).detach();
     int status = 1;
     _cwait(&status, program, 0);
-    // The thread may still wait for input.
+    // Does not wait for the thread, which may still be reading.
     _exit(status);
 }

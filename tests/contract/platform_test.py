@@ -19,7 +19,7 @@ SYSTEM_TOOL = sys.argv.pop(1)
 
 
 def ask(*words, program=TOOL, **options):
-    """What the tool prints, without the line end."""
+    """Runs the tool. Returns its output without the line end."""
     status, output, errors = programs.run(program, *words, **options)
     if (status, errors) != (0, b""):
         raise AssertionError(f"{words}: exit status {status}, standard error {errors!r}")
@@ -27,20 +27,20 @@ def ask(*words, program=TOOL, **options):
 
 
 def timed(*words, **options):
-    """The number of seconds that the tool prints, and those that its whole run took."""
+    """Runs the tool. Returns the seconds that it prints and the seconds that its whole run took."""
     start = time.monotonic()
-    told = float(ask(*words, **options))
-    return told, time.monotonic() - start
+    printed = float(ask(*words, **options))
+    return printed, time.monotonic() - start
 
 
 class Clock(unittest.TestCase):
     def test_never_goes_back(self):
-        # Longer than a second, where its parts meet.
+        # More than a second, to cross the point where nanoseconds start again at 0.
         rises, falls = ask("watch", "1100").split(b", ")
         self.assertEqual(falls, b"0 falls")
         self.assertNotEqual(rises, b"0 rises")
 
-    def test_tells_seconds_across_processes(self):
+    def test_counts_seconds_across_processes(self):
         before = float(ask("now"))
         passed, run_time = timed("sleep", "200")
         after = float(ask("now"))
@@ -58,7 +58,7 @@ class Sleep(unittest.TestCase):
                 self.assertLess(slept, run_time)
                 self.assertLess(slept, seconds + 5.0)
 
-    def test_lasts_hardly_longer_on_a_machine_with_time_to_spare(self):
+    def test_lasts_hardly_longer_on_an_idle_machine(self):
         for milliseconds, seconds in (("1", 0.001), ("999", 0.999), ("1000", 1.0)):
             with self.subTest(milliseconds):
                 slept = [float(ask("sleep", milliseconds))]
@@ -67,7 +67,7 @@ class Sleep(unittest.TestCase):
                 self.assertLess(slept[-1], seconds + 0.5, slept)
 
     @unittest.skipIf(programs.ON_WINDOWS, "no signal interrupts a thread there")
-    def test_goes_on_after_signals(self):
+    def test_is_resumed_after_signals(self):
         slept, signals = ask("sleep", "1001", program=SYSTEM_TOOL).splitlines()
         self.assertRegex(signals, rb"\A[1-9][0-9]* signals\Z")
         self.assertGreaterEqual(float(slept), 1.001)
@@ -83,11 +83,11 @@ class CurrentDirectory(unittest.TestCase):
         return ask("directory", cwd=folder)
 
     def name_of(self, folder):
-        """The folder's name as the system writes it."""
+        """The path of the folder as the tool prints it."""
         return b"<" + (programs.windows_path(folder) if programs.ON_WINDOWS else os.fsencode(folder)) + b">"
 
     def folder_of_length(self, length):
-        """A folder below the temporary one whose whole path has that many bytes."""
+        """Creates a folder below the temporary one. Its whole path has `length` bytes."""
         rest = length - len(os.fsencode(self.folder)) - len("/") - len("/" + 100 * "d")
         folder = self.folder / (100 * "d") / (rest * "e")
         folder.mkdir(parents=True)
@@ -111,7 +111,7 @@ class CurrentDirectory(unittest.TestCase):
                 self.assertEqual(self.directory_in(folder), self.name_of(folder))
 
     @unittest.skipIf(programs.ON_WINDOWS, "no process starts in a folder whose path has more than 258 characters")
-    def test_fits_with_its_end_mark_into_260_bytes(self):
+    def test_fits_with_its_terminator_into_260_bytes(self):
         for length in (258, 259):
             with self.subTest(length):
                 folder = self.folder_of_length(length)
@@ -136,7 +136,7 @@ class CurrentDirectory(unittest.TestCase):
 
 
 class RewindWithoutConsole(unittest.TestCase):
-    """What was unwritten before the call gets written, and nothing else."""
+    """The call writes the text that was buffered before it, and nothing else."""
 
     def rewind(self, lines, call="rewind", **options):
         done = subprocess.run(programs.command(TOOL, call, lines), stdin=subprocess.DEVNULL, timeout=60, check=True,
@@ -144,7 +144,7 @@ class RewindWithoutConsole(unittest.TestCase):
         return [programs.plain_line_ends(output) for output in (done.stdout, done.stderr) if output is not None]
 
     def rewind_into_one_pipe(self, lines, **options):
-        """What the tool wrote before and after the call's result, which it tells on standard error."""
+        """Returns what the tool wrote before and after the result of the call, which goes to standard error."""
         [output] = self.rewind(lines, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, **options)
         before, result, after = output.partition(b"0\n")
         self.assertEqual(result, b"0\n")
@@ -156,7 +156,7 @@ class RewindWithoutConsole(unittest.TestCase):
                 self.assertEqual(self.rewind_into_one_pipe(lines), (b"stdio stream ", b""))
 
     def test_stream_with_a_buffer_of_its_own(self):
-        # It is left alone. libc++'s stream always prints through the C library and has none.
+        # The call does not flush it. libc++'s std::cout always prints through the C library and has no buffer of its own.
         self.assertIn(self.rewind_into_one_pipe("3", call="rewind-two-buffers"),
                       ((b"stdio ", b"stream "), (b"stdio stream ", b"")))
 

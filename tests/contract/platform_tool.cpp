@@ -1,11 +1,12 @@
-// The system's own platform layer, one call or one short sequence of calls per run: platform_tool WHAT [NUMBER...].
-// Standard output carries what is under test; what a call of it returned goes to standard error.
+// The platform layer of this system, one call or a short sequence of calls per run: platform_tool COMMAND [NUMBER...].
+// Standard output carries what is under test, standard error the results of calls.
 #include <chrono>
 #include <cstdio>
 #include <iostream>
 #include <string>
 #include <vector>
 
+#include "commands.h"
 #include "platform/platform.h"
 
 namespace {
@@ -19,13 +20,12 @@ void printLines(const std::string& words, unsigned int count) {
     }
 }
 
-/// The clock's own reading.
 void now(const Numbers&) {
     std::printf("%.9f\n", platform::monotonicSeconds());
 }
 
-/// How often the clock went back and forth between readings, for as many milliseconds. Whoever sleeps in between is not
-/// interrupted for long.
+/// Reads the clock for the given number of milliseconds and counts how often it rose and fell. The sleep between two
+/// readings keeps the system from taking the processor away.
 void watch(const Numbers& numbers) {
     const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(numbers.at(0));
     unsigned int rises = 0;
@@ -41,7 +41,7 @@ void watch(const Numbers& numbers) {
     std::printf("%u rises, %u falls\n", rises, falls);
 }
 
-/// How many seconds a sleep took by the clock.
+/// Sleeps for the given number of milliseconds and prints how many seconds it took.
 void sleep(const Numbers& numbers) {
     const double start = platform::monotonicSeconds();
     platform::sleepMilliseconds(numbers.at(0));
@@ -52,79 +52,60 @@ void directory(const Numbers&) {
     std::cout << "<" << platform::currentDirectory() << ">\n";
 }
 
-/// Straight out and with nothing else: std::cerr would flush std::cout first.
-void tellResult(int result) {
-    static_cast<void>(std::fprintf(stderr, "%d\n", result));
-}
-
-/// A move up by the number, with unwritten text of both kinds in one buffer.
+/// Moves the cursor up by the given number of lines while the shared buffer of stdio and std::cout holds text of both.
 void rewind(const Numbers& numbers) {
     std::printf("stdio ");
     std::cout << "stream ";
-    tellResult(platform::rewindCursor(numbers.at(0)));
+    printResult(platform::rewindCursor(numbers.at(0)));
 }
 
-/// The same with a buffer for each.
+/// The same, but std::cout has a buffer of its own.
 void rewindTwoBuffers(const Numbers& numbers) {
     std::ios::sync_with_stdio(false);
     rewind(numbers);
 }
 
-/// A mark left where a move up by the first number leads to, from below as many lines as the second number.
+/// Prints as many lines as the second number, moves up by the first, and prints an X there.
 void mark(const Numbers& numbers) {
     printLines("filler", numbers.at(1));
     std::cout << "abc";
-    tellResult(platform::rewindCursor(numbers.at(0)));
+    printResult(platform::rewindCursor(numbers.at(0)));
     std::cout << "X" << std::flush;
 }
 
-/// A move up by the first number, from below as many lines as the second number, and a long time without a word.
+/// Prints as many lines as the second number, moves up by the first, and stays silent for a minute.
 void hold(const Numbers& numbers) {
     printLines("filler", numbers.at(1));
-    tellResult(platform::rewindCursor(numbers.at(0)));
+    printResult(platform::rewindCursor(numbers.at(0)));
     platform::sleepMilliseconds(60000);
 }
 
-/// Frames of three lines, each drawn over the last one, below as many lines as the number.
+/// Prints the given number of lines and draws frames of three lines below them, each over the last one.
 void animate(const Numbers& numbers) {
     printLines("filler", numbers.at(0));
     for (const char* frame : {"first", "again", "third", "final"}) {
         std::cout << frame << " frame, top\n" << frame << " frame, middle\n" << frame << " frame, bottom\n";
         if (std::string(frame) != "final") {
-            tellResult(platform::rewindCursor(3));
+            printResult(platform::rewindCursor(3));
         }
     }
     std::cout << "all drawn" << std::endl;
 }
 
-struct Command {
-    const char* name;
-    std::size_t numbers;
-    void (*run)(const Numbers&);
-};
-
-constexpr Command commands[] = {
-    {"now", 0, now},       {"watch", 1, watch},
-    {"sleep", 1, sleep},   {"directory", 0, directory},
-    {"rewind", 1, rewind}, {"rewind-two-buffers", 1, rewindTwoBuffers},
-    {"mark", 2, mark},     {"animate", 1, animate},
-    {"hold", 2, hold},
+constexpr Command<const Numbers&> commands[] = {
+    {"now", now},       {"watch", watch},
+    {"sleep", sleep},   {"directory", directory},
+    {"rewind", rewind}, {"rewind-two-buffers", rewindTwoBuffers},
+    {"mark", mark},     {"animate", animate},
+    {"hold", hold},
 };
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    const std::vector<std::string> words(argv + 1, argv + argc);
     Numbers numbers;
-    for (std::size_t i = 1; i < words.size(); ++i) {
-        numbers.push_back(static_cast<unsigned int>(std::stoul(words[i])));
+    for (int i = 2; i < argc; ++i) {
+        numbers.push_back(static_cast<unsigned int>(std::stoul(argv[i])));
     }
-    for (const Command& command : commands) {
-        if (!words.empty() && words[0] == command.name && numbers.size() == command.numbers) {
-            command.run(numbers);
-            return 0;
-        }
-    }
-    std::cerr << "platform_tool: no such call\n";
-    return 2;
+    return runCommand(commands, argc > 1 ? argv[1] : "", numbers);
 }

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """The progress display in real terminals, and where there is none: progress_test.py PROGRESS_TOOL SYSTEM_TOOL
 
-SYSTEM_TOOL is without_output on Windows; elsewhere the shell closes standard output.
+SYSTEM_TOOL is without_output on Windows. Elsewhere it is not used: the shell closes standard output.
 """
 
 import subprocess
@@ -49,7 +49,7 @@ class Interface(unittest.TestCase):
 
 
 class WithoutConsole(unittest.TestCase):
-    """Frames follow each other, and nothing is written that moves a cursor."""
+    """Each frame is printed below the last one, without escape sequences."""
 
     def test_pipe(self):
         self.assertEqual(programs.run(TOOL, "bar", "0"), (0, BAR, b"0\n0\n0\n0\n0\n"))

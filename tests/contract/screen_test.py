@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""A tool on the shared library as its user meets it: screen_test.py SCREEN_TOOL SYSTEM_TOOL
+"""A tool that uses the shared library, from its command line to its exit status: screen_test.py SCREEN_TOOL SYSTEM_TOOL
 
 SYSTEM_TOOL is without_output on Windows, interrupted_tool elsewhere.
 """
@@ -24,20 +24,20 @@ FILE_MISSING = b"\n\x1b[31mFile missing, please insert the name of the file.\x1b
 NOT_THERE = b"File not-there.txt doesn't exist. Please insert a valid file name.\n"
 
 
-def ending_in_help(first_words):
-    return first_words + screens.HELP + screens.AFTER_HELP
+def ending_in_help(message):
+    return message + screens.HELP + screens.AFTER_HELP
 
 
 def report(number=b"12, search on from 0", text=b"<nothing>, search on from 0", at=b"--number at 0, --text at 0",
            first=b"1", arguments=(b".",)):
-    """What the tool prints about an acceptable command line."""
+    """The output of the tool for a command line that it accepts."""
     listed = b"".join(b"argument <" + argument + b">\n" for argument in arguments)
     return (b"tool screen_tool\n" + at + b"\nnumber " + number + b"\ntext " + text + b"\n"
             b"first argument at " + first + b"\n" + listed + screens.AFTER_RETURN)
 
 
 def run_together(command_lines):
-    """Runs the tool once per command line, all at the same time: each may have to sit out its half second."""
+    """Runs the tool once per command line, all at the same time: a run with a help screen pauses for half a second."""
     with concurrent.futures.ThreadPoolExecutor(max_workers=8) as pool:
         return list(pool.map(lambda words: programs.run(TOOL, *words), command_lines))
 
@@ -63,13 +63,13 @@ class Screens(unittest.TestCase):
         if not programs.ON_WINDOWS:
             cases.append(([".", b"-\xfc"], b"Invalid flag -\xfc. List of valid flags: \n"))
         results = run_together(words for words, _ in cases)
-        for (words, first_words), (status, output, errors) in zip(cases, results, strict=True):
+        for (words, message), (status, output, errors) in zip(cases, results, strict=True):
             with self.subTest(words):
-                self.assertEqual(output, ending_in_help(first_words))
+                self.assertEqual(output, ending_in_help(message))
                 self.assertEqual(errors, b"")
                 self.assertEqual(status, 0)
 
-    @unittest.skipIf(programs.ON_WINDOWS, "there a file that exists can be opened unless somebody holds it")
+    @unittest.skipIf(programs.ON_WINDOWS, "a file that exists can be opened there unless another process has locked it")
     def test_a_file_that_exists_but_cannot_be_opened(self):
         with tempfile.TemporaryDirectory() as folder, socket.socket(socket.AF_UNIX) as listener:
             name = os.path.join(folder, "socket")
@@ -97,7 +97,7 @@ class Screens(unittest.TestCase):
 
 
 class Tokens(unittest.TestCase):
-    """What the system hands over as argv."""
+    """What the system passes as argv."""
 
     def check(self, words, expected):
         status, output, errors = programs.run(TOOL, ".", *words, env={**os.environ, "LC_ALL": "C.UTF-8"})
@@ -123,15 +123,15 @@ class Tokens(unittest.TestCase):
         self.check(["\u00fc"], report(arguments=(b".", b"\xfc")))
 
     def test_long_tokens_arrive_whole(self):
-        # A Windows command line ends at 32767 characters.
+        # A Windows command line has at most 32767 characters.
         length = 15_000 if programs.ON_WINDOWS else 100_000
         argument, value = b"x" * length, b"y" * length
         self.check([argument, b"-t=" + value],
                    report(arguments=(b".", argument), text=b"<" + value + b">, search on from 4"))
 
-    @unittest.skipIf(programs.ON_WINDOWS, "a Windows process has a command line, and its first word is the program")
+    @unittest.skipIf(programs.ON_WINDOWS, "a Windows process always has a command line, whose first word is the program")
     def test_start_without_any_argv(self):
-        # Linux 5.18 and newer put one empty token where there is none; older ones start the tool with an argc of 0.
+        # Linux 5.18 and newer pass one empty token; older versions pass none, so argc is 0.
         words = (ctypes.c_char_p * 1)(None)
         settings = [f"{name}={value}".encode() for name, value in os.environ.items()]
         environment = (ctypes.c_char_p * (len(settings) + 1))(*settings, None)
@@ -147,7 +147,7 @@ class Tokens(unittest.TestCase):
 
 class HalfSecond(unittest.TestCase):
     def read_help(self):
-        """Seconds from the start to the whole screen, and from there to the end."""
+        """Returns the seconds from the start to the whole screen, and from there to the end of the process."""
         start = time.monotonic()
         words = programs.command(TOOL, ".", "-h")
         with subprocess.Popen(words, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE) as process:
@@ -164,7 +164,7 @@ class HalfSecond(unittest.TestCase):
         return whole - start, end - whole
 
     def test_the_whole_screen_can_be_read_before_the_pause(self):
-        # On a busy machine this script itself may look late, and the screen seem late. One timely look is enough.
+        # On a busy machine this script itself may read late and so see a shorter pause. One try in time is enough.
         tries = []
         for _ in range(5):
             to_screen, from_screen = self.read_help()
@@ -184,12 +184,12 @@ class HalfSecond(unittest.TestCase):
         self.assertEqual((status, errors), (0, b""))
 
 
-class NobodyReads(unittest.TestCase):
+class FailingOutput(unittest.TestCase):
     def run_with_output(self, words, **options):
         return subprocess.run(words, stdin=subprocess.DEVNULL, stderr=subprocess.PIPE, timeout=60, check=False,
                               **options)
 
-    def test_output_that_takes_nothing(self):
+    def test_full_disk(self):
         with open("/dev/full", "wb") as full:
             for words in ([".", "-h"], ["."]):
                 with self.subTest(words):

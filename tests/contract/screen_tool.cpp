@@ -1,5 +1,5 @@
-// A tool on the shared library. When its command line is acceptable, it prints what it found there; how it ends can be
-// seen from the last lines.
+// A tool that uses the shared library. It prints the options and arguments that it accepts. The last lines show how it ends:
+// which destructors and exit handlers run.
 #include <kelplib/CommandLineTool.h>
 
 #include <cstddef>
@@ -27,7 +27,7 @@ private:
 
 const Witness staticWitness("static");
 
-void sayThatHandlersRun() {
+void printFromExitHandler() {
     std::cout << "exit handler called" << std::endl;
 }
 
@@ -55,7 +55,7 @@ void printArguments(const CommandLineTool& tool) {
 
 int main(int argc, char** argv) {
     const Witness automaticWitness("automatic");
-    if (std::atexit(sayThatHandlersRun) != 0) {
+    if (std::atexit(printFromExitHandler) != 0) {
         return 1;
     }
     std::vector<Kelp::Option> options{{"-n", "--number", "a whole number", false}, {"-t", "--text", "any text", false}};

@@ -1,4 +1,4 @@
-"""What screen_tool prints, and the name by which it is run."""
+"""The output of screen_tool, and the name by which it is run."""
 
 import os
 
@@ -28,11 +28,11 @@ HELP = (
     b"\x1b[36mExample:\x1b[0m\n"
     b"  \x1b[34mscreen_tool\x1b[0m -n=3 notes.txt\n")
 
-# The process ends as std::exit ends it: handlers and static objects have their turn, main's objects have not.
+# std::exit runs exit handlers and destroys static objects, but not the local objects of main.
 AFTER_HELP = b"exit handler called\nstatic object destroyed\n"
 AFTER_RETURN = b"automatic object destroyed\nexit handler called\nstatic object destroyed\n"
 
-# The help screen on 80 columns and 24 rows: its first row has scrolled away.
+# The help screen in 80 columns and 24 rows; its first row has scrolled out of sight.
 HELP_ROWS = [
     "####################################",
     "        screen_tool",
@@ -60,7 +60,7 @@ HELP_ROWS = [
     "",
 ]
 
-# The same with its colours; 39 is the terminal's own.
+# The same with colours; 39 is the default colour of the terminal.
 COLOURED_HELP_ROWS = [
     "\x1b[34m####################################\x1b[39m",
     "        \x1b[37mscreen_tool\x1b[39m",
@@ -88,8 +88,8 @@ COLOURED_HELP_ROWS = [
     "",
 ]
 
-# A console that was not asked to interpret escape sequences, as wine's, shows them: each escape character in a column
-# that tmux leaves out, and the rest as text.
+# A console that is not set to interpret escape sequences, as wine's console, shows them: the escape character as a column
+# that tmux leaves out, the rest as text.
 PLAIN_CONSOLE_HELP_ROWS = [
     "[34m####################################[0m",
     "[37m   screen_tool[0m",
@@ -119,7 +119,7 @@ PLAIN_CONSOLE_HELP_ROWS = [
 
 
 def by_name(program):
-    """How to run the program so that its tool name is its bare name. On Windows the tool name never has a folder."""
+    """Returns a program path that makes the tool name the bare file name. On Windows the tool name never has a folder."""
     if programs.ON_WINDOWS:
         return program
     folder, name = os.path.split(program)

@@ -20,7 +20,7 @@ def fillers(first, last):
 
 class Case(unittest.TestCase):
     def show(self, program, *words, rows, cursor, errors, coloured_rows=None):
-        """Runs the program to its end and compares what it leaves on the screen."""
+        """Runs the program to its end and compares the screen, the cursor and standard error."""
         with terminal.Terminal(program, *words) as pane:
             self.assertEqual(pane.wait_for_end(), 0)
             self.assertEqual(pane.settled_rows(rows), rows)
@@ -56,7 +56,7 @@ class Rewind(Case):
         self.show(PLATFORM_TOOL, "animate", "20", cursor=(0, 23), errors=b"1\n1\n1\n",
                   rows=fillers(2, 20) + self.LAST_FRAME + [EMPTY_ROW])
 
-    def test_move_by_nothing_leads_to_the_first_column(self):
+    def test_move_by_0_lines_leads_to_the_first_column(self):
         self.show(PLATFORM_TOOL, "mark", "0", "5", cursor=(1, 5), errors=b"1\n",
                   rows=fillers(1, 5) + ["Xbc"] + 18 * [EMPTY_ROW])
 
@@ -74,7 +74,7 @@ class Rewind(Case):
     @unittest.skipIf(programs.ON_WINDOWS, "the cursor of a Windows console is moved by a call, not by output")
     def test_move_is_seen_at_once(self):
         with terminal.Terminal(PLATFORM_TOOL, "hold", "2", "5") as pane:
-            pane.wait_for(lambda: pane.cursor() == (0, 3), "the cursor in row 3")
+            pane.wait_for(lambda: pane.cursor() == (0, 3), "cursor in row 3")
             self.assertEqual(pane.rows(), fillers(1, 5) + 19 * [EMPTY_ROW])
 
     def test_move_to_the_top(self):
@@ -82,7 +82,7 @@ class Rewind(Case):
                   rows=["Xiller line 1"] + fillers(2, 5) + ["abc"] + 18 * [EMPTY_ROW])
 
     def test_move_above_the_top(self):
-        # A Windows console refuses; a terminal moves as far as it can.
+        # A Windows console refuses the move; a terminal moves as far as it can.
         for lines in ("6", "65536"):
             with self.subTest(lines):
                 if programs.ON_WINDOWS:

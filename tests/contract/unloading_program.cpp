@@ -1,5 +1,5 @@
-// Loads a plugin that leaves a reader, unloads it with the library it uses, and lives for another second, in which a key may
-// come in: unloading_program PLUGIN
+// Loads a plugin whose wait leaves a reader running, unloads it together with the library, and runs for another second, in
+// which a key may arrive: unloading_program PLUGIN
 #include <chrono>
 #include <cstdio>
 #include <thread>

@@ -1,5 +1,5 @@
-// What a program has printed with the C library and not yet flushed stays its own when it loads kelplib, uses nothing of it and
-// unloads it: unloading_tool LIBRARY ends with 0 when nothing came out.
+// Loading and unloading kelplib does not flush what the program has printed through the C library: unloading_tool LIBRARY
+// ends with 0 if nothing was written.
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <unistd.h>

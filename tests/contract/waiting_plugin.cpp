@@ -1,4 +1,4 @@
-// A plugin that uses the library, for a program that does not.
+// A plugin that uses the library, for a program that is not linked with it.
 #include <kelplib/Kelp.h>
 
 extern "C" void leaveReader();

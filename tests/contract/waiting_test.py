@@ -12,18 +12,18 @@ import terminal
 TOOL = sys.argv.pop(1)
 
 LIMIT_SECONDS = 60
-# A wait that no test sees the end of, unless a key ends it.
+# Longer than any test runs, so only a key ends such a wait.
 LONG = "600"
 
 
 def environment(verbosity):
-    """The environment with that verbosity; without any for None."""
+    """The environment with this K_VERBOSITY; None removes the variable."""
     others = {name: value for name, value in os.environ.items() if name != "K_VERBOSITY"}
     return others if verbosity is None else {**others, "K_VERBOSITY": verbosity}
 
 
 def lines(seconds):
-    """What one wait prints."""
+    """The output of one wait."""
     return f"first line\n    Press key to continue -- otherwise wait for {seconds} seconds.\n".encode()
 
 
@@ -31,7 +31,7 @@ class Verbosity(unittest.TestCase):
     def test_is_the_number_at_the_beginning_and_stays(self):
         cases = [(None, 0), ("0", 0), ("3", 3), ("abc", 0), ("2x", 2), ("-5", -5), (" 7", 7), ("\t+8 9", 8), ("11", 11),
                  ("0x10", 0), ("2147483647", 2147483647), ("99999999999", 2147483647), ("-99999999999", -2147483648)]
-        if not programs.ON_WINDOWS:  # No variable is empty there.
+        if not programs.ON_WINDOWS:  # Windows has no empty variables.
             cases.append(("", 0))
         for text, level in cases:
             with self.subTest(text):
@@ -43,11 +43,11 @@ class Integer(unittest.TestCase):
     NO_FLAG = b"Kelp::haveStringFlag no flag found. location: "
     NOT_TWO = b"Kelp::haveIntFlag token split not 2"
 
-    def check(self, verbosity, words, printed, told):
+    def check(self, verbosity, words, output, errors):
         with self.subTest((verbosity, words)):
-            self.assertEqual(programs.run(TOOL, "integer", *words, env=environment(verbosity)), (0, printed, told))
+            self.assertEqual(programs.run(TOOL, "integer", *words, env=environment(verbosity)), (0, output, errors))
 
-    def test_says_why_there_is_none_above_a_verbosity_of_10(self):
+    def test_prints_the_reason_for_a_failure_above_a_verbosity_of_10(self):
         for words, reason in ((["1", "tool"], self.NO_FLAG + b"1"),
                               (["12", "tool", "-n=4"], self.NO_FLAG + b"12"),
                               (["1", "tool", "-n12"], self.NOT_TWO),
@@ -59,7 +59,7 @@ class Integer(unittest.TestCase):
             for verbosity in ("11", "12"):
                 self.check(verbosity, words, reason + b"\n", b"0 77\n")
 
-    def test_prints_nothing_with_one(self):
+    def test_prints_nothing_on_success(self):
         for verbosity in ("10", "11"):
             self.check(verbosity, ["1", "tool", "-N=4"], b"", b"1 4\n")
             self.check(verbosity, ["0", "a=5"], b"", b"0 5\n")
@@ -67,7 +67,7 @@ class Integer(unittest.TestCase):
 
 class Waiting(unittest.TestCase):
     def start(self, *seconds):
-        """The tool with standard input open and nothing there yet."""
+        """Starts the tool. Standard input is open and still empty."""
         process = subprocess.Popen(programs.command(TOOL, "wait", *seconds), stdin=subprocess.PIPE,
                                    stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         self.addCleanup(self.end, process)
@@ -79,7 +79,7 @@ class Waiting(unittest.TestCase):
             process.kill()
 
     def finish(self, process, printed):
-        """Waits for the tool's end while its standard input stays open. Returns the seconds that it told."""
+        """Waits for the end of the tool while its standard input stays open. Returns the seconds of each wait."""
         self.assertEqual(process.wait(timeout=LIMIT_SECONDS), 0)
         self.assertEqual(programs.plain_line_ends(process.stdout.read()), printed)
         return [float(line) for line in process.stderr.read().split()]
@@ -95,21 +95,21 @@ class Waiting(unittest.TestCase):
     def test_ends_when_the_time_is_over(self):
         for seconds, least in (("0", 0.2), ("1", 1.2)):
             with self.subTest(seconds):
-                [told] = self.finish(self.start(seconds), lines(seconds))
-                self.assertGreaterEqual(told, least)
-                self.assertLess(told, least + 5.0)
+                [waited] = self.finish(self.start(seconds), lines(seconds))
+                self.assertGreaterEqual(waited, least)
+                self.assertLess(waited, least + 5.0)
 
     def test_ends_at_once_with_input_there(self):
         process = self.start(LONG)
         self.type(process, b"k")
-        [told] = self.finish(process, lines(LONG))
-        self.check_ended_early(told)
+        [waited] = self.finish(process, lines(LONG))
+        self.check_ended_early(waited)
 
     def test_takes_one_character_at_a_time(self):
         process = self.start(LONG, LONG, LONG)
         self.type(process, b"a\nb")
-        for told in self.finish(process, 3 * lines(LONG)):
-            self.check_ended_early(told)
+        for waited in self.finish(process, 3 * lines(LONG)):
+            self.check_ended_early(waited)
 
     def test_end_of_the_input_counts_as_a_key(self):
         status, output, errors = programs.run(TOOL, "wait", LONG, LONG, timeout=LIMIT_SECONDS)
@@ -120,7 +120,7 @@ class Waiting(unittest.TestCase):
         process.stdin.close()
         self.assertEqual(len(self.finish(process, 2 * lines(LONG))), 2)
 
-    @unittest.skipIf(programs.ON_WINDOWS, "no shell closes standard input there")
+    @unittest.skipIf(programs.ON_WINDOWS, "a shell cannot close standard input there")
     def test_closed_input_counts_as_a_key(self):
         done = subprocess.run(["sh", "-c", 'exec "$0" "$@" <&-', TOOL, "wait", LONG], stdout=subprocess.PIPE,
                               stderr=subprocess.PIPE, timeout=LIMIT_SECONDS, check=True)
@@ -128,7 +128,7 @@ class Waiting(unittest.TestCase):
         self.check_ended_early(float(done.stderr))
 
     def test_second_wait_ends_with_the_second_key(self):
-        # The first key goes to the first wait, which is over.
+        # The reader of the first wait, which has timed out, takes the first key.
         process = self.start("0", LONG)
         printed = b""
         while printed.count(b"\n") < 4:

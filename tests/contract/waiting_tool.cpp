@@ -1,22 +1,23 @@
-// The parts of the shared library that look at the environment and at standard input: waiting_tool WHAT [WORD...].
-// Standard output carries what is under test; what a call returned, and how many seconds it took, goes to standard error.
+// The functions of the shared library that read the environment or standard input: waiting_tool COMMAND [WORD...].
+// Standard output carries what is under test, standard error the results of calls and the seconds that they took.
 #include <kelplib/Kelp.h>
 #include <kelplib/KelpProgress.h>
 
+#include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <iostream>
 #include <string>
 #include <vector>
 
 #include "arguments.h"
+#include "commands.h"
 #include "scoped_variable.h"
 
 namespace {
 
 using Words = std::vector<std::string>;
 
-/// The level, then the level once K_VERBOSITY has changed, then once it is gone.
+/// Prints the level: at first, after K_VERBOSITY has changed, and after it is gone.
 void verbosity(const Words& /*words*/) {
     std::cout << Kelp::verbosity() << "\n";
     {
@@ -27,7 +28,7 @@ void verbosity(const Words& /*words*/) {
     std::cout << Kelp::verbosity() << "\n";
 }
 
-/// The integer of -n, searched from the first word on in the others, the program path among them.
+/// Reads the integer of -n. The first word is the start position, the others are the command line.
 void integer(const Words& words) {
     Arguments line(Words(words.begin() + 1, words.end()));
     int value = 77;
@@ -35,7 +36,7 @@ void integer(const Words& words) {
     static_cast<void>(std::fprintf(stderr, "%d %d\n", result, value));
 }
 
-/// One wait after the other, each for as many seconds as its word says.
+/// Waits once per word, for that number of seconds.
 void wait(const Words& words) {
     for (const std::string& word : words) {
         const double start = KELP_time_stamp();
@@ -44,23 +45,10 @@ void wait(const Words& words) {
     }
 }
 
-struct Command {
-    const char* name;
-    void (*run)(const Words&);
-};
-
-constexpr Command commands[] = {{"verbosity", verbosity}, {"integer", integer}, {"wait", wait}};
+constexpr Command<const Words&> commands[] = {{"verbosity", verbosity}, {"integer", integer}, {"wait", wait}};
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    const Words words(argv + 1, argv + argc);
-    for (const Command& command : commands) {
-        if (!words.empty() && words[0] == command.name) {
-            command.run(Words(words.begin() + 1, words.end()));
-            return 0;
-        }
-    }
-    std::cerr << "waiting_tool: no such call\n";
-    return 2;
+    return runCommand(commands, argc > 1 ? argv[1] : "", Words(argv + std::min(argc, 2), argv + argc));
 }

@@ -1,5 +1,5 @@
-// What a reader answers while the process can open no file: without_files_tool NAME... prints 1 for each name that passes the
-// file check, and 0 for the others.
+// Checks files while the process cannot open any: without_files_tool NAME... prints 1 for each name that passes the reader's
+// file check, 0 for the others.
 #include <kelplib/Kelp.h>
 #include <sys/resource.h>
 
@@ -7,7 +7,7 @@
 
 namespace {
 
-/// No descriptor is left for a file while it lives.
+/// Keeps the process from opening files during its lifetime.
 class NoFiles {
 public:
     NoFiles() {
@@ -33,7 +33,7 @@ bool passes(char* program, char* name) {
     return reader.checkFiles(file, 0);
 }
 
-/// The program's own file is there.
+/// Whether the file of this program, which exists, can be opened.
 bool canBeOpened(const char* program) {
     const NoFiles scope;
     return std::fopen(program, "r") != nullptr;

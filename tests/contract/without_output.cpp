@@ -1,4 +1,4 @@
-// Runs a program that has no standard output: without_output PROGRAM [WORDS]. Ends with the program's exit status.
+// Runs a program without a standard output and returns its exit status: without_output PROGRAM [ARGUMENTS]
 #include <windows.h>
 
 #include <string>

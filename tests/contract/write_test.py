@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Each redraw and each message leaves the process with one write: write_test.py WRITE_TOOL
 
-Otherwise a terminal could show half of it, and another program's output could come in between. The pipe keeps the writes apart:
-in its packet mode a read returns what one write has written.
+Otherwise a terminal could show half of it, and the output of another program could come in between. The pipe is in packet
+mode, in which each read returns the bytes of one write.
 """
 
 import os
@@ -15,8 +15,8 @@ from progress_screens import CLOSED_EYES, HALF, OPEN_EYES
 
 TOOL = sys.argv.pop(1)
 
-# How the C library buffers, and what the tool prints first. glibc hands the very first text of a stream that it buffers by the
-# line on line by line; so there something has been printed before.
+# How the C library buffers, and what the tool prints first. glibc writes the very first text of a line-buffered stream line
+# by line, so there the tool prints something before.
 BUFFERINGS = (("full", b""), ("line", b"ready\n"), ("none", b""))
 
 BAR = [
@@ -38,10 +38,10 @@ CHEER_BLINK = CHEER.replace(b"^ ^", b"_ _")
 UP = b"\x1b[6A\r"
 
 
-def writes(what, buffering, before, standard_output):
-    """What each write of the tool has written."""
+def writes(command, buffering, before, standard_output):
+    """Runs the tool. Returns the bytes of each of its writes."""
     reading, writing = os.pipe2(os.O_DIRECT)
-    with subprocess.Popen([TOOL, what, buffering, str(writing), before], stdin=subprocess.DEVNULL, stdout=standard_output,
+    with subprocess.Popen([TOOL, command, buffering, str(writing), before], stdin=subprocess.DEVNULL, stdout=standard_output,
                           pass_fds=[writing]) as tool:
         os.close(writing)
         packets = list(iter(lambda: os.read(reading, 65536), b""))
@@ -54,28 +54,28 @@ def writes(what, buffering, before, standard_output):
 class Case(unittest.TestCase):
     maxDiff = None
 
-    def check(self, what, expected, standard_output):
+    def check(self, command, expected, standard_output):
         for buffering, before in BUFFERINGS:
-            with self.subTest(f"{what}, {buffering}"):
-                self.assertEqual(writes(what, buffering, before, standard_output), [before] * bool(before) + expected)
+            with self.subTest(f"{command}, {buffering}"):
+                self.assertEqual(writes(command, buffering, before, standard_output), [before] * bool(before) + expected)
 
 
 class WithoutConsole(Case):
     def test_one_write_each(self):
-        for what, expected in (("bar", BAR), ("wide-bar", WIDE_BAR), ("face", [CLOSED_EYES, OPEN_EYES, HALF]),
+        for command, expected in (("bar", BAR), ("wide-bar", WIDE_BAR), ("face", [CLOSED_EYES, OPEN_EYES, HALF]),
                                ("finished-face", [CHEER, CHEER_BLINK, CHEER]), ("negative", NEGATIVE)):
-            self.check(what, expected, subprocess.DEVNULL)
+            self.check(command, expected, subprocess.DEVNULL)
 
 
 class Console(Case):
-    """There the cursor's moves stand between the frames, each a write of its own."""
+    """Between the frames the cursor moves; each move is a separate write."""
 
     def test_one_write_each(self):
         console, other_end = pty.openpty()
-        for what, expected in (("bar", BAR), ("wide-bar", WIDE_BAR),
+        for command, expected in (("bar", BAR), ("wide-bar", WIDE_BAR),
                                ("face", [CLOSED_EYES, UP, OPEN_EYES, UP, HALF, UP]),
                                ("finished-face", [CHEER, UP, CHEER_BLINK, UP, CHEER]), ("negative", NEGATIVE)):
-            self.check(what, expected, other_end)
+            self.check(command, expected, other_end)
         os.close(other_end)
         os.close(console)
 

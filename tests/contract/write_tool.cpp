@@ -1,12 +1,15 @@
-// What the shared library hands to the system, write by write: write_tool WHAT BUFFERING DESCRIPTOR BEFORE. The stream stdout
-// leads to that descriptor, while descriptor 1 tells the library whether it is on a console: so what it writes to one can be
-// read from a pipe that keeps the writes apart. BEFORE is printed first. No real time is shown, as in progress_tool.
+// The writes with which the library hands its output to the system: write_tool COMMAND BUFFERING DESCRIPTOR BEFORE. The
+// library decides by descriptor 1 whether it draws on a console, but the stream stdout writes to DESCRIPTOR. So a pipe that
+// keeps writes apart can receive what is meant for a console. BEFORE is printed first. As in progress_tool, the duration of
+// a test does not show.
 #include <kelplib/KelpProgress.h>
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <initializer_list>
+
+#include "commands.h"
 
 namespace {
 
@@ -18,7 +21,7 @@ void bar() {
     }
 }
 
-/// As many characters as one call writes at most.
+/// The longest line that one call writes.
 void wideBar() {
     KELP_progress(50.0, 100.0, 5000, "Reading", 0.0);
 }
@@ -43,12 +46,7 @@ void negative() {
     KELP_progress(-1.0, 100.0, 20, "Reading", 0.0);
 }
 
-struct Command {
-    const char* name;
-    void (*run)();
-};
-
-constexpr Command commands[] = {
+constexpr Command<> commands[] = {
     {"bar", bar}, {"wide-bar", wideBar}, {"face", face}, {"finished-face", finishedFace}, {"negative", negative}};
 
 struct Buffering {
@@ -71,14 +69,10 @@ bool redirect(const char* name, const char* descriptor) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    for (const Command& command : commands) {
-        if (argc == 5 && std::strcmp(argv[1], command.name) == 0 && redirect(argv[2], argv[3])) {
-            std::fputs(argv[4], stdout);
-            std::fflush(stdout);
-            command.run();
-            return 0;
-        }
+    if (argc != 5 || !redirect(argv[2], argv[3])) {
+        return 2;
     }
-    static_cast<void>(std::fputs("write_tool: no such call, buffering or descriptor\n", stderr));
-    return 2;
+    std::fputs(argv[4], stdout);
+    std::fflush(stdout);
+    return runCommand(commands, argv[1]);
 }

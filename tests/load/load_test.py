@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Long command lines, large values, many threads, many tools: load_test.py LOAD_TOOL DIVISOR
 
-DIVISOR makes everything smaller, for builds that are slow and use memory of their own; memory is measured with 1 only, and
-where the system tells it."""
+Every number is divided by DIVISOR, for builds that are slow and need memory themselves. Memory is measured only with a
+DIVISOR of 1 and not on Windows."""
 
 import collections
 import os
@@ -18,16 +18,16 @@ LIMIT_SECONDS = 240
 MEBIBYTE = 1024 * 1024
 
 
-def load(what, number):
-    """What the tool prints, and the most memory that it had, in bytes."""
-    process = subprocess.Popen(programs.command(TOOL, what, str(number)), stdin=subprocess.DEVNULL,
+def load(command, number):
+    """Runs the tool. Returns its output and its peak memory in bytes."""
+    process = subprocess.Popen(programs.command(TOOL, command, str(number)), stdin=subprocess.DEVNULL,
                                stdout=subprocess.PIPE)
     with process.stdout:
         output = process.stdout.read()
     _, status, usage = os.wait4(process.pid, 0)
     process.returncode = os.waitstatus_to_exitcode(status)
     if process.returncode != 0:
-        raise AssertionError(f"{what} {number}: exit status {process.returncode}")
+        raise AssertionError(f"{command} {number}: exit status {process.returncode}")
     return programs.plain_line_ends(output), usage.ru_maxrss * 1024
 
 
@@ -37,11 +37,11 @@ class Load(unittest.TestCase):
             print(f"{what}: {memory / MEBIBYTE:.1f} MiB", file=sys.stderr)
             self.assertLess(memory, most)
 
-    def check_flat(self, what, number):
-        """A thousandth of the number takes about as much memory. Returns what the whole number prints."""
-        _, before = load(what, max(number // 1000, 1))
-        output, memory = load(what, number)
-        self.check_memory(what, max(memory - before, 0), 2 * MEBIBYTE)
+    def check_flat(self, command, number):
+        """Checks that a thousandth of the number needs about as much memory. Returns the output for the whole number."""
+        _, before = load(command, max(number // 1000, 1))
+        output, memory = load(command, number)
+        self.check_memory(command, max(memory - before, 0), 2 * MEBIBYTE)
         return output
 
     def test_long_command_line(self):
@@ -61,7 +61,7 @@ class Load(unittest.TestCase):
     def test_many_threads(self):
         calls = 100_000 // DIVISOR
         lines = collections.Counter(self.check_flat("threads", calls).split(b"\r"))
-        self.assertEqual(lines.pop(b""), 1, "what follows the last line")
+        self.assertEqual(lines.pop(b""), 1, "text after the last line")
         self.assertEqual(len(lines), 16)
         for thread in range(16):
             percentage = (b"  " if thread < 2 else b" ") + b"%.1f%% " % (6.25 * thread)

@@ -1,4 +1,4 @@
-// The shared library under more than tools ever ask of it: load_tool WHAT NUMBER. What came out is told on standard output.
+// The shared library under more load than any tool puts on it: load_tool COMMAND NUMBER. Prints the results.
 #include <kelplib/CommandLineTool.h>
 #include <kelplib/KelpProgress.h>
 
@@ -10,13 +10,14 @@
 #include <vector>
 
 #include "arguments.h"
+#include "commands.h"
 
 namespace {
 
 using Strings = std::vector<std::string>;
 
-void tell(const char* what, std::size_t number) {
-    std::printf("%s %zu\n", what, number);
+void printNumber(const char* name, std::size_t number) {
+    std::printf("%s %zu\n", name, number);
 }
 
 std::vector<Kelp::Option>& options() {
@@ -24,7 +25,7 @@ std::vector<Kelp::Option>& options() {
     return all;
 }
 
-/// A command line of that many tokens behind the program path: inputs, arguments and outputs in turn.
+/// Reads a command line of `count` tokens after the program path: inputs, outputs and arguments in turn.
 void tokens(std::size_t count) {
     Strings texts{"tool"};
     for (std::size_t i = 0; i < count; ++i) {
@@ -33,18 +34,18 @@ void tokens(std::size_t count) {
     Arguments line(std::move(texts));
     CommandLineTool tool(line.argc(), line.argv(), "Takes much.", options());
     Strings arguments;
-    tell("arguments", static_cast<std::size_t>(tool.getArguments(arguments, 0)));
+    printNumber("arguments", static_cast<std::size_t>(tool.getArguments(arguments, 0)));
     std::vector<FilePath> files;
-    tell("outputs", static_cast<std::size_t>(tool.getOutFiles(files, 0)));
+    printNumber("outputs", static_cast<std::size_t>(tool.getOutFiles(files, 0)));
     Kelp::OptionReader reader(line.argc(), line.argv());
     std::size_t inputs = 0;
     int next = 1;
     for (unsigned int value = 0; (next = reader.getValue("-i", "", value, next)) != 0; ++inputs) {
     }
-    tell("inputs", inputs);
+    printNumber("inputs", inputs);
     Strings values;
-    tell("scanned", static_cast<std::size_t>(Kelp::getMultiStringFlag(line.argc(), line.argv(), "-o", values)));
-    tell("scanned arguments", Kelp::getAllArguments(line.argc(), line.argv()).size());
+    printNumber("scanned", static_cast<std::size_t>(Kelp::getMultiStringFlag(line.argc(), line.argv(), "-o", values)));
+    printNumber("scanned arguments", Kelp::getAllArguments(line.argc(), line.argv()).size());
 }
 
 template <class T>
@@ -54,7 +55,7 @@ T read(Kelp::OptionReader& reader) {
     return value;
 }
 
-/// A flag's value of that many characters, as a text, as one number, and cut into pieces of 100 characters.
+/// Reads a value of `size` characters as text, as one number and as lists with 100 characters per item.
 void value(std::size_t size) {
     std::string text(size, '1');
     for (std::size_t i = 99; i < size; i += 100) {
@@ -62,11 +63,11 @@ void value(std::size_t size) {
     }
     Arguments line{"tool", "-n=" + text};
     Kelp::OptionReader reader(line.argc(), line.argv());
-    tell("text", read<std::string>(reader).size());
-    tell("numbers", read<std::vector<int>>(reader).size());
-    tell("different numbers", read<std::set<double>>(reader).size());
-    tell("pieces", Kelp::split(text, ':').size());
-    tell("limit", read<unsigned int>(reader));
+    printNumber("text", read<std::string>(reader).size());
+    printNumber("numbers", read<std::vector<int>>(reader).size());
+    printNumber("different numbers", read<std::set<double>>(reader).size());
+    printNumber("pieces", Kelp::split(text, ':').size());
+    printNumber("limit", read<unsigned int>(reader));
 }
 
 void report(CommandLineTool& tool, std::size_t thread, std::size_t calls) {
@@ -76,7 +77,7 @@ void report(CommandLineTool& tool, std::size_t thread, std::size_t calls) {
     }
 }
 
-/// That many reports from each of 16 threads, through one tool.
+/// Reports progress `calls` times from each of 16 threads, through one tool.
 void threads(std::size_t calls) {
     Arguments line{"tool"};
     CommandLineTool tool(line.argc(), line.argv(), "Reports.");
@@ -93,7 +94,7 @@ void threads(std::size_t calls) {
     }
 }
 
-/// That many tools, one after the other, each asked a little.
+/// Creates `count` tools, one after the other, and queries each.
 void tools(std::size_t count) {
     std::size_t found = 0;
     for (std::size_t i = 0; i < count; ++i) {
@@ -103,25 +104,15 @@ void tools(std::size_t count) {
         Strings arguments;
         found += tool.getOutFile(file) && tool.getArguments(arguments, 0) == 1 ? 1U : 0U;
     }
-    tell("tools", found);
+    printNumber("tools", found);
 }
 
-struct Command {
-    const char* name;
-    void (*run)(std::size_t number);
-};
-
-constexpr Command commands[] = {{"tokens", tokens}, {"value", value}, {"threads", threads}, {"tools", tools}};
+constexpr Command<std::size_t> commands[] = {
+    {"tokens", tokens}, {"value", value}, {"threads", threads}, {"tools", tools}};
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    for (const Command& command : commands) {
-        if (argc == 3 && std::string(argv[1]) == command.name) {
-            command.run(static_cast<std::size_t>(std::strtoull(argv[2], nullptr, 10)));
-            return 0;
-        }
-    }
-    static_cast<void>(std::fputs("load_tool: no such call\n", stderr));
-    return 2;
+    return runCommand(commands, argc == 3 ? argv[1] : "",
+                      static_cast<std::size_t>(std::strtoull(argc == 3 ? argv[2] : "", nullptr, 10)));
 }

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""The tools still print what the pictures of the documentation show: pictures_test.py PICTURES TOOLS
+"""Checks that the tools still print what the pictures in the documentation show: pictures_test.py PICTURES TOOLS
 
-PICTURES is the folder of the recordings, TOOLS that of the built tools. scripts/pictures renews the pictures.
+PICTURES is the folder of the recordings, TOOLS the folder of the built tools. scripts/pictures renews the pictures.
 """
 
 import contextlib
@@ -23,18 +23,18 @@ TOOLS = pathlib.Path(sys.argv.pop()).resolve()
 PICTURES = pathlib.Path(sys.argv.pop()).resolve()
 NAMES = ("bar", "face", "help")
 
-# Files for the tools. Their contents change no frame; a size that neither 30 nor 37 divides, the widths of the bars, leaves
-# each bar its full width.
+# Files for the tools. Their contents do not change any frame. The bars are 30 and 37 characters wide; a size that is not a
+# multiple of either gives each bar its full width.
 FILES = {"archive.tar": 1_000_001, "archive.base64": 200_000_001}
 
-# Fast machines would be done before a frame is due. So each run is held up now and then, which moves its clock.
+# A fast machine would finish before a frame is due. So each run is stopped repeatedly while its clock continues.
 HOLDS, RUN_SECONDS, HOLD_SECONDS = 60, 0.01, 0.05
 
 BIGGEST_PICTURE = 150_000
 
 
 def hold_up(process):
-    """Stops the process and its children again and again for a moment."""
+    """Stops the process and its children repeatedly, for a moment each time."""
     for _ in range(HOLDS):
         time.sleep(RUN_SECONDS)
         if process.poll() is not None:
@@ -46,7 +46,7 @@ def hold_up(process):
 
 
 def run_again(recording):
-    """What the recorded command writes to a terminal of the same size."""
+    """Runs the recorded command in a terminal of the same size. Returns its output."""
     settings = {name: value for name, value in os.environ.items() if name != "MSYSTEM"}
     settings["PATH"] = f"{TOOLS}{os.pathsep}{settings['PATH']}"
     with tempfile.TemporaryDirectory() as folder:
@@ -71,7 +71,7 @@ def screens_of(recording, output=None):
 class Pictures(unittest.TestCase):
     maxDiff = None
 
-    def test_recordings_hold_nothing_of_a_machine(self):
+    def test_recordings_show_nothing_of_the_machine(self):
         for name in NAMES:
             with self.subTest(name):
                 self.assertEqual(sorted(recorded(name).header), ["height", "title", "version", "width"])
@@ -95,7 +95,7 @@ class Pictures(unittest.TestCase):
         recording = recorded("help")
         self.assertEqual(recording.output, run_again(recording))
 
-    def test_progress_is_drawn_alike(self):
+    def test_progress_is_drawn_the_same_way(self):
         for name in ("bar", "face"):
             with self.subTest(name):
                 recording = recorded(name)
@@ -118,7 +118,7 @@ class Recordings(unittest.TestCase):
 
 
 class Comparison(unittest.TestCase):
-    """It notices what a tool says otherwise, and nothing else."""
+    """The comparison notices changed texts and nothing else."""
 
     def check(self, changes, noticed):
         for name, old, new in changes:

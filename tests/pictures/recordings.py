@@ -1,6 +1,6 @@
-"""Recorded runs of tools in a terminal (asciicasts), and what of them every other run repeats.
+"""Reads recorded runs of tools in a terminal (asciicasts) and compares them with other runs.
 
-When a run draws its progress, and how long it takes, differs from run to run. What it draws at which percentage does not.
+Runs of one command differ in their duration and in when they draw. They do not differ in what they draw at a percentage.
 """
 
 import itertools
@@ -9,10 +9,10 @@ import re
 
 import pyte
 
-# Where a tool goes back to draw over what stands there.
+# The escape sequences with which a tool moves back to draw over its last frame.
 REDRAWS = re.compile(r"(\x1b\[6A\r|\r(?!\n))")
 
-# Percentage and bar. A face that cheers writes over the percentage before it, which may have had other digits.
+# Percentage and bar. The finished face writes over the percentage before it, which may have other digits.
 PROGRESS = re.compile(r" *(\d+\.\d)%%? ?(#* *)\|")
 TIME = re.compile(r"\d+(?:\.\d)? (?:secs|mins|hours)\b")
 SIZE = re.compile(r"bytes: \d+")
@@ -22,19 +22,19 @@ EYES = re.compile(r"^   /  (\S) \1  \\$", re.M)
 
 
 class Recording:
-    """One asciicast: its size, the command in its title, and all that was written to the terminal."""
+    """One asciicast: its size, the command in its title, and the output."""
 
     def __init__(self, path):
         header, *events = path.read_text(encoding="utf-8").splitlines()
         self.header = json.loads(header)
         self.columns, self.rows, self.command = (self.header[name] for name in ("width", "height", "title"))
         pieces = [json.loads(event)[2] for event in events]
-        # The last one follows the run after a while, so that its end stays in sight.
+        # The last event comes a while after the run, so that the picture shows the end of the run for some time.
         self.pause, self.output = pieces[-1], "".join(pieces[:-1])
 
 
 class Screen:
-    """One look at the terminal: how far the work was, and the screen without what differs from run to run."""
+    """A screen of the terminal: the progress, and the text without the parts that differ from run to run."""
 
     def __init__(self, rows):
         text = "\n".join(row.rstrip() for row in rows)
@@ -54,7 +54,7 @@ class Screen:
 
 
 def screens(output, columns, rows):
-    """What stands on the screen before each redraw and at the end."""
+    """The screens before each redraw and at the end of the output."""
     terminal = pyte.Screen(columns, rows)
     stream = pyte.Stream(terminal)
     looks = []
@@ -70,7 +70,7 @@ def without_repeats(items):
 
 
 def _wrong_blinks(looks):
-    """A blink is the frame that follows it with its eyes closed."""
+    """Blinks that are not the next frame with closed eyes."""
     return [look.shape for look, following in itertools.pairwise(looks)
             if look.blinks() and look.without_eyes() != following.without_eyes()]
 
@@ -84,18 +84,18 @@ def _finished(looks):
 
 
 def differences(recorded, repeated):
-    """What tells the screens of two runs of one command apart: texts for people, none when the runs are alike.
+    """Describes how the screens of two runs of one command differ. Returns an empty list if they match.
 
-    The frames of both, in the order of their percentages, have to read as one run does: first the frames of the one kind,
-    then those of the next, and a bar that never becomes shorter.
+    The frames of both runs, sorted by percentage, have to look like one run: the kinds of frames come in the recorded order,
+    and the bar never becomes shorter.
     """
     running = _running(recorded)
     kinds = without_repeats(look.shape for look in running)
     place = {kind: number for number, kind in enumerate(kinds)}
     together = sorted([*running, *_running(repeated)], key=lambda look: (
         look.percentage, place.get(look.shape, len(kinds)), look.marks))
-    found = [f"a blink that is not its frame:\n{shape}" for shape in _wrong_blinks(repeated)]
-    found += [f"a frame of no recorded kind:\n{shape}"
+    found = [f"a blink that is not the next frame with closed eyes:\n{shape}" for shape in _wrong_blinks(repeated)]
+    found += [f"a frame that is not in the recording:\n{shape}"
               for shape in without_repeats(look.shape for look in together) if shape not in place]
     if not found and without_repeats(look.shape for look in together) != kinds:
         found.append("the frames change at other percentages")

@@ -1,21 +1,21 @@
-"""Running the programs under test, natively or under wine, from a test script."""
+"""Runs the programs under test, natively or under an emulator such as wine."""
 
 import functools
 import os
 import subprocess
 
-# Set by the build for programs of another system or processor: the command that runs one of them.
+# The build sets this to the command that runs programs of another system or processor.
 EMULATOR = [os.environ["KELPLIB_EMULATOR"]] if os.environ.get("KELPLIB_EMULATOR") else []
 ON_WINDOWS = [os.path.basename(word) for word in EMULATOR] == ["run-under-wine"]
 
 
 def command(program, *arguments):
-    """The whole command line of a program."""
+    """The whole command line that runs a program."""
     return [*EMULATOR, program, *arguments]
 
 
 def plain_line_ends(output):
-    """What the program itself wrote: a Windows program's standard output turns every line end into CR LF."""
+    """Undoes the CR LF that the standard output of a Windows program writes for every line end."""
     return output.replace(b"\r\n", b"\n") if ON_WINDOWS else output
 
 
@@ -29,5 +29,5 @@ def run(program, *arguments, timeout=60, **options):
 
 @functools.cache
 def windows_path(folder):
-    """A folder of this machine as wine's programs see it."""
+    """The path of a folder of this machine under wine."""
     return run("winepath", "-w", folder)[1].removesuffix(b"\n")

@@ -1,4 +1,4 @@
-"""What a program writes to a terminal, byte for byte: written_to_terminal(words, columns, rows)."""
+"""Captures what a program writes to a terminal, byte for byte."""
 
 import os
 import pty
@@ -10,11 +10,11 @@ END = b"\0the program has ended\0"
 
 
 def written_to_terminal(words, columns=80, rows=24, started=None, **options):
-    """Runs a program with a terminal as its standard output. Returns its exit status, what it wrote there, and the bytes of
-    its standard error, if the options ask for a pipe.
+    """Runs a program with a terminal as its standard output. Returns its exit status, its output, and its standard error if
+    the options make that a pipe.
 
-    `started` is called with the process once it runs; `options` are those of subprocess.Popen. With stderr=STDOUT the
-    terminal takes both.
+    Calls `started` with the process once it runs. `options` are passed to subprocess.Popen; stderr=STDOUT sends standard
+    error to the terminal too.
     """
     reader, writer = pty.openpty()
     termios.tcsetwinsize(writer, (rows, columns))
@@ -34,6 +34,6 @@ def written_to_terminal(words, columns=80, rows=24, started=None, **options):
 
 
 def _mark_end(process, writer):
-    """A terminal that nobody holds open for writing any more may drop what was not read yet, so its end is written."""
+    """Marks the end of the output. Closing the last writer instead could drop output that has not been read."""
     process.wait()
     os.write(writer, END)

@@ -1,11 +1,11 @@
-"""Real terminals for the programs under test: one tmux pane each, read back row by row.
+"""Real terminals for the programs under test: one tmux pane each, read row by row.
 
     with terminal.Terminal(program, "--help") as pane:
         status = pane.wait_for_end()
         rows = pane.settled_rows(expected)
 
-On Windows the pane holds a console of wine's. Nothing here waits a fixed time: it looks again until what it waits for
-is there, and gives up after LIMIT_SECONDS.
+On Windows the pane holds a wine console. Nothing here waits a fixed time: every wait polls for its condition and fails after
+LIMIT_SECONDS.
 """
 
 import os
@@ -23,9 +23,9 @@ LIMIT_SECONDS = 30
 SETTLE_SECONDS = 5
 LOOK_AGAIN_SECONDS = 0.02
 
-# Runs the program with standard error in a file, then tells its exit status in the terminal's title: that reaches tmux
-# behind all that the program has written, and leaves the screen as it is. Asking tmux itself would not do: it now and
-# then misses the end of a program that ends quickly.
+# Runs the program with standard error in a file, then writes its exit status to the title of the terminal. The title reaches
+# tmux after all output of the program and does not change the screen. tmux itself cannot be asked for the exit status: it
+# sometimes misses the end of a program that ends quickly.
 ENDED = "ended with "
 RUN_AND_STAY = f"""
 exec 2>"$0"
@@ -38,14 +38,14 @@ if shutil.which("tmux") is None:
     sys.exit("tmux is not installed: the tests in real terminals need it")
 
 
-OWN_COLOUR = "\x1b[39m"
+DEFAULT_COLOUR = "\x1b[39m"
 
 
 def rows_by_themselves(rows):
-    """Rows whose colours end with them. tmux 3.3 lets a colour go on into the next row, tmux 3.5 ends it."""
-    colour = OWN_COLOUR
+    """Yields the rows with every colour ended in its row, as tmux 3.5 does; tmux 3.3 continues colours in the next row."""
+    colour = DEFAULT_COLOUR
     for row in rows:
-        drawn, text = OWN_COLOUR, ""
+        drawn, text = DEFAULT_COLOUR, ""
         for part in re.findall(r"\x1b\[[0-9;]*m|.", row):
             if part.startswith("\x1b"):
                 colour = part
@@ -53,14 +53,14 @@ def rows_by_themselves(rows):
             if drawn != colour:
                 text, drawn = text + colour, colour
             text += part
-        yield text + (OWN_COLOUR if drawn != OWN_COLOUR else "")
+        yield text + (DEFAULT_COLOUR if drawn != DEFAULT_COLOUR else "")
 
 
 class Terminal:
-    """A program in a terminal of its own. Standard input and output are the terminal, standard error is kept apart."""
+    """A program whose standard input and output are a new terminal. Standard error goes to a file."""
 
     def __init__(self, program, *arguments, columns=80, rows=24):
-        # A folder of its own for the server's socket: tests at the same time, or inside somebody's tmux, do not meet.
+        # A separate server socket keeps apart tests that run at the same time or inside another tmux.
         self._folder = tempfile.TemporaryDirectory(prefix="kelplib-terminal-")
         self._errors = pathlib.Path(self._folder.name, "standard-error")
         self._environment = {name: value for name, value in os.environ.items() if name not in ("TMUX", "TMUX_PANE")}
@@ -78,19 +78,19 @@ class Terminal:
         self.close()
 
     def close(self):
-        """Ends the terminal, and the program if it still runs."""
+        """Closes the terminal; ends the program if it still runs."""
         self._tmux("kill-server")
         self._folder.cleanup()
 
     def rows(self, colours=False):
-        """The screen, one text per row without the blanks at its end; with colours as escape sequences if asked for,
-        each before the first character that has it and ended in its row."""
+        """The screen, one string per row without trailing blanks. With `colours`, an escape sequence precedes the first
+        character of each colour, and every colour ends in its row."""
         if colours:
             return list(rows_by_themselves(self._tmux("capture-pane", "-p", "-e").split("\n")[:-1]))
         return self._tmux("capture-pane", "-p").split("\n")[:-1]
 
     def cursor(self):
-        """Column and row of the cursor, from 0."""
+        """Column and row of the cursor, counted from 0."""
         column, row = self._ask("#{cursor_x} #{cursor_y}").split()
         return int(column), int(row)
 
@@ -99,27 +99,27 @@ class Terminal:
         return self._errors.read_bytes()
 
     def type(self, text):
-        """Types a text as a person would."""
+        """Types a text into the terminal."""
         self._tmux("send-keys", "-l", text)
 
     def wait_for(self, condition, what):
-        """Waits until condition() is true; `what` names it in the failure."""
+        """Waits until condition() is true. `what` names the condition in the failure message."""
         if not self._comes_true(condition, LIMIT_SECONDS):
             screen = "\n".join(self.rows())
-            raise AssertionError(f"waited {LIMIT_SECONDS} s in vain for {what}; the screen is\n{screen}")
+            raise AssertionError(f"no {what} within {LIMIT_SECONDS} s; the screen is\n{screen}")
 
     def wait_for_text(self, text):
         """Waits until a row holds the text."""
-        self.wait_for(lambda: any(text in row for row in self.rows()), f"the text {text!r}")
+        self.wait_for(lambda: any(text in row for row in self.rows()), f"text {text!r}")
 
     def wait_for_end(self):
         """Waits until the program has ended. Returns its exit status, 128 + N if signal N ended it."""
-        self.wait_for(lambda: self._ask("#{pane_title}").startswith(ENDED), "the program's end")
+        self.wait_for(lambda: self._ask("#{pane_title}").startswith(ENDED), "end of the program")
         return int(self._ask("#{pane_title}").removeprefix(ENDED))
 
     def settled_rows(self, expected, **options):
-        """The rows as soon as they are the expected ones, or as they are after a while. A console of wine's may draw
-        its program's last words a little after the program's end."""
+        """Returns the rows as soon as they are the expected ones, or after SETTLE_SECONDS. A wine console may draw the last
+        output of its program shortly after the program has ended."""
         self._comes_true(lambda: self.rows(**options) == expected, SETTLE_SECONDS)
         return self.rows(**options)
 
