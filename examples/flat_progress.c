@@ -1,9 +1,8 @@
-/* flat_progress: finds the lines of a text that hold a byte outside ASCII.
+/* flat_progress: finds the lines of a text file that contain a byte outside ASCII.
  *
- * A C program on the flat interface alone: it draws the bar through KELP_progress_global and knows nothing else of the
- * library. */
+ * A C program that uses only the flat interface: it draws the bar with KELP_progress_global. */
 
-/* fseeko and ftello, for files that a long cannot measure. */
+/* For fseeko and ftello: the size of a file may not fit a long. */
 #define _POSIX_C_SOURCE 200112L
 #define _FILE_OFFSET_BITS 64
 
@@ -17,41 +16,41 @@
 #include "common/escaped.h"
 #include "common/utf8_console.h"
 
-/* The bar, its label and the longest time after it fit into 80 columns. */
-enum { MOST_SHOWN = 10, BAR_WIDTH = 30, LABEL_WIDTH = 18 };
+/* The label, the bar and the longest time after it fit into 80 columns. */
+enum { MAX_SHOWN = 10, BAR_WIDTH = 30, LABEL_WIDTH = 18 };
 
-/* The exit status. */
-enum { NONE_FOUND = 0, SOME_FOUND = 1, TROUBLE = 2 };
+/* Exit statuses. */
+enum { NONE_FOUND = 0, SOME_FOUND = 1, FAILURE = 2 };
 
 static const char help[] =
     "usage: flat_progress FILE\n"
     "\n"
-    "Finds the lines of a text that hold a byte outside ASCII, and shows the first\n"
-    "such byte of the first ten of them as FILE:LINE:COLUMN. A file whose name is a\n"
-    "flag needs its folder, as in ./-h.\n"
+    "Finds the lines of a text file that contain a byte outside ASCII, and prints\n"
+    "the first such byte of each of the first ten lines as FILE:LINE:COLUMN. If a\n"
+    "file is called -h or --help, write ./-h or ./--help.\n"
     "\n"
     "  -h, --help  shows this help\n"
     "\n"
-    "Exit status: 0 every byte is ASCII, 1 some are not, 2 the file cannot be read\n"
-    "or the findings cannot be written.\n";
+    "Exit status: 0 if every byte is ASCII, 1 if not, 2 if the file cannot be read\n"
+    "or the results cannot be written.\n";
 
 static const double SECONDS_BETWEEN_REDRAWS = 0.05;
 
 struct finding {
     unsigned long long line;
-    unsigned long long column; /* of the line's first such byte, from 1 */
+    unsigned long long column; /* of the first such byte in the line, counted from 1 */
     unsigned char byte;
 };
 
 struct report {
-    unsigned long long lines; /* line ends so far */
-    unsigned long long found; /* lines with such a byte */
-    struct finding shown[MOST_SHOWN];
+    unsigned long long lines; /* complete lines so far */
+    unsigned long long found; /* lines with a byte outside ASCII */
+    struct finding shown[MAX_SHOWN];
     unsigned long long column;
     int line_is_found;
 };
 
-/* A name as a terminal may get it; NULL without memory. */
+/* Returns the name with control characters escaped, to be freed by the caller; NULL if memory is exhausted. */
 static char* printable(const char* name) {
     const size_t length = strlen(name);
     char* const text = malloc(4 * length + 1);
@@ -69,7 +68,7 @@ static void examine(struct report* report, const unsigned char* bytes, size_t co
             report->column = 0;
             report->line_is_found = 0;
         } else if (bytes[i] > 127 && !report->line_is_found) {
-            if (report->found < MOST_SHOWN) {
+            if (report->found < MAX_SHOWN) {
                 const struct finding finding = {report->lines + 1, report->column, bytes[i]};
                 report->shown[report->found] = finding;
             }
@@ -79,7 +78,7 @@ static void examine(struct report* report, const unsigned char* bytes, size_t co
     }
 }
 
-/* The number of bytes that are left to read; 0 when the file does not tell. */
+/* Returns the size of the file; 0 if it is unknown. */
 static double size_of(FILE* file) {
     off_t size = -1;
     if (fseeko(file, 0, SEEK_END) == 0) {
@@ -89,21 +88,21 @@ static double size_of(FILE* file) {
     return size > 0 ? (double)size : 0.0;
 }
 
-/* Sets the bar up. Returns whether it is to be shown: on a console, and where MSYSTEM tells of a terminal that looks like
- * a pipe to its programs. Elsewhere the output is for other programs to read. */
-static int set_bar_up(const char* name, double size) {
+/* Sets up the bar. Returns whether to draw it: on a console, and where MSYSTEM is set, because such a terminal looks like a
+ * pipe to its programs. Any other output is meant for other programs. */
+static int set_up_bar(const char* name, double size) {
     KELP_progress_global_init(size, BAR_WIDTH, "", 0);
     KELP_progress_global_set_text(name, LABEL_WIDTH);
-    /* The percentage follows the label directly; a blank keeps them apart. The rest of the field is zero. */
+    /* The bar puts no space between label and percentage. The rest of the text field is zero. */
     KELP_GlobalProgress.text[strlen(KELP_GlobalProgress.text)] = ' ';
     return size > 0.0 && (KELP_rewind_cursor(0) > 0 || KELP_GlobalProgress.terminal_env != NULL);
 }
 
-/* Reads the whole file and shows how far it is. Returns 0, or the system's reason for not reading on. */
+/* Reads the whole file and draws the progress. Returns 0, or the errno value of a failed read. */
 static int examine_file(FILE* file, const char* name, struct report* report) {
     static unsigned char buffer[65536];
     const double size = size_of(file);
-    const int shown = set_bar_up(name, size);
+    const int shown = set_up_bar(name, size);
     double done = 0.0;
     double drawn = 0.0;
     size_t count;
@@ -131,7 +130,7 @@ static int examine_file(FILE* file, const char* name, struct report* report) {
 }
 
 static void print(const char* name, const struct report* report) {
-    const unsigned long long shown = report->found < MOST_SHOWN ? report->found : MOST_SHOWN;
+    const unsigned long long shown = report->found < MAX_SHOWN ? report->found : MAX_SHOWN;
     for (unsigned long long i = 0; i < shown; ++i) {
         const struct finding* finding = &report->shown[i];
         printf("%s:%llu:%llu: byte 0x%02X\n", name, finding->line, finding->column, finding->byte);
@@ -145,10 +144,10 @@ static void print(const char* name, const struct report* report) {
 static int fail(const char* problem, const char* name, int reason) {
     fflush(stdout);
     fprintf(stderr, "flat_progress: %s %s: %s\n", problem, name, strerror(reason));
-    return TROUBLE;
+    return FAILURE;
 }
 
-/* path names the file, name shows it. */
+/* `path` opens the file, `name` is its printable form. */
 static int report_on(const char* path, const char* name) {
     static struct report report;
     FILE* const file = fopen(path, "rb");
@@ -175,7 +174,7 @@ int main(int argc, char** argv) {
     common_use_utf8_console();
     if (argc != 2) {
         fprintf(stderr, "usage: flat_progress FILE\n");
-        return TROUBLE;
+        return FAILURE;
     }
     if (is_help(argv[1])) {
         fputs(help, stdout);
@@ -183,14 +182,14 @@ int main(int argc, char** argv) {
         name = printable(argv[1]);
         if (name == NULL) {
             fprintf(stderr, "flat_progress: out of memory\n");
-            return TROUBLE;
+            return FAILURE;
         }
         status = report_on(argv[1], name);
         free(name);
     }
-    if (status != TROUBLE && (fflush(stdout) != 0 || ferror(stdout))) {
-        fprintf(stderr, "flat_progress: standard output cannot be written\n");
-        return TROUBLE;
+    if (status != FAILURE && (fflush(stdout) != 0 || ferror(stdout))) {
+        fprintf(stderr, "flat_progress: cannot write standard output\n");
+        return FAILURE;
     }
     return status;
 }

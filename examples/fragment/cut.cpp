@@ -15,7 +15,7 @@ namespace fragment {
 
 namespace {
 
-/// The sizes of the fragments: the first `longer` ones have `bytes`, those after them `restBytes`.
+/// The sizes of the fragments: each of the first `longer` fragments has `bytes` bytes, each of the others `restBytes`.
 struct Plan {
     unsigned long long count;
     unsigned long long longer;
@@ -35,33 +35,32 @@ Plan planNumber(const Source& source, const Request& request) {
 
 Plan planSize(const Source& source, unsigned long long pieceBytes) {
     const unsigned long long full = (source.bytes() - 1) / pieceBytes;
-    if (full + 1 > mostFragments) {
+    if (full + 1 > maxFragments) {
         throw std::runtime_error("-s=" + std::to_string(pieceBytes) + ": makes " + std::to_string(full + 1) +
-                                 " fragments, more than " + std::to_string(mostFragments));
+                                 " fragments, more than " + std::to_string(maxFragments));
     }
     return {full + 1, full, pieceBytes, source.bytes() - full * pieceBytes};
 }
 
-/// The names of the fragments begin so.
+/// Returns the beginning of all fragment names.
 std::string baseName(const Request& request) {
     if (request.output.empty()) {
         return request.files.front() + ".part_";
     }
     const char last = request.output.back();
     if (last >= '0' && last <= '9') {
-        throw std::runtime_error(request.output +
-                                 ": ends in a digit, which a join would take for a part of the number");
+        throw std::runtime_error(request.output + ": ends in a digit, which a join would read as part of the number");
     }
     return request.output;
 }
 
-/// createFragmentName writes width + 1 digits: as many as the last index has.
+/// Returns the width for createFragmentName, which writes width + 1 digits: as many as the last index has.
 unsigned int widthFor(unsigned long long count) {
     return static_cast<unsigned int>(std::to_string(count - 1).size() - 1);
 }
 
-/// Refuses to leave fragments of an earlier cut beside the new ones: a longer one's, into which a join that follows the
-/// numbers would go on, and those with another number of digits, whose note is overwritten.
+/// Throws if fragments of an earlier cut would remain beside the new ones. Fragments of a longer cut would be joined with the
+/// new ones, and fragments with another number of digits would lose their note, which the new cut overwrites.
 void requireNoOtherCut(const std::string& base, unsigned long long count) {
     std::string other = Kelp::createFragmentName(count, base, widthFor(count));
     const std::optional<Note> before = readNote(noteName(base));
@@ -73,11 +72,12 @@ void requireNoOtherCut(const std::string& base, unsigned long long count) {
     if (common::exists(other)) {
         throw std::runtime_error(
             other +
-            " belongs to another cut; remove it and the fragments that follow it, -f replaces only those of the new cut");
+            " belongs to another cut; remove it and the fragments after it (-f replaces only fragments of the new cut)");
     }
 }
 
-/// The note comes first: all cuts with this base have it in common, and so exclude each other.
+/// Returns the names of all files that the cut writes. The note comes first: NewFiles excludes two runs with the same first
+/// name, and all cuts with this base share the note.
 std::vector<std::string> namesOf(const std::string& base, unsigned long long count) {
     std::vector<std::string> names{noteName(base)};
     for (unsigned long long i = 0; i < count; ++i) {

@@ -7,7 +7,7 @@
 
 namespace fragment {
 
-/// Cuts one file into numbered fragments with a note of them, and prints a line that says so.
+/// Cuts one file into numbered fragments, writes a note that counts them, and prints a summary.
 void cut(const Request& request, CommandLineTool& tool);
 
 }  // namespace fragment

@@ -13,14 +13,14 @@ namespace fragment {
 
 namespace {
 
-/// Whether a fragment with a higher number than the missing one exists. A name that ends in such a number is only a
-/// hint: whether base and number name a file is left to the system, which may ignore letter case.
+/// Whether a fragment with a higher number than the missing one exists. Takes the numbers from the names in the folder, but
+/// lets the system decide whether base and number name a file, because it may ignore letter case.
 bool isGap(const std::string& base, const std::string& missing) {
     const std::filesystem::path folder = common::pathOf(base + missing).parent_path();
     std::error_code reason;
     const std::filesystem::directory_iterator entries(folder.empty() ? "." : folder, reason);
     if (reason) {
-        common::fail("cannot look beside " + base + missing, reason);
+        common::fail("cannot list the folder of " + base + missing, reason);
     }
     return std::any_of(begin(entries), end(entries), [&](const std::filesystem::directory_entry& entry) {
         const std::string digits = trailingDigits(entry.path().filename().native());
@@ -40,12 +40,13 @@ bool isSamePath(const std::string& one, const std::string& other) {
            !oneReason && !otherReason;
 }
 
-/// Where a cut was interrupted or is at work, old fragments and new ones may lie beside each other.
+/// Throws if a cut that writes this file is in progress or was interrupted: old and new fragments may be mixed.
 void requireNoLeftover(const std::string& name) {
     const std::string left = common::leftover(name);
     if (!left.empty()) {
         throw std::runtime_error(
-            left + " belongs to a run that is at work or was interrupted; the fragments may be of different cuts");
+            left +
+            " belongs to a run that is in progress or was interrupted; the fragments may come from different cuts");
     }
 }
 
@@ -53,16 +54,16 @@ std::string fragmentsText(unsigned long long count) {
     return std::to_string(count) + (count == 1 ? " fragment" : " fragments");
 }
 
-/// Refuses all but the fragments that the note counts, each once and in order.
-/// \param first    one of the fragments; the others have its base and as many digits
-/// \param indices  of all fragments
-void requireWhole(const Numbered& first, const std::vector<unsigned long long>& indices, const Note& note) {
+/// Throws unless the fragments are exactly those that the note counts, each once and in order.
+/// \param first    the first named fragment; the others have the same base and number of digits
+/// \param indices  the indices of all named fragments
+void requireComplete(const Numbered& first, const std::vector<unsigned long long>& indices, const Note& note) {
     const std::string counted = "; " + noteName(first.base) + " counts " + fragmentsText(note.fragments);
     std::vector<unsigned long long> sorted = indices;
     std::sort(sorted.begin(), sorted.end());
     const bool isOfOtherWidth = std::to_string(note.fragments - 1).size() != first.digits;
     if (isOfOtherWidth || sorted.back() >= note.fragments) {
-        throw std::runtime_error(first.name(isOfOtherWidth ? first.index : sorted.back()) + " is of another cut" +
+        throw std::runtime_error(first.name(isOfOtherWidth ? first.index : sorted.back()) + " belongs to another cut" +
                                  counted);
     }
     const auto twice = std::adjacent_find(sorted.begin(), sorted.end());
@@ -83,12 +84,12 @@ void requireWhole(const Numbered& first, const std::vector<unsigned long long>& 
     }
 }
 
-/// Compares the fragments with the note of their cut, if all belong to one that has a note.
-void heedNote(FragmentSet& set) {
+/// Compares the fragments with the note of their cut, if they all belong to one cut and its note exists.
+void checkNote(FragmentSet& set) {
     if (set.names.empty()) {
         return;
     }
-    const Numbered first = takeApart(set.names.front());
+    const Numbered first = splitName(set.names.front());
     const std::string noteFile = noteName(first.base);
     const std::optional<Note> note = readNote(noteFile);
     if (first.digits == 0 || !note) {
@@ -96,20 +97,20 @@ void heedNote(FragmentSet& set) {
     }
     std::vector<unsigned long long> indices;
     for (const std::string& name : set.names) {
-        const Numbered fragment = takeApart(name);
+        const Numbered fragment = splitName(name);
         if (fragment.base != first.base || fragment.digits != first.digits) {
             return;
         }
         indices.push_back(fragment.index);
     }
-    requireWhole(first, indices, *note);
+    requireComplete(first, indices, *note);
     set.notes = {noteFile};
     set.bytes = note->bytes;
 }
 
-/// The fragment and all that follow it without a gap, with the same number of digits.
+/// Returns the fragment and all that follow it without a gap and with the same number of digits.
 FragmentSet followNumbers(const std::string& name, const std::string& output) {
-    const Numbered first = takeApart(name);
+    const Numbered first = splitName(name);
     if (first.digits == 0) {
         throw std::runtime_error(name + " does not end in a number; name all the fragments");
     }
@@ -127,12 +128,12 @@ FragmentSet followNumbers(const std::string& name, const std::string& output) {
     if (next.size() == name.size() && isGap(first.base, next.substr(first.base.size()))) {
         throw std::runtime_error(next + " is missing");
     }
-    heedNote(set);
+    checkNote(set);
     return set;
 }
 
-/// A pattern of the shell matches the notes of the fragments too.
-FragmentSet setApart(const std::vector<std::string>& names) {
+/// Separates fragments and notes: a shell pattern such as piece* matches both.
+FragmentSet separateNotes(const std::vector<std::string>& names) {
     FragmentSet set;
     unsigned long long noted = 0;
     for (const std::string& name : names) {
@@ -145,7 +146,7 @@ FragmentSet setApart(const std::vector<std::string>& names) {
         }
     }
     const std::vector<std::string> notes = set.notes;
-    heedNote(set);
+    checkNote(set);
     if (!notes.empty() && noted != set.names.size()) {
         throw std::runtime_error((notes.size() == 1 ? notes.front() + " counts " : "the notes count ") +
                                  fragmentsText(noted) + ", but " + std::to_string(set.names.size()) +
@@ -153,6 +154,7 @@ FragmentSet setApart(const std::vector<std::string>& names) {
     }
     return set;
 }
+
 }  // namespace
 
 bool FragmentSet::operator==(const FragmentSet& other) const {
@@ -160,7 +162,8 @@ bool FragmentSet::operator==(const FragmentSet& other) const {
 }
 
 FragmentSet findFragments(const Request& request) {
-    return request.files.size() == 1 ? followNumbers(request.files.front(), request.output) : setApart(request.files);
+    return request.files.size() == 1 ? followNumbers(request.files.front(), request.output)
+                                     : separateNotes(request.files);
 }
 
 void requireNoLeftover(const FragmentSet& set) {

@@ -8,22 +8,20 @@
 
 namespace fragment {
 
-/// What a command line asks to join.
+/// The files to join.
 struct FragmentSet {
     std::vector<std::string> names;
-    std::vector<std::string>
-        notes;  ///< files that a run which writes these fragments writes too, whether they exist or not
-    unsigned long long bytes = 0;  ///< of all fragments together, according to the notes; 0: unknown
+    std::vector<std::string> notes;  ///< files that a cut into these fragments writes first; they may not exist
+    unsigned long long bytes = 0;    ///< of all fragments together, according to the notes; 0 if unknown
 
     bool operator==(const FragmentSet& other) const;
 };
 
-/// The named files; of one alone, the fragment and all that follow it. Notes of cuts among them are not joined.
-/// Fragments of one set that has its note have to be the whole set, in order.
-/// \throws std::runtime_error  when fragments are missing, named twice or out of order, as far as names and notes show it
+/// Returns the named files without notes; for a single file, the fragment and all that follow it.
+/// \throws std::runtime_error  if names or notes show that fragments are missing, named twice or out of order
 FragmentSet findFragments(const Request& request);
 
-/// Refuses fragments that another run is replacing or has left unfinished.
+/// Throws if another run is replacing one of the files or has left it unfinished.
 void requireNoLeftover(const FragmentSet& set);
 
 }  // namespace fragment

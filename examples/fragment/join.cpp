@@ -25,7 +25,7 @@ Identities identitiesOf(const std::vector<std::string>& names) {
     return identities;
 }
 
-/// The bytes of all fragments. Refuses what cannot be read, before anything is written.
+/// Returns the size of all fragments together. Throws if one cannot be read or the note has another size.
 std::uintmax_t bytesOf(const FragmentSet& set) {
     std::uintmax_t bytes = 0;
     for (const std::string& name : set.names) {
@@ -38,9 +38,9 @@ std::uintmax_t bytesOf(const FragmentSet& set) {
     return bytes;
 }
 
-/// Refuses what a cut has replaced meanwhile. A cut begins to replace with the last fragment, so a mixture of old and new
-/// ones shows: a name means another file than before, or the cut's unfinished files are still there.
-void requireSame(const Request& request, const FragmentSet& set, const Identities& before) {
+/// Throws if a cut has replaced fragments since they were found. A cut replaces the last fragment first. So if old and new
+/// fragments are mixed, a name refers to another file than before or the cut's unfinished files still exist.
+void requireUnchanged(const Request& request, const FragmentSet& set, const Identities& before) {
     requireNoLeftover(set);
     if (!(findFragments(request) == set) || identitiesOf(set.names) != before) {
         throw std::runtime_error("the fragments were replaced while they were read");
@@ -67,7 +67,7 @@ void join(const Request& request, CommandLineTool& tool) {
         source.close();
         bytes += source.bytes();
     }
-    requireSame(request, set, identities);
+    requireUnchanged(request, set, identities);
     joined.publish();
     progress.finish();
     std::cout << "fragments: " << set.names.size() << ", bytes: " << bytes

@@ -7,8 +7,7 @@
 
 namespace fragment {
 
-/// Joins fragments into one file and prints a line that says so. One fragment alone stands for itself and all that
-/// follow it.
+/// Joins fragments into one file and prints a summary. A single fragment is joined with all that follow it.
 void join(const Request& request, CommandLineTool& tool);
 
 }  // namespace fragment

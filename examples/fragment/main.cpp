@@ -20,7 +20,7 @@ int work(int argc, char** argv) {
         {"FILE", "the file to cut", false},
         {"FRAGMENT", "a fragment to join; one alone stands for itself and all that follow it", true},
     };
-    // Help, unknown flags and a missing file end the program in here.
+    // The constructor ends the program after a help screen, an unknown flag or a missing file.
     CommandLineTool tool(argc, argv, "Cuts a file into numbered fragments and joins them again.",
                          "(-n=PIECES | -s=BYTES) [-o=BASE] [-f] [-v] FILE  or  -j -o=FILE [-f] [-v] FRAGMENT...",
                          "-n=4 film.mp4  (and back: -j -o=film.mp4 film.mp4.part_0)",
@@ -35,7 +35,7 @@ int work(int argc, char** argv) {
         fragment::cut(request, tool);
     }
     if (!std::cout.flush()) {
-        throw std::runtime_error("all files are written, but standard output cannot be");
+        throw std::runtime_error("all files are written, but the summary cannot be printed");
     }
     return EXIT_SUCCESS;
 }

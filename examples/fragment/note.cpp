@@ -12,7 +12,7 @@ namespace {
 
 constexpr char nameEnd[] = ".count";
 
-/// No note is as long.
+/// Longer than any note.
 constexpr std::size_t bufferBytes = 100;
 
 bool isNoteName(const std::string& name) {

@@ -6,19 +6,19 @@
 
 namespace fragment {
 
-/// What a cut writes beside its fragments, so that a join notices when the last ones are missing.
+/// The note that a cut writes beside its fragments, so that a join notices missing fragments at the end.
 struct Note {
     unsigned long long fragments = 0;
     unsigned long long bytes = 0;  ///< of all fragments together
 };
 
-/// The name of the note of all fragments whose names begin with this.
+/// Returns the name of the note for fragments whose names begin with `base`.
 std::string noteName(const std::string& base);
 
-/// The text of the file that holds the note.
+/// Returns the content of the note's file.
 std::string textOf(const Note& note);
 
-/// The note in a file of such a name; none when the file holds anything else or cannot be read.
+/// Returns the note in the file; none if the file does not have the name of a note, cannot be read or contains anything else.
 std::optional<Note> readNote(const std::string& name);
 
 }  // namespace fragment

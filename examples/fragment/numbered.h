@@ -7,34 +7,34 @@
 
 namespace fragment {
 
-/// Kelp::createFragmentName counts digits in double precision, which is exact up to here. Digits before them belong to
-/// the name.
-constexpr std::size_t mostDigits = 14;
+/// Kelp::createFragmentName counts digits in double precision, which is exact up to this many. More digits belong to the
+/// base.
+constexpr std::size_t maxDigits = 14;
 
-/// The digits at the end of a name.
-/// \param name  a text or a path's own text
+/// Returns the digits at the end of a name.
+/// \param name  a std::string or the native string of a path
 template <class Text>
 std::string trailingDigits(const Text& name) {
     const auto isDigit = [](auto character) { return character >= '0' && character <= '9'; };
     const auto end = std::find_if_not(name.rbegin(), name.rend(), isDigit);
-    const auto count = std::min<std::size_t>(static_cast<std::size_t>(end - name.rbegin()), mostDigits);
+    const auto count = std::min<std::size_t>(static_cast<std::size_t>(end - name.rbegin()), maxDigits);
     std::string digits(count, '0');
     std::transform(name.end() - static_cast<std::ptrdiff_t>(count), name.end(), digits.begin(),
                    [](auto character) { return static_cast<char>(character); });
     return digits;
 }
 
-/// A fragment's name, taken apart. Without digits it has no number.
+/// A fragment's name, split into base and number. `digits` is 0 if it has no number.
 struct Numbered {
     std::string base;
     unsigned long long index = 0;
     std::size_t digits = 0;
 
-    /// The name of the fragment with this number, in the same set.
+    /// Returns the name of the fragment of the same set with this number.
     std::string name(unsigned long long otherIndex) const;
 };
 
-Numbered takeApart(const std::string& name);
+Numbered splitName(const std::string& name);
 
 }  // namespace fragment
 

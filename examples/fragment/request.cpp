@@ -9,8 +9,8 @@ namespace fragment {
 
 namespace {
 
-/// The largest size that a file can have.
-constexpr unsigned long long mostBytes = 9223372036854775807ULL;
+/// The largest size of a file.
+constexpr unsigned long long maxBytes = 9223372036854775807ULL;
 
 void checkCombination(const Request& request) {
     const bool pieces = request.pieces != 0;
@@ -23,10 +23,10 @@ void checkCombination(const Request& request) {
     }
     if (!request.join && pieces == pieceBytes) {
         throw std::runtime_error(pieces ? "-n and -s cannot be combined"
-                                        : "one of -n=PIECES, -s=BYTES or -j is needed");
+                                        : "one of -n=PIECES, -s=BYTES and -j is required");
     }
     if (!request.join && request.files.size() != 1) {
-        throw std::runtime_error("one file is cut at a time, not " + std::to_string(request.files.size()));
+        throw std::runtime_error("only one file can be cut at a time, not " + std::to_string(request.files.size()));
     }
 }
 
@@ -49,8 +49,8 @@ Request readRequest(Kelp::OptionReader& reader, CommandLineTool& tool) {
     common::checkFlags(reader, tool.getOptions());
 
     Request request;
-    request.pieces = common::readCount(reader, "-n", "--number", mostFragments);
-    request.pieceBytes = common::readCount(reader, "-s", "--size", mostBytes);
+    request.pieces = common::readCount(reader, "-n", "--number", maxFragments);
+    request.pieceBytes = common::readCount(reader, "-s", "--size", maxBytes);
     request.output = common::readOutput(reader, tool);
     request.join = reader.hasOption("-j", "--join", common::firstToken) != 0;
     request.overwrite = reader.hasOption("-f", "--force", common::firstToken) != 0;

@@ -14,7 +14,7 @@ namespace fragment {
 
 namespace {
 
-/// What a copy holds in memory, however large the file is.
+/// The memory that a copy needs, however large the file is.
 constexpr std::size_t bufferBytes = 65536;
 
 }  // namespace
@@ -68,7 +68,7 @@ void Source::requireEnd() {
 }
 
 void Source::failOnRead() const {
-    // Some standard libraries take a read that the system refuses for the end of the file. errno tells them apart.
+    // libc++ reports a failed read as the end of the file (seen with 14); only errno tells the two apart.
     if (errno != 0) {
         common::failOnStream("cannot read " + name);
     }

@@ -13,17 +13,17 @@ namespace fragment {
 /// A file that is read once, from its first byte to its last.
 class Source {
 public:
-    /// Opens the file. Refuses what is no plain file, cannot be read or is empty.
+    /// Opens the file. Throws if it is not a regular file, cannot be read or is empty.
     explicit Source(std::string name);
 
-    /// The size that the file had when it was opened.
+    /// Returns the size that the file had when it was opened.
     std::uintmax_t bytes() const;
 
-    /// Appends the next `count` bytes to the file that `target` writes at the moment, and tells `progress`.
-    /// \throws Interruption  when somebody wants the process to end
+    /// Appends the next `count` bytes to the current file of `target` and advances `progress`.
+    /// \throws Interruption  if a signal asks the process to end
     void copyTo(common::NewFiles& target, std::uintmax_t count, common::Progress& progress);
 
-    /// Closes the file when all its bytes are copied. Refuses one that has grown in the meantime.
+    /// Closes the file after all its bytes are copied. Throws if it has grown in the meantime.
     void close();
 
 private:

@@ -14,14 +14,14 @@ namespace {
 
 constexpr int digitsOfDouble = 17;
 
-/// The number with so many digits, so that an edge reads 0.3 and not 0.30000000000000004.
+/// Returns the number rounded to significant digits, so that an edge is 0.3 and not 0.30000000000000004.
 double rounded(double number, int digits) {
     std::array<char, 40> text{};
     std::snprintf(text.data(), text.size(), "%.*g", digits, number);
     return std::strtod(text.data(), nullptr);
 }
 
-/// So many digits that rounding moves no edge by more than about a thousandth of a bin.
+/// Returns a number of digits with which rounding moves no edge by more than about a thousandth of a bin.
 int digitsFor(double from, double to, double width) {
     const double digits = std::ceil(std::log10(std::max(std::abs(from), std::abs(to)) / width)) + 3;
     return static_cast<int>(std::clamp(digits, 1.0, static_cast<double>(digitsOfDouble)));

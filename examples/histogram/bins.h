@@ -9,17 +9,17 @@
 namespace histogram {
 
 /// \file
-/// Bins are told by their edges: a bin has its lower edge and not its upper one. The last one has both.
+/// Bins are given by their edges. A bin includes its lower edge but not its upper edge; the last bin includes both.
 
-/// The edges that the command line tells; none when the numbers of the file are to tell them.
-/// \throws std::runtime_error  when the range cannot be divided into so many bins
+/// Returns the edges that the command line gives, or none if they depend on the numbers in the file.
+/// \throws std::runtime_error  if the range cannot be divided into this number of bins
 std::vector<double> requestedEdges(const Request& request);
 
-/// The edges of so many bins of the same width around all numbers from `lowest` to `highest`.
+/// Returns the edges of bins of equal width around all numbers from `lowest` to `highest`.
 /// \throws std::runtime_error  likewise
 std::vector<double> edgesAround(double lowest, double highest, int bins);
 
-/// The index of the bin that a number between the first and the last edge is in.
+/// Returns the index of the bin of a number that lies between the first and the last edge.
 std::size_t binOf(double number, const std::vector<double>& edges);
 
 }  // namespace histogram

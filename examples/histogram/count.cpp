@@ -16,7 +16,7 @@ namespace histogram {
 
 namespace {
 
-/// What is held in memory, however large the file is.
+/// The memory for the file, however large it is.
 constexpr std::size_t bufferBytes = 65536;
 
 /// Reads the file once and calls `use` with each field.
@@ -33,7 +33,7 @@ void forEachField(const Request& request, common::Progress& progress, Use use) {
         common::checkInterruption();
         errno = 0;
         stream.read(buffer.data(), static_cast<std::streamsize>(buffer.size()));
-        // Some standard libraries take a read that the system refuses for the end of the file. errno tells them apart.
+        // libc++ reports a failed read as the end of the file (seen with 14); only errno tells the two apart.
         if (stream.bad() || (stream.eof() && errno != 0)) {
             common::failOnStream("cannot read " + request.file);
         }
@@ -51,7 +51,8 @@ void forEachField(const Request& request, common::Progress& progress, Use use) {
 }
 
 [[noreturn]] void refuseWithoutNumbers(const Request& request) {
-    throw std::runtime_error(request.file + " holds no number" + (request.columns.empty() ? "" : " in these columns"));
+    throw std::runtime_error(request.file + " contains no number" +
+                             (request.columns.empty() ? "" : " in these columns"));
 }
 
 void countNumber(double number, const std::vector<double>& edges, Tally& tally) {

@@ -14,22 +14,22 @@ struct Extent {
     double highest;
 };
 
-/// What the fields of a file are.
+/// The number of fields of each kind.
 struct Tally {
     std::vector<unsigned long long> bins;
-    unsigned long long inside = 0;  ///< all bins together
+    unsigned long long inside = 0;  ///< the sum of all bins
     unsigned long long below = 0;
     unsigned long long above = 0;
     unsigned long long nan = 0;
-    unsigned long long texts = 0;  ///< fields that are no number
+    unsigned long long texts = 0;  ///< fields that are not numbers
 };
 
-/// \throws std::runtime_error  for a file without numbers
-/// \throws common::Interruption  when somebody wants the process to end
+/// \throws std::runtime_error  if the file contains no finite number
+/// \throws common::Interruption  if a signal asks the process to end
 Extent findExtent(const Request& request, common::Progress& progress);
 
 /// Counts the fields of the file.
-/// \throws as findExtent; numbers outside the bins are numbers
+/// \throws as findExtent, but an infinite number or one outside the bins is enough
 Tally count(const Request& request, const std::vector<double>& edges, common::Progress& progress);
 
 }  // namespace histogram

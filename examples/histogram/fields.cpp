@@ -11,8 +11,8 @@ namespace histogram {
 
 namespace {
 
-/// The longest number that a double can need has 767 digits that count, so more is not a number that somebody meant.
-constexpr std::size_t mostBytes = 1000;
+/// No double needs more than 767 significant digits, so a longer field is not meant as a number.
+constexpr std::size_t maxBytes = 1000;
 
 constexpr int lastColumn = std::numeric_limits<int>::max();
 
@@ -44,9 +44,9 @@ bool Fields::take(char character) {
 }
 
 void Fields::append(char character) {
-    if (current.size() < mostBytes) {
+    if (current.size() < maxBytes) {
         current += character;
-    } else if (current.size() == mostBytes) {
+    } else if (current.size() == maxBytes) {
         current += "...";
     }
 }

@@ -7,18 +7,18 @@
 
 namespace histogram {
 
-/// Cuts a text into fields, however it is handed over and however long its lines and fields are. Fields stand between
-/// commas or semicolons, or between blanks; a field between two commas may be empty, and then is nobody's.
+/// Splits a text into fields, byte by byte and with lines and fields of any length. Commas, semicolons and blanks separate
+/// fields. An empty field, as between two commas, counts as a column but is not reported.
 class Fields {
 public:
-    /// \param columns  the columns that are looked at, from 1; none: all
+    /// \param columns  the columns to report, counted from 1; all if empty
     explicit Fields(std::set<int> columns);
 
-    /// Takes one byte more. The end of the text is a line end.
-    /// \returns whether a field is complete. text() is it until the next call
+    /// Takes the next byte. Pass a line end at the end of the text.
+    /// \returns whether the byte completes a field, which text() returns until the next call
     bool take(char character);
 
-    /// At most so long that no number is cut; what is longer ends in "...".
+    /// Returns the last complete field. A field longer than any number is cut and ends in "...".
     const std::string& text() const;
 
 private:
@@ -29,11 +29,11 @@ private:
     std::string current;
     std::string finished;
     int column = 1;
-    bool isClosed = false;  ///< a blank has followed the current field
+    bool isClosed = false;  ///< a blank has ended the current field
 };
 
-/// The number that a field is: NaN for "nan" with or without a sign, infinite for "inf" and for what is too large; none for
-/// any other text.
+/// Converts a field: "nan" with or without a sign gives NaN, "inf", "infinity" and numbers that are too large give infinity,
+/// any other text gives none.
 std::optional<double> numberIn(const std::string& field);
 
 }  // namespace histogram

@@ -18,7 +18,7 @@
 namespace {
 
 void makeHistogram(const histogram::Request& request, CommandLineTool& tool) {
-    // Refuses a table that cannot be written before the counting, not after it.
+    // NewFiles refuses a table that cannot be written. It has to do so before the counting.
     const bool hasTable = !request.output.empty();
     if (hasTable) {
         common::requireNoInput(request.output, {request.file});
@@ -43,8 +43,8 @@ void makeHistogram(const histogram::Request& request, CommandLineTool& tool) {
 
 int work(int argc, char** argv) {
     std::vector<Kelp::Option> options = histogram::acceptedOptions();
-    std::vector<Kelp::Argument> arguments{{"FILE", "the text with the numbers", false}};
-    // Help, unknown flags and a missing file end the program in here.
+    std::vector<Kelp::Argument> arguments{{"FILE", "the text file with the numbers", false}};
+    // The constructor ends the program after a help screen, an unknown flag or a missing file.
     CommandLineTool tool(argc, argv, "Counts the numbers of a text file into bins.",
                          "[-r=FROM:TO] [-b=COUNT] [-c=COLUMNS] [-o=TABLE [-f]] [-v] FILE  or  -e=EDGES ... FILE",
                          "-c=2 -r=0:100 -b=20 measured.csv", "     Bars of numbers", options, arguments);

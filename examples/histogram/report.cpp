@@ -14,7 +14,7 @@ namespace histogram {
 
 namespace {
 
-/// Some consoles begin a new line behind the 80th character.
+/// Some consoles start a new line after the 80th character.
 constexpr std::size_t lineWidth = 79;
 
 std::vector<std::string> labelsOf(const std::vector<double>& edges) {
@@ -29,7 +29,8 @@ std::string rightAligned(const std::string& text, std::size_t width) {
     return std::string(width - text.size(), ' ') + text;
 }
 
-/// A bar for a count. One "#" stands for one number as long as the highest count has room, and every count has one.
+/// Returns the bar for a count. A "#" is one number if the highest count fits; otherwise the bars are scaled, and only a count
+/// of 0 has no "#".
 std::string bar(unsigned long long count, unsigned long long highest, std::size_t room) {
     std::string line;
     if (highest <= room) {

@@ -9,11 +9,11 @@
 
 namespace histogram {
 
-/// Writes a table of bins and counts, with tabs between, as the only file.
+/// Writes a table of bins and counts, separated by tabs, as the only file.
 void writeTable(common::NewFiles& files, const std::vector<double>& edges, const Tally& tally);
 
-/// Prints the bins as bars, within 80 columns, and a line on what was counted and what was not.
-/// \throws common::Interruption  when nobody reads standard output any more
+/// Prints the bins as bars within 80 columns, and a line with the sums.
+/// \throws common::Interruption  if the reader of standard output has gone
 void print(const Request& request, const std::vector<double>& edges, const Tally& tally);
 
 }  // namespace histogram

@@ -13,10 +13,10 @@ namespace histogram {
 
 namespace {
 
-constexpr unsigned long long mostBins = 1000;
-constexpr int mostColumns = 1000000;
+constexpr unsigned long long maxBins = 1000;
+constexpr int maxColumns = 1000000;
 
-/// The pieces of a text with the empty ones, which the library drops: it reads "0::1" as it reads "0:1".
+/// Splits a text and keeps the empty pieces. The library drops them: it reads "0::1" like "0:1".
 std::vector<std::string> allPieces(const std::string& text, char separator) {
     std::vector<std::string> pieces(1);
     for (const char character : text) {
@@ -37,26 +37,26 @@ bool isFinite(const std::string& piece) {
 bool isColumn(const std::string& piece) {
     int column = 0;
     Kelp::stringToValue(column, piece);
-    return common::isDigits(piece) && column >= 1 && column <= mostColumns;
+    return common::isDigits(piece) && column >= 1 && column <= maxColumns;
 }
 
 [[noreturn]] void refusePiece(const std::string& given, const std::string& piece, char separator) {
-    const std::string what = separator == ',' ? "\" is no column number" : "\" is no number";
-    throw std::runtime_error(given + ": \"" + piece + what);
+    const std::string problem = separator == ',' ? "\" is not a column number" : "\" is not a number";
+    throw std::runtime_error(given + ": \"" + piece + problem);
 }
 
-/// Reads a list by its type. The library's conversions report nothing, so the text of each piece is looked at first.
-/// \returns the flag as it was given; empty when it is not there
+/// Reads the value of a flag as a list. The conversions of the library report no errors, so this checks each piece first.
+/// \returns the flag with its value; empty if the flag is not given
 template <class List>
 std::string readList(Kelp::OptionReader& reader, const std::string& flag, const std::string& longFlag, char separator,
-                     const std::function<bool(const std::string&)>& isGood, List& list) {
+                     const std::function<bool(const std::string&)>& isValid, List& list) {
     std::string text;
     if (reader.getValue(flag, longFlag, text, common::firstToken) == 0) {
         return {};
     }
     std::string given = flag + "=" + text;
     for (const std::string& piece : allPieces(text, separator)) {
-        if (!isGood(piece)) {
+        if (!isValid(piece)) {
             refusePiece(given, piece, separator);
         }
     }
@@ -77,7 +77,7 @@ void readRange(Kelp::OptionReader& reader, Request& request) {
     if (std::get<0>(range) == std::get<1>(range)) {
         throw std::runtime_error(given + ": the range is empty");
     }
-    // The library sorts the two.
+    // The library has sorted the two numbers, so this compares the texts.
     if (common::decimalNumber(ends[0]) > common::decimalNumber(ends[1])) {
         throw std::runtime_error(given + ": the range ends before it begins");
     }
@@ -89,11 +89,11 @@ void readEdges(Kelp::OptionReader& reader, Request& request) {
     if (given.empty()) {
         return;
     }
-    if (request.edges.size() < 2 || request.edges.size() > mostBins + 1) {
-        throw std::runtime_error(given + ": from 2 to " + std::to_string(mostBins + 1) + " edges are needed");
+    if (request.edges.size() < 2 || request.edges.size() > maxBins + 1) {
+        throw std::runtime_error(given + ": a list of 2 to " + std::to_string(maxBins + 1) + " edges is required");
     }
     if (std::adjacent_find(request.edges.begin(), request.edges.end(), std::greater_equal<>()) != request.edges.end()) {
-        throw std::runtime_error(given + ": each edge has to be above the one before");
+        throw std::runtime_error(given + ": each edge has to be greater than the one before");
     }
 }
 
@@ -101,7 +101,7 @@ void readFile(Kelp::OptionReader& reader, Request& request) {
     std::vector<std::string> files;
     reader.getArguments(files, common::firstToken);
     if (files.size() != 1) {
-        throw std::runtime_error("one file is counted at a time, not " + std::to_string(files.size()));
+        throw std::runtime_error("only one file can be counted at a time, not " + std::to_string(files.size()));
     }
     request.file = files.front();
     common::requireNoPattern(request.file);
@@ -111,16 +111,16 @@ void readFile(Kelp::OptionReader& reader, Request& request) {
 
 std::vector<Kelp::Option> acceptedOptions() {
     return {
-        {"-r", "--range", "FROM:TO, the range of the bins (without it: from the lowest to the highest number)",
+        {"-r", "--range", "the range of the bins, FROM:TO (default: from the lowest to the highest number)",
          common::takesValue},
-        {"-b", "--bins", "divides the range into COUNT bins of the same width (without it: 10)", common::takesValue},
-        {"-e", "--edges", "the edges of the bins in place of -r and -b, as in 0:1:2.5:10", common::takesValue},
+        {"-b", "--bins", "divides the range into COUNT bins of the same width (default: 10)", common::takesValue},
+        {"-e", "--edges", "the edges of the bins, instead of -r and -b, as in 0:1:2.5:10", common::takesValue},
         {"-c", "--columns",
-         "counts these columns only, as in 1,3 (without it: all); blanks, commas and semicolons part them",
+         "counts only these columns, as in 1,3 (default: all); blanks, commas and semicolons separate columns",
          common::takesValue},
         {"-o", "--output", "writes a table of the bins to TABLE", common::takesValue},
         {"-f", "--force", "overwrites TABLE", common::isSwitch},
-        {"-v", "--verbose", "tells the lowest and the highest number and the edges of the bins", common::isSwitch},
+        {"-v", "--verbose", "prints the lowest and the highest number and the edges of the bins", common::isSwitch},
         {"-h", "--help", "shows this help", common::isSwitch},
     };
 }
@@ -132,7 +132,7 @@ Request readRequest(Kelp::OptionReader& reader, CommandLineTool& tool) {
     readRange(reader, request);
     readEdges(reader, request);
     readList(reader, "-c", "--columns", ',', isColumn, request.columns);
-    const unsigned long long bins = common::readCount(reader, "-b", "--bins", mostBins);
+    const unsigned long long bins = common::readCount(reader, "-b", "--bins", maxBins);
     if (!request.edges.empty() && (bins != 0 || request.range)) {
         throw std::runtime_error(std::string(bins != 0 ? "-b" : "-r") + " and -e cannot be combined");
     }

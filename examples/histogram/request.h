@@ -11,22 +11,22 @@
 
 namespace histogram {
 
-/// What one command line asks for.
+/// The values of one command line.
 struct Request {
     std::string file;
-    std::optional<std::tuple<double, double>> range;  ///< finite, the lower end first, not empty
-    std::vector<double> edges;                        ///< ascending, at least two; empty when not given
-    std::set<int> columns;                            ///< from 1; empty: all
+    std::optional<std::tuple<double, double>> range;  ///< finite, in ascending order, not empty
+    std::vector<double> edges;                        ///< at least two, ascending; empty if not given
+    std::set<int> columns;                            ///< counted from 1; empty means all
     int bins = 10;
-    std::string output;  ///< a whole path; empty when not given
+    std::string output;  ///< the full path; empty if not given
     bool overwrite = false;
 };
 
-/// The options of the tool.
+/// Returns the options of the tool.
 std::vector<Kelp::Option> acceptedOptions();
 
-/// Reads a command line that has passed the library's own checks, and makes those that the library leaves to its tools.
-/// \throws std::runtime_error  with the line that tells the user what is wrong
+/// Reads a command line that has passed the checks of the library, and makes the checks that the library leaves to its tools.
+/// \throws std::runtime_error  with the message for the user
 Request readRequest(Kelp::OptionReader& reader, CommandLineTool& tool);
 
 }  // namespace histogram

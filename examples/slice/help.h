@@ -4,7 +4,7 @@
 namespace slice {
 
 /// Prints the help on standard output.
-/// \throws std::runtime_error  when that cannot be written
+/// \throws std::runtime_error  if standard output cannot be written
 void printHelp();
 
 }  // namespace slice

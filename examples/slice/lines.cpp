@@ -31,7 +31,7 @@ bool Lines::next(Piece& piece) {
     errno = 0;
     stream.getline(buffer.data(), static_cast<std::streamsize>(buffer.size()));
     const auto count = static_cast<std::size_t>(stream.gcount());
-    // Some standard libraries take a read that the system refuses for the end of the file. errno tells them apart.
+    // libc++ reports a failed read as the end of the file (seen with 14); only errno tells the two apart.
     if (stream.bad() || (stream.eof() && errno != 0)) {
         common::checkInterruption();
         common::failOnStream("cannot read " + name);
@@ -39,7 +39,7 @@ bool Lines::next(Piece& piece) {
     if (stream.eof() && count == 0 && !insideLine) {
         return false;
     }
-    // A full buffer without a line end is told as a failure, a line end is counted.
+    // getline() sets failbit if the buffer is full before the line ends. gcount() includes the line end.
     const bool full = stream.fail() && !stream.eof();
     const bool terminated = !stream.fail() && !stream.eof();
     piece = {{buffer.data(), terminated ? count - 1 : count}, !insideLine, !full};

@@ -9,20 +9,20 @@
 
 namespace slice {
 
-/// A line, or a part of one that is longer than what is held in memory.
+/// A line, or a part of a line that is longer than the buffer.
 struct Piece {
-    std::string_view text;  ///< without a line end; valid until the next piece
-    bool first = true;      ///< the line begins here
-    bool last = true;       ///< the line ends here
+    std::string_view text;  ///< without the line end; valid until the next piece
+    bool first = true;      ///< whether the line begins here
+    bool last = true;       ///< whether the line ends here
 };
 
-/// The lines of a file, one after the other, however long they are.
+/// Reads a file line by line. Lines may have any length.
 class Lines {
 public:
-    /// \param mode  std::ios::binary leaves the line ends as they are on every system
+    /// \param mode  std::ios::binary keeps the line ends as they are on every system
     Lines(std::string name, std::ios::openmode mode);
 
-    /// Sets `piece` to the next one.
+    /// Sets `piece` to the next piece.
     /// \returns false at the end of the file
     bool next(Piece& piece);
 

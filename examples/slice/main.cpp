@@ -1,6 +1,6 @@
-// slice: writes the lines of logs and tables whose times or line numbers lie in a range.
+// slice: writes the lines of logs and tables whose times or line numbers are in a range.
 //
-// It reads its command line with the library's scanners for raw flags alone, without a tool object.
+// It reads its command line only with the scanners for raw flags, without a CommandLineTool.
 
 #include <kelplib/Kelp.h>
 
@@ -21,13 +21,13 @@
 
 namespace {
 
-/// Nothing went wrong, but no line lies in the range.
+/// The exit status if there is no error, but no line is in the range.
 constexpr int nothingFound = 2;
 
 int run(const slice::Request& request) {
     if (!request.output.empty() && common::arePlainFiles(request.inputs)) {
-        // Without an output file there is nothing to tidy up; and where the input is a terminal or a pipe, a note would wait
-        // as long as the input does. Then the signals may do what they always do.
+        // Otherwise signals keep their default effect: without an output file there is nothing to clean up, and while a
+        // terminal or a pipe has no input, the tool could not act on a noted signal.
         common::noteInterruptions();
     }
     if (!request.output.empty()) {
@@ -42,13 +42,13 @@ int run(const slice::Request& request) {
     output.finish();
     if (!request.output.empty() &&
         !(std::cout << "lines: " << found.written << ", output: " << common::printable(request.output) << std::endl)) {
-        common::failOnStream("the output is written, but standard output cannot be");
+        common::failOnStream("the output file is written, but the summary cannot be printed");
     }
     return EXIT_SUCCESS;
 }
 
 int work(int argc, char** argv) {
-    // The scanners take the program path for one more token, and a match there hides the ones behind it.
+    // The scanners search the program path too, and a match there would hide later ones.
     std::string name = "slice";
     std::vector<char*> line{name.data()};
     line.insert(line.end(), argv + std::min(argc, 1), argv + argc);

@@ -9,18 +9,18 @@
 
 namespace slice {
 
-/// Where the lines go: a file that is there when all of them are, or standard output.
+/// The destination of the lines: standard output, or a file that appears once all lines are written.
 class Output {
 public:
-    /// \param name  empty: standard output
+    /// \param name  the file; standard output if empty
     Output(const std::string& name, bool mayOverwrite);
 
-    /// Whether what is written arrives byte for byte on every system. On Windows standard output makes its own line ends.
+    /// Whether the text is written byte for byte on every system. On Windows standard output converts line ends.
     bool isBinary() const;
 
     void write(std::string_view text);
 
-    /// Call it when everything is written and the inputs are closed.
+    /// Completes the output. Call this after closing the inputs.
     void finish();
 
 private:

@@ -13,12 +13,12 @@ namespace slice {
 
 namespace {
 
-/// The largest line number and count. The library makes the largest int of every number beyond it, so this lies below.
-constexpr int mostSteps = 2000000000;
+/// The largest line number and count. It is below the largest int, because the library turns every larger number into that.
+constexpr int maxSteps = 2000000000;
 
 struct Flag {
     const char* shortForm;
-    const char* longForm;  ///< empty: none
+    const char* longForm;  ///< empty if there is none
     bool hasValue;
     bool repeats;
 };
@@ -36,8 +36,8 @@ constexpr std::array<Flag, 8> knownFlags{{
     {"-h", "--help", false, true},
 }};
 
-/// The scanners take "-output=x" for an -o with the value "utput=x", "-hist" for a call for help, and -TR=1:2 for nothing
-/// at all. Here a flag is what is spelled like one; as with them, letter case plays no part in those of one letter.
+/// The scanners read "-output=x" as -o with the value "utput=x", read "-hist" as -h, and ignore -TR=1:2. This function accepts
+/// only the exact spelling of a flag. Like the scanners, it ignores the case of one-letter flags.
 const Flag& findFlag(const std::string& token) {
     const std::string form = token.substr(0, token.find('='));
     const std::string shortForm = form.size() == 2 ? Kelp::toLower(form) : form;
@@ -65,13 +65,13 @@ int positionOf(int argc, char** argv, const Flag& flag) {
     return position != 0 ? position : Kelp::getNextFlag(argc, argv, flag.longForm, 1);
 }
 
-/// The text behind the "=" of a flag that is there.
+/// Returns the text after the "=" of a flag that is given.
 std::string valueOf(int argc, char** argv, const Flag& flag) {
     const std::string token = argv[positionOf(argc, argv, flag)];
     return token.substr(token.find('=') + 1);
 }
 
-/// Whether a text is FROM:TO. The scanners drop empty pieces and read "1x:2" and "1::2" as 1:2, so they are not asked.
+/// Whether a text is FROM:TO. The scanners are not strict enough: they read "1x:2" and "1::2" as 1:2.
 template <class IsEnd>
 bool isRange(const std::string& text, IsEnd isEnd) {
     const std::size_t colon = text.find(':');
@@ -103,8 +103,8 @@ void readSteps(int argc, char** argv, Request& request) {
     if (!isRange(text, common::isDigits) || Kelp::getStepRangeFlag(argc, argv, request.steps) == 0) {
         throw std::runtime_error("-sr=" + text + ": not two line numbers as in -sr=10:20");
     }
-    if (std::min(request.steps[0], request.steps[1]) < 1 || std::max(request.steps[0], request.steps[1]) > mostSteps) {
-        throw std::runtime_error("-sr=" + text + ": line numbers go from 1 to " + std::to_string(mostSteps));
+    if (std::min(request.steps[0], request.steps[1]) < 1 || std::max(request.steps[0], request.steps[1]) > maxSteps) {
+        throw std::runtime_error("-sr=" + text + ": line numbers go from 1 to " + std::to_string(maxSteps));
     }
     requireOrder("-sr=" + text, request.steps);
 }
@@ -116,7 +116,7 @@ void readRange(int argc, char** argv, Request& request) {
         throw std::runtime_error("-tr and -sr cannot be combined");
     }
     if (!request.byTime && !steps) {
-        // Without a name the library has a text of its own, for programs that go on with it.
+        // Without a file, getFirstFileName() would return a text of the library.
         const bool named = !Kelp::getAllArguments(argc, argv).empty();
         throw std::runtime_error("which lines? Give -tr or -sr, as in: slice -sr=1:10 " +
                                  (named ? Kelp::getFirstFileName(argc, argv) : "FILE"));
@@ -136,10 +136,10 @@ void readCount(int argc, char** argv, Request& request) {
     std::string text;
     Kelp::getStringFlag(argc, argv, "-n", text, 1);
     if (common::isDigits(text)) {
-        Kelp::getIntFlag(argc, argv, "-n", request.mostLines, 1);
+        Kelp::getIntFlag(argc, argv, "-n", request.maxLines, 1);
     }
-    if (request.mostLines < 1 || request.mostLines > mostSteps) {
-        throw std::runtime_error("-n=" + text + ": not a whole number from 1 to " + std::to_string(mostSteps));
+    if (request.maxLines < 1 || request.maxLines > maxSteps) {
+        throw std::runtime_error("-n=" + text + ": not a whole number from 1 to " + std::to_string(maxSteps));
     }
 }
 
@@ -148,16 +148,16 @@ void readInputs(int argc, char** argv, Request& request) {
     const std::vector<std::string> arguments = Kelp::getAllArguments(argc, argv);
     request.inputs.insert(request.inputs.end(), arguments.begin(), arguments.end());
     if (request.inputs.empty()) {
-        throw std::runtime_error("no file to read is named");
+        throw std::runtime_error("no input file is named");
     }
 }
 
 void checkName(const std::string& name) {
     if (name.empty()) {
-        throw std::runtime_error("the name of a file is empty");
+        throw std::runtime_error("a file name is empty");
     }
     if (name.front() == '=') {
-        // Some scanners skip the "=" and would find a flag in "=-tr=1:2".
+        // Some scanners skip the "=" and would read "=-tr=1:2" as a flag.
         throw std::runtime_error(name + ": a name that begins with \"=\" needs its folder, as in ./" + name);
     }
 }
@@ -189,10 +189,10 @@ Request readRequest(int argc, char** argv) {
     request.overwrite = Kelp::getNextFlag(argc, argv, "-f", 1) != 0;
     readInputs(argc, argv, request);
     if (request.relative && !request.byTime) {
-        throw std::runtime_error("-r counts times and goes with -tr");
+        throw std::runtime_error("-r requires -tr");
     }
     if (request.overwrite && request.output.empty()) {
-        throw std::runtime_error("-f overwrites a file and goes with -o");
+        throw std::runtime_error("-f requires -o");
     }
     return request;
 }

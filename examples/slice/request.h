@@ -7,20 +7,20 @@
 
 namespace slice {
 
-/// What one command line asks for.
+/// The values of one command line.
 struct Request {
-    bool byTime = false;            ///< by `times`, otherwise by `steps`
+    bool byTime = false;            ///< select by `times`; otherwise by `steps`
     std::array<double, 2> times{};  ///< first and last
-    std::array<int, 2> steps{};     ///< first and last, from 1
-    bool relative = false;          ///< times count from the first one of a file
-    int mostLines = 0;              ///< 0: all
-    std::string output;             ///< empty: standard output
+    std::array<int, 2> steps{};     ///< first and last, counted from 1
+    bool relative = false;          ///< count times from the first time in each file
+    int maxLines = 0;               ///< 0 means all
+    std::string output;             ///< standard output if empty
     bool overwrite = false;
     std::vector<std::string> inputs;  ///< at least one
 };
 
-/// Refuses flags that are not spelled as the help spells them, come twice, lack their value or have one too many.
-/// \throws std::runtime_error  with the line that tells the user what is wrong
+/// Checks that every flag is spelled as in the help, has a value exactly if it takes one, and is not repeated unless it may be.
+/// \throws std::runtime_error  with the message for the user
 void checkFlags(int argc, char** argv);
 
 /// Reads a command line that has passed checkFlags().

@@ -16,13 +16,14 @@ namespace slice {
 
 namespace {
 
-/// Goes through one file and tells of each line whether it is wanted.
+/// Decides for each line of one file whether it is selected.
 class Selector {
 public:
     Selector(const Request& theRequest, Found& theFound) : request(theRequest), found(theFound) {}
 
-    /// \param line  the next line, or its beginning; none is asked for once isDone() is true
-    bool wants(std::string_view line) {
+    /// Whether the next line is selected. Do not call this once isDone() is true.
+    /// \param line  the line, or its beginning
+    bool selects(std::string_view line) {
         ++step;
         found.longest = std::max(found.longest, step);
         if (!request.byTime) {
@@ -34,7 +35,7 @@ public:
         return inside;
     }
 
-    /// Whether no line after this one can be wanted.
+    /// Whether no later line can be selected.
     bool isDone() const {
         return !request.byTime && step >= static_cast<unsigned long long>(request.steps[1]);
     }
@@ -48,8 +49,8 @@ private:
             firstTime = time;
             hasFirst = true;
         }
-        // Both times may be off by their last digit; the difference shows that, and 0.3 would not be 0.3.
-        slack = 2 * std::numeric_limits<double>::epsilon() * std::max(std::abs(time), std::abs(firstTime));
+        // Both times may be off in their last digit, and their difference shows that: 0.3 - 0.1 is not 0.2.
+        tolerance = 2 * std::numeric_limits<double>::epsilon() * std::max(std::abs(time), std::abs(firstTime));
         return time - firstTime;
     }
 
@@ -57,7 +58,7 @@ private:
         found.earliest = found.timed == 0 ? time : std::min(found.earliest, time);
         found.latest = found.timed == 0 ? time : std::max(found.latest, time);
         ++found.timed;
-        return time >= request.times[0] - slack && time <= request.times[1] + slack;
+        return time >= request.times[0] - tolerance && time <= request.times[1] + tolerance;
     }
 
     const Request& request;
@@ -65,28 +66,28 @@ private:
     unsigned long long step = 0;
     bool hasFirst = false;
     double firstTime = 0.0;
-    double slack = 0.0;
+    double tolerance = 0.0;
     bool inside = false;
 };
 
 bool isEnough(const Request& request, const Found& found) {
-    return request.mostLines != 0 && found.written == static_cast<unsigned long long>(request.mostLines);
+    return request.maxLines != 0 && found.written == static_cast<unsigned long long>(request.maxLines);
 }
 
 void selectFrom(const std::string& name, const Request& request, Output& output, Found& found) {
     Lines lines(name, output.isBinary() ? std::ios::binary : std::ios::openmode());
     Selector selector(request, found);
-    bool wanted = false;
+    bool selected = false;
     Piece piece;
     while (!isEnough(request, found) && lines.next(piece)) {
         common::checkInterruption();
         if (piece.first) {
-            wanted = selector.wants(piece.text);
+            selected = selector.selects(piece.text);
         }
-        if (wanted) {
+        if (selected) {
             output.write(piece.text);
         }
-        if (wanted && piece.last) {
+        if (selected && piece.last) {
             output.write("\n");
             ++found.written;
         }
@@ -111,16 +112,15 @@ Found selectLines(const Request& request, Output& output) {
 
 std::string reasonForNothing(const Request& request, const Found& found) {
     if (found.longest == 0) {
-        return "there is no line to choose from";
+        return "the input has no lines";
     }
     if (!request.byTime) {
-        return "no such line; the longest file ends with line " + std::to_string(found.longest);
+        return "no such line; the last line of the longest file is " + std::to_string(found.longest);
     }
     if (found.timed == 0) {
         return "no line begins with a time; -sr selects lines by their numbers";
     }
-    return "no time lies in the range; all of them lie in " +
-           std::to_string(std::make_tuple(found.earliest, found.latest));
+    return "no time is in the range; the times are in " + std::to_string(std::make_tuple(found.earliest, found.latest));
 }
 
 }  // namespace slice

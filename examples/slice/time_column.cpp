@@ -11,8 +11,8 @@ namespace slice {
 
 namespace {
 
-/// No time is longer, blanks before it included.
-constexpr std::size_t mostBytes = 100;
+/// The longest time, including the blanks before it.
+constexpr std::size_t maxBytes = 100;
 
 constexpr std::string_view blanks = " \t";
 constexpr std::string_view ends = " \t\r,;]";
@@ -21,7 +21,8 @@ bool isDigit(char character) {
     return character >= '0' && character <= '9';
 }
 
-/// Takes `count` digits off the text's beginning. None if there are fewer, or if the number exceeds `largest`.
+/// Removes `count` digits from the beginning of the text. Returns their number; none if there are fewer digits or the number
+/// exceeds `largest`.
 std::optional<int> takeDigits(std::string_view& text, std::size_t count, int largest) {
     if (text.size() < count || !std::all_of(text.begin(), text.begin() + count, isDigit)) {
         return std::nullopt;
@@ -52,13 +53,13 @@ int daysOfMonth(int year, int month) {
     return month == 2 && leap ? 29 : days.at(static_cast<std::size_t>(month - 1));
 }
 
-/// Days from the beginning of 1970 to that of a year; negative before.
+/// Returns the days from the beginning of 1970 to the beginning of the year; negative before 1970.
 long long daysToYear(int year) {
     const auto leapYears = [](int before) { return before / 4 - before / 100 + before / 400; };
     return 365LL * (year - 1970) + leapYears(year - 1) - leapYears(1969);
 }
 
-/// Takes yyyy-mm-dd: its days since the beginning of 1970.
+/// Removes yyyy-mm-dd. Returns the days since the beginning of 1970.
 std::optional<long long> takeDate(std::string_view& text) {
     const std::optional<int> year = takeDigits(text, 4, 9999);
     const bool firstDash = take(text, '-');
@@ -76,7 +77,7 @@ std::optional<long long> takeDate(std::string_view& text) {
     return days;
 }
 
-/// Takes h:mm:ss or hh:mm:ss: its seconds since midnight.
+/// Removes h:mm:ss or hh:mm:ss. Returns the seconds since midnight.
 std::optional<int> takeClock(std::string_view& text) {
     const std::size_t hourDigits = text.size() > 1 && text[1] == ':' ? 1 : 2;
     const std::optional<int> hours = takeDigits(text, hourDigits, 23);
@@ -90,7 +91,7 @@ std::optional<int> takeClock(std::string_view& text) {
     return 3600 * *hours + 60 * *minutes + *seconds;
 }
 
-/// Takes "." and the digits behind it. Both together; empty when there is no ".", and none when it has no digits.
+/// Removes and returns "." and the digits after it. Returns an empty text if there is no ".", none if it has no digits.
 std::optional<std::string> takeFraction(std::string_view& text) {
     std::string fraction;
     if (take(text, '.')) {
@@ -105,7 +106,7 @@ std::optional<std::string> takeFraction(std::string_view& text) {
     return fraction;
 }
 
-/// Takes Z, +hh:mm, +hhmm or +hh: the seconds that it lies before UTC. 0 when there is none.
+/// Removes Z, +hh:mm, +hhmm or +hh. Returns the seconds that the offset is ahead of UTC; 0 if there is no offset.
 std::optional<int> takeOffset(std::string_view& text) {
     const bool east = !text.empty() && text.front() == '+';
     const bool west = !text.empty() && text.front() == '-';
@@ -125,7 +126,7 @@ std::optional<int> takeOffset(std::string_view& text) {
     return east ? seconds : -seconds;
 }
 
-/// The number closest to so many seconds and the fraction of one, so that it compares equal to the same text in a range.
+/// Returns the double closest to seconds plus fraction, which compares equal to the same text in a range.
 double withFraction(long long seconds, const std::string& fraction) {
     const auto whole = static_cast<double>(seconds);
     if (fraction.empty()) {
@@ -137,7 +138,7 @@ double withFraction(long long seconds, const std::string& fraction) {
     return common::decimalNumber(std::to_string(seconds) + fraction).value_or(whole);
 }
 
-/// A clock time, alone or behind a date that ends `days` after the beginning of 1970.
+/// Reads a clock time, alone or after a date that is `days` days after the beginning of 1970.
 std::optional<double> readClock(std::string_view text, std::optional<long long> days) {
     const std::optional<int> clock = takeClock(text);
     const std::optional<std::string> fraction = takeFraction(text);
@@ -157,7 +158,7 @@ std::optional<double> readDate(std::string_view text) {
     std::string_view clock = text;
     if (take(clock, 'T') || take(clock, ' ')) {
         const std::optional<double> time = readClock(clock, days);
-        // What looks like a clock behind the date and cannot be read is not midnight.
+        // A date with an invalid clock time after it is not midnight.
         if (time || clock.substr(0, clock.find_first_of(ends)).find(':') != std::string_view::npos) {
             return time;
         }
@@ -173,7 +174,7 @@ std::optional<double> readNumber(std::string_view text) {
 }  // namespace
 
 std::optional<double> timeOf(std::string_view line) {
-    std::string_view text = line.substr(0, mostBytes);
+    std::string_view text = line.substr(0, maxBytes);
     const auto skipBlanks = [&text] { text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size())); };
     skipBlanks();
     take(text, '[');

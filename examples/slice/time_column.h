@@ -6,8 +6,8 @@
 
 namespace slice {
 
-/// The time that a line begins with, in the line's own unit for a number, otherwise in seconds: since midnight for a clock
-/// time, since the beginning of 1970 for a date. The help tells the forms.
+/// Returns the time at the beginning of a line: a number as it is, a clock time as seconds since midnight, a date as seconds
+/// since the beginning of 1970. The help lists the formats.
 /// \param line  the line, or at least its first 100 bytes
 std::optional<double> timeOf(std::string_view line);
 

@@ -125,8 +125,8 @@ class StepTest(StepTestCase):
             ([], {"in": b"1234"}, "open 3", "touch x && mv x q_0.unfinished",
              b"<here>/q_0.unfinished was removed or replaced meanwhile"),
             ([], {"in": b"1234"}, "open 1", "touch q_2",
-             b"<here>/q_2 belongs to another cut; remove it and the fragments that follow it, "
-             b"-f replaces only those of the new cut"),
+             b"<here>/q_2 belongs to another cut; remove it and the fragments after it "
+             b"(-f replaces only fragments of the new cut)"),
             (["-f"], OLD, "renameat2 1", "touch q_1.replaced", b"<here>/q_1.replaced exists already; move it away first"),
             (["-f"], OLD, "renameat2 2", "touch q_1",
              b"<here>/q_1 exists already; another program created it meanwhile; "
@@ -231,11 +231,11 @@ class StepTest(StepTestCase):
         for deed, problem in [
             ("cp q_0 x && mv x q_0", b"the fragments were replaced while they were read"),
             ("cp q_1 x && mv x q_1", b"the fragments were replaced while they were read"),
-            ("touch q_1.unfinished", b"q_1.unfinished belongs to a run that is at work or was interrupted; "
-             b"the fragments may be of different cuts"),
-            ("touch q_.count.unfinished", b"q_.count.unfinished belongs to a run that is at work or was interrupted; "
-             b"the fragments may be of different cuts"),
-            ("touch q_2", b"q_2 is of another cut; q_.count counts 2 fragments"),
+            ("touch q_1.unfinished", b"q_1.unfinished belongs to a run that is in progress or was interrupted; "
+             b"the fragments may come from different cuts"),
+            ("touch q_.count.unfinished", b"q_.count.unfinished belongs to a run that is in progress or was interrupted; "
+             b"the fragments may come from different cuts"),
+            ("touch q_2", b"q_2 belongs to another cut; q_.count counts 2 fragments"),
             ("touch q_2; rm q_.count", b"the fragments were replaced while they were read"),
         ]:
             with self.subTest(deed):
@@ -299,7 +299,7 @@ class ConcurrentTest(ToolTestCase):
 
     PAIRS = int(os.environ.get("KELPLIB_PAIRS", 6 if programs.ON_WINDOWS else 60))
     ABOUT = re.compile(rb"fragment: (<here>/)?(?:\S+ exists already; .*|\S+ belongs to .*|.* replaced while .*|"
-                       rb".* changed while it was read|\S+ is missing; .*|\S+ is of another cut; .*|"
+                       rb".* changed while it was read|\S+ is missing; .*|"
                        rb"the fragments have .*|cannot read .*|\S+ was removed or replaced meanwhile|\S+ is missing)\n")
 
     def setUp(self):

@@ -52,7 +52,7 @@ class NamesTest(ToolTestCase):
                     ((1, b"", b"slice: cannot read y%s: No such file or directory\n" % shown), "slice", "-sr=2:2", b"y" + name),
                     ((1, b"", b"slice: which lines? Give -tr or -sr, as in: slice -sr=1:10 %s\n" % shown), "slice", name),
                     ((0, COUNTED + b", table: x%s\n" % shown, b""), "histogram", "-f", "-e=0:3", flag, name),
-                    ((1, b"", b"histogram: %s holds no number in these columns\n" % shown),
+                    ((1, b"", b"histogram: %s contains no number in these columns\n" % shown),
                      "histogram", "-e=0:3", "-c=2", name),
                     ((2, b"", b"flat_progress: cannot open y%s: No such file or directory\n" % shown),
                      "flat_progress", b"y" + name),

@@ -36,14 +36,14 @@ TEXTS = [
 HELP = b"""\
 usage: flat_progress FILE
 
-Finds the lines of a text that hold a byte outside ASCII, and shows the first
-such byte of the first ten of them as FILE:LINE:COLUMN. A file whose name is a
-flag needs its folder, as in ./-h.
+Finds the lines of a text file that contain a byte outside ASCII, and prints
+the first such byte of each of the first ten lines as FILE:LINE:COLUMN. If a
+file is called -h or --help, write ./-h or ./--help.
 
   -h, --help  shows this help
 
-Exit status: 0 every byte is ASCII, 1 some are not, 2 the file cannot be read
-or the findings cannot be written.
+Exit status: 0 if every byte is ASCII, 1 if not, 2 if the file cannot be read
+or the results cannot be written.
 """
 
 
@@ -85,7 +85,7 @@ class FlatProgress(unittest.TestCase):
                 done = subprocess.run([PROGRAM, "text"], cwd=self.folder, env={**os.environ, **environment}, stdout=full,
                                       stderr=subprocess.PIPE, stdin=subprocess.DEVNULL, timeout=60, check=False)
             self.assertEqual((done.returncode, done.stderr),
-                             (2, b"flat_progress: standard output cannot be written\n"))
+                             (2, b"flat_progress: cannot write standard output\n"))
 
     @unittest.skipIf(programs.ON_WINDOWS, "a folder cannot even be opened there")
     def test_folder(self):

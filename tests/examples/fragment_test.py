@@ -67,8 +67,8 @@ SCREENS = [
 
 # data.bin has 1000 bytes.
 REFUSED_OPTIONS = [
-    (["data.bin"], b"one of -n=PIECES, -s=BYTES or -j is needed"),
-    (["-f", "-o=out", "data.bin"], b"one of -n=PIECES, -s=BYTES or -j is needed"),
+    (["data.bin"], b"one of -n=PIECES, -s=BYTES and -j is required"),
+    (["-f", "-o=out", "data.bin"], b"one of -n=PIECES, -s=BYTES and -j is required"),
     (["-n=2", "-s=5", "data.bin"], b"-n and -s cannot be combined"),
     (["-n=2", "-j", "-o=out", "data.bin"], b"-n and -j cannot be combined"),
     (["-s=2", "-j", "-o=out", "data.bin"], b"-s and -j cannot be combined"),
@@ -80,8 +80,8 @@ REFUSED_OPTIONS = [
     (["-j", "--output=\\", "data.bin"], b"-o=\\: a name of one character needs its folder, as in ./\\"),
     (["-j", "-o=C:file", "data.bin"], b"-o=C:file: begins like a drive; write the folder before the name"),
     (["-n=2", "-o=::", "data.bin"], b"-o=::: begins like a drive; write the folder before the name"),
-    (["-n=2", "data.bin", "data.bin"], b"one file is cut at a time, not 2"),
-    (["-s=2", "data.bin", "nowhere", "x"], b"one file is cut at a time, not 3"),
+    (["-n=2", "data.bin", "data.bin"], b"only one file can be cut at a time, not 2"),
+    (["-s=2", "data.bin", "nowhere", "x"], b"only one file can be cut at a time, not 3"),
     (["-n=1", "-n=1", "data.bin"], b"-n is given twice"),
     (["-s=1", "data.bin", "--SIZE=2"], b"-s is given twice"),
     (["-n=1", "-o=out", "-o=other", "data.bin"], b"-o is given twice"),
@@ -118,10 +118,10 @@ REFUSED_FILES = [
     (["-j", "-o=out", "data.bin", "folder"], b"folder is a directory"),
     (["-j", "-o=out", "data.bin", "nowhere.bin"], b"cannot read nowhere.bin: No such file or directory"),
     (["-n=1", "-o=disc1", "data.bin"],
-     b"<here>/disc1: ends in a digit, which a join would take for a part of the number"),
+     b"<here>/disc1: ends in a digit, which a join would read as part of the number"),
     (["-n=1", "-f", "-o=0", "data.bin"], b"-o=0: a name of one character needs its folder, as in ./0"),
     (["-n=1", "-o=./9", "data.bin"],
-     b"<here>/./9: ends in a digit, which a join would take for a part of the number"),
+     b"<here>/./9: ends in a digit, which a join would read as part of the number"),
     (["-n=1", "-o=folder/taken.", "data.bin"], b"<here>/folder/taken.0 exists already; -f overwrites it"),
     (["-n=1", "-o=fold", "data.bin"], b"<here>/fold0 is a directory"),
     (["-n=1", "-f", "-o=fold", "data.bin"], b"<here>/fold0 is a directory"),
@@ -289,8 +289,8 @@ class CutTest(ToolTestCase):
         self.write("in", b"abcdefghijkl")
         self.write("in.part_2", b"old")
         for here, *arguments in ((b"", "-n=2", "in"), (b"", "-f", "-n=2", "in"), (b"<here>/", "-f", "-s=6", "-o=in.part_", "in")):
-            self.check_refusal(here + b"in.part_2 belongs to another cut; remove it and the fragments that follow it, "
-                                      b"-f replaces only those of the new cut", *arguments)
+            self.check_refusal(here + b"in.part_2 belongs to another cut; remove it and the fragments after it "
+                                      b"(-f replaces only fragments of the new cut)", *arguments)
         self.write("xy10", b"another number of digits")
         self.assertEqual((0, b""), self.tool("-n=10", "-o=xy", "in")[::2])
 
@@ -479,7 +479,7 @@ class NoteTest(ToolTestCase):
         self.write("p_1", b"x")
         self.write("p_0", b"x")
         self.write("p_.count", b"fragments: 1\nbytes: 1\n")
-        self.check_refusal(b"p_1 is of another cut; p_.count counts 1 fragment", "-j", "-o=out", "p_0", "p_1")
+        self.check_refusal(b"p_1 belongs to another cut; p_.count counts 1 fragment", "-j", "-o=out", "p_0", "p_1")
         self.check(b"fragments: 1, bytes: 1, joined: <here>/out\n", "-j", "-o=out", "p_.count", "p_0")
 
     def test_two_sets(self):
@@ -505,9 +505,9 @@ class NoteTest(ToolTestCase):
     def test_fragments_of_other_cuts(self):
         self.write("q_3", b"x")
         for first in ("q_0", "q_3"):
-            self.check_refusal(b"q_3 is of another cut; q_.count counts 3 fragments", "-j", "-o=out", first)
+            self.check_refusal(b"q_3 belongs to another cut; q_.count counts 3 fragments", "-j", "-o=out", first)
         self.write("q_00", b"y")
-        self.check_refusal(b"q_00 is of another cut; q_.count counts 3 fragments", "-j", "-o=out", "q_00")
+        self.check_refusal(b"q_00 belongs to another cut; q_.count counts 3 fragments", "-j", "-o=out", "q_00")
 
     def test_other_files_of_this_name(self):
         # Without a note the names have to do.
@@ -527,8 +527,8 @@ class NoteTest(ToolTestCase):
     def test_note_of_a_run_at_work(self):
         for end in (b".unfinished", b".replaced"):
             self.write("q_.count" + end.decode(), b"")
-            self.check_refusal(b"q_.count" + end + b" belongs to a run that is at work or was interrupted; "
-                               b"the fragments may be of different cuts", "-j", "-o=out", "q_0")
+            self.check_refusal(b"q_.count" + end + b" belongs to a run that is in progress or was interrupted; "
+                               b"the fragments may come from different cuts", "-j", "-o=out", "q_0")
             (self.folder / ("q_.count" + end.decode())).unlink()
 
     def test_joining_into_the_note(self):
@@ -537,11 +537,11 @@ class NoteTest(ToolTestCase):
 
     def test_cutting_again(self):
         self.check_refusal(b"<here>/q_.count exists already; -f overwrites it", "-n=3", "-o=q_", "in")
-        self.check_refusal(b"<here>/q_2 belongs to another cut; remove it and the fragments that follow it, "
-                           b"-f replaces only those of the new cut", "-f", "-n=2", "-o=q_", "in")
+        self.check_refusal(b"<here>/q_2 belongs to another cut; remove it and the fragments after it "
+                           b"(-f replaces only fragments of the new cut)", "-f", "-n=2", "-o=q_", "in")
         self.write("long", b"x" * 11)
-        self.check_refusal(b"<here>/q_0 belongs to another cut; remove it and the fragments that follow it, "
-                           b"-f replaces only those of the new cut", "-f", "-n=11", "-o=q_", "long")
+        self.check_refusal(b"<here>/q_0 belongs to another cut; remove it and the fragments after it "
+                           b"(-f replaces only fragments of the new cut)", "-f", "-n=11", "-o=q_", "long")
         self.check(b"fragments: 4, bytes: 8, first: <here>/q_0, last: <here>/q_3\n", "-f", "-n=4", "-o=q_", "in")
         self.assertEqual(b"fragments: 4\nbytes: 8\n", self.contents()["q_.count"])
 
@@ -688,7 +688,7 @@ class LeftoverTest(ToolTestCase):
                 self.check_refusal(problem, *arguments)
 
     def test_fragments_beside_leftovers(self):
-        problem = b" belongs to a run that is at work or was interrupted; the fragments may be of different cuts"
+        problem = b" belongs to a run that is in progress or was interrupted; the fragments may come from different cuts"
         for name in ["f0", "f1", "f2"]:
             self.write(name, name.encode())
         for name in ["f0.replaced", "f2.unfinished", "f3.unfinished"]:
@@ -773,7 +773,7 @@ class SystemErrorTest(ToolTestCase):
         with open("/dev/full", "wb") as full:
             done = subprocess.run([PROGRAM, "-n=2", "in"], cwd=self.folder, stdin=subprocess.DEVNULL, stdout=full,
                                   stderr=subprocess.PIPE, timeout=60, check=False)
-        self.assertEqual((1, b"fragment: all files are written, but standard output cannot be\n"),
+        self.assertEqual((1, b"fragment: all files are written, but the summary cannot be printed\n"),
                          (done.returncode, done.stderr))
         self.assertEqual({"in": b"1234", "in.part_.count": b"fragments: 2\nbytes: 4\n", "in.part_0": b"12",
                           "in.part_1": b"34"}, self.contents())

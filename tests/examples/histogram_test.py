@@ -24,11 +24,11 @@ SCREEN = (
     b"  histogram [-r=FROM:TO] [-b=COUNT] [-c=COLUMNS] [-o=TABLE [-f]] [-v] FILE  or  -e=EDGES ... FILE\n"
     b"\n"
     b"\033[36mOptions:\033[0m\n"
-    b"  \033[34m-b, --bins:\033[0m divides the range into COUNT bins of the same width (without it: 10)\n"
+    b"  \033[34m-b, --bins:\033[0m divides the range into COUNT bins of the same width (default: 10)\n"
     b"\n"
-    b"  \033[34m-c, --columns:\033[0m counts these columns only, as in 1,3 (without it: all); blanks, commas and semicolons part them\n"
+    b"  \033[34m-c, --columns:\033[0m counts only these columns, as in 1,3 (default: all); blanks, commas and semicolons separate columns\n"
     b"\n"
-    b"  \033[34m-e, --edges:\033[0m the edges of the bins in place of -r and -b, as in 0:1:2.5:10\n"
+    b"  \033[34m-e, --edges:\033[0m the edges of the bins, instead of -r and -b, as in 0:1:2.5:10\n"
     b"\n"
     b"  \033[34m-f, --force:\033[0m overwrites TABLE\n"
     b"\n"
@@ -36,13 +36,13 @@ SCREEN = (
     b"\n"
     b"  \033[34m-o, --output:\033[0m writes a table of the bins to TABLE\n"
     b"\n"
-    b"  \033[34m-r, --range:\033[0m FROM:TO, the range of the bins (without it: from the lowest to the highest number)\n"
+    b"  \033[34m-r, --range:\033[0m the range of the bins, FROM:TO (default: from the lowest to the highest number)\n"
     b"\n"
-    b"  \033[34m-v, --verbose:\033[0m tells the lowest and the highest number and the edges of the bins\n"
+    b"  \033[34m-v, --verbose:\033[0m prints the lowest and the highest number and the edges of the bins\n"
     b"\n"
     b"\n"
     b"\033[36mArguments:\033[0m\n"
-    b"  \033[34mFILE:\033[0m the text with the numbers\n"
+    b"  \033[34mFILE:\033[0m the text file with the numbers\n"
     b"\n"
     b"\n"
     b"\033[36mExample:\033[0m\n"
@@ -109,34 +109,34 @@ REFUSED = [
     (["-r=0:-0", "data"], b"-r=0:-0: the range is empty"),
     (["-r=5:1", "data"], b"-r=5:1: the range ends before it begins"),
     (["--range=-1:-1.5", "data"], b"-r=-1:-1.5: the range ends before it begins"),
-    (["-r=", "data"], b"-r=: \"\" is no number"),
-    (["-r=1:", "data"], b"-r=1:: \"\" is no number"),
-    (["-r=1::2", "data"], b"-r=1::2: \"\" is no number"),
-    (["-r=1:2x", "data"], b"-r=1:2x: \"2x\" is no number"),
-    (["-r=a:b", "data"], b"-r=a:b: \"a\" is no number"),
-    (["-r=nan:1", "data"], b"-r=nan:1: \"nan\" is no number"),
-    (["-r=0:1e999", "data"], b"-r=0:1e999: \"1e999\" is no number"),
+    (["-r=", "data"], b"-r=: \"\" is not a number"),
+    (["-r=1:", "data"], b"-r=1:: \"\" is not a number"),
+    (["-r=1::2", "data"], b"-r=1::2: \"\" is not a number"),
+    (["-r=1:2x", "data"], b"-r=1:2x: \"2x\" is not a number"),
+    (["-r=a:b", "data"], b"-r=a:b: \"a\" is not a number"),
+    (["-r=nan:1", "data"], b"-r=nan:1: \"nan\" is not a number"),
+    (["-r=0:1e999", "data"], b"-r=0:1e999: \"1e999\" is not a number"),
     (["-r=-1e308:1e308", "data"], b"the range -1e+308:1e+308 is too wide"),
     (["-r=1:1.0000000000000002", "data"], b"the range 1:1.0000000000000002 is too narrow for 10 bins"),
     (["-b=0", "data"], b"-b=0: not a whole number from 1 to 1000"),
     (["-b=1001", "data"], b"-b=1001: not a whole number from 1 to 1000"),
     (["-b=ten", "data"], b"-b=ten: not a whole number from 1 to 1000"),
-    (["-e=1", "data"], b"-e=1: from 2 to 1001 edges are needed"),
+    (["-e=1", "data"], b"-e=1: a list of 2 to 1001 edges is required"),
     (["-e=" + ":".join(str(i) for i in range(1002)), "data"],
-     b"-e=" + b":".join(str(i).encode() for i in range(1002)) + b": from 2 to 1001 edges are needed"),
-    (["-e=0:1:1", "data"], b"-e=0:1:1: each edge has to be above the one before"),
-    (["-e=2:1", "data"], b"-e=2:1: each edge has to be above the one before"),
-    (["-e=0,1", "data"], b"-e=0,1: \"0,1\" is no number"),
-    (["-e=0:x:1", "data"], b"-e=0:x:1: \"x\" is no number"),
+     b"-e=" + b":".join(str(i).encode() for i in range(1002)) + b": a list of 2 to 1001 edges is required"),
+    (["-e=0:1:1", "data"], b"-e=0:1:1: each edge has to be greater than the one before"),
+    (["-e=2:1", "data"], b"-e=2:1: each edge has to be greater than the one before"),
+    (["-e=0,1", "data"], b"-e=0,1: \"0,1\" is not a number"),
+    (["-e=0:x:1", "data"], b"-e=0:x:1: \"x\" is not a number"),
     (["-e=0:1", "-b=2", "data"], b"-b and -e cannot be combined"),
     (["-e=0:1", "-r=0:1", "data"], b"-r and -e cannot be combined"),
-    (["-c=0", "data"], b"-c=0: \"0\" is no column number"),
-    (["-c=", "data"], b"-c=: \"\" is no column number"),
-    (["-c=1,", "data"], b"-c=1,: \"\" is no column number"),
-    (["-c=1:2", "data"], b"-c=1:2: \"1:2\" is no column number"),
-    (["-c=-1", "data"], b"-c=-1: \"-1\" is no column number"),
-    (["-c=1,1000001", "data"], b"-c=1,1000001: \"1000001\" is no column number"),
-    (["-c=99999999999", "data"], b"-c=99999999999: \"99999999999\" is no column number"),
+    (["-c=0", "data"], b"-c=0: \"0\" is not a column number"),
+    (["-c=", "data"], b"-c=: \"\" is not a column number"),
+    (["-c=1,", "data"], b"-c=1,: \"\" is not a column number"),
+    (["-c=1:2", "data"], b"-c=1:2: \"1:2\" is not a column number"),
+    (["-c=-1", "data"], b"-c=-1: \"-1\" is not a column number"),
+    (["-c=1,1000001", "data"], b"-c=1,1000001: \"1000001\" is not a column number"),
+    (["-c=99999999999", "data"], b"-c=99999999999: \"99999999999\" is not a column number"),
     (["-c", "data"], b"-c: this option needs a value after \"=\""),
     (["--bens=5", "data"], b"--bens=5: no such option"),
     (["-f=1", "data"], b"-f=1: this option takes no value"),
@@ -147,14 +147,14 @@ REFUSED = [
     (["-o=sub", "data"], b"<here>/sub is a directory"),
     (["-o=left", "-f", "data"], b"<here>/left.unfinished exists already; remove it unless another run is writing it"),
     (["-o=gone/table", "data"], b"cannot create <here>/gone/table: No such file or directory"),
-    (["data", "data"], b"one file is counted at a time, not 2"),
+    (["data", "data"], b"only one file can be counted at a time, not 2"),
     (["*"], b"*: name the file, patterns are not expanded"),
     (["."], b". is a directory"),
-    (["empty"], b"empty holds no number"),
-    (["-e=0:1", "words"], b"words holds no number"),
-    (["-r=0:1", "empty"], b"empty holds no number"),
-    (["-c=2", "data"], b"data holds no number in these columns"),
-    (["-c=2", "-r=0:1", "-o=table", "data"], b"data holds no number in these columns"),
+    (["empty"], b"empty contains no number"),
+    (["-e=0:1", "words"], b"words contains no number"),
+    (["-r=0:1", "empty"], b"empty contains no number"),
+    (["-c=2", "data"], b"data contains no number in these columns"),
+    (["-c=2", "-r=0:1", "-o=table", "data"], b"data contains no number in these columns"),
 ]
 
 
@@ -266,7 +266,7 @@ class SystemErrorTest(ToolTestCase):
     def test_file_of_unknown_size(self):
         # Its size is told as 0.
         status, output, problem = self.tool("-e=0:1e18", "-c=2", "/proc/self/stat")
-        self.assertEqual((1, b"", b"histogram: /proc/self/stat holds no number in these columns\n"),
+        self.assertEqual((1, b"", b"histogram: /proc/self/stat contains no number in these columns\n"),
                          (status, output, problem))
         status, output, problem = self.tool("-e=0:1e18", "-c=1", "/proc/self/stat")
         self.assertEqual((0, b"0:1e+18 1 #\ncounted: 1, below: 0, above: 0, NaN: 0, not numbers: 0\n", b""),

@@ -15,34 +15,33 @@ HELP = b"""\
 usage: slice (-tr=FROM:TO | -sr=FROM:TO) [-r] [-n=COUNT] [-o=FILE [-f]]
              (-i=FILE | FILE)...
 
-Writes the lines whose time, or whose line number, lies in a range. Both ends
-belong to it.
+Writes the lines whose time or line number is in a range, including both ends.
 
   -tr=FROM:TO, --timerange=FROM:TO   the range of times, two numbers
   -sr=FROM:TO, --steprange=FROM:TO   the range of line numbers, from 1
-  -r        times count from the first one of each file
-  -n=COUNT  stops after so many lines
-  -o=FILE   writes to FILE in place of standard output
+  -r        counts times from the first time in each file
+  -n=COUNT  stops after COUNT lines
+  -o=FILE   writes to FILE instead of standard output
   -f        overwrites FILE
   -i=FILE   reads FILE, before the files that are named without -i
   -h, --help  shows this help
 
-A value stands behind its flag and "=". Files are read one after the other;
-line numbers begin anew in each.
+A value follows its flag and "=", as in -n=5. Files are read one after the
+other; line numbers start at 1 in each file.
 
-A line begins with its time, perhaps behind blanks and "[". A time is
+A line begins with its time; blanks and "[" may precede it. A time is
   a number                    0.25  1e-3  1700000000
   a clock time                12:34:56  12:34:56.7
                               the seconds since midnight, here 45296
   a date, or date and time    2026-11-21  2026-11-21T12:34:56.7+01:00
                               the seconds since 1970 (date -u +%s -d TIME);
-                              without Z or an offset it is taken as UTC
-and ends at a blank, a comma, a semicolon, "]" or the line's end. A line
-without a time goes with the line before; lines before the first time are
-left out.
+                              without Z or an offset, the time is UTC
+and ends at a blank, a comma, a semicolon, "]" or the end of the line. A line
+without a time belongs to the line before it. Lines before the first time are
+not written.
 
-Exit status: 0 lines were written, 1 something is wrong, 2 no line lies in the
-range. In the last two cases FILE is as it was before.
+Exit status: 0 if lines were written, 1 after an error, 2 if no line is in the
+range. In the last two cases, the FILE of -o is unchanged.
 """
 
 # What a line begins with, its time.
@@ -98,16 +97,16 @@ RANGES = [
 ]
 
 NOTHING = [
-    (["-sr=6:9", "table"], b"no such line; the longest file ends with line 5"),
-    (["-sr=1:9", "empty"], b"there is no line to choose from"),
-    (["-sr=6:9", "other", "table", "empty"], b"no such line; the longest file ends with line 5"),
-    (["-tr=5.1:6", "table"], b"no time lies in the range; all of them lie in 1:5"),
+    (["-sr=6:9", "table"], b"no such line; the last line of the longest file is 5"),
+    (["-sr=1:9", "empty"], b"the input has no lines"),
+    (["-sr=6:9", "other", "table", "empty"], b"no such line; the last line of the longest file is 5"),
+    (["-tr=5.1:6", "table"], b"no time is in the range; the times are in 1:5"),
     (["-tr=-1:0.9", "table", "log"], None),
-    (["-tr=2.5:2.6", "table"], b"no time lies in the range; all of them lie in 1:5"),
-    (["-r", "-tr=4.1:6", "table"], b"no time lies in the range; all of them lie in 0:4"),
-    (["-tr=7:8", "table", "log"], b"no time lies in the range; all of them lie in 0.1:5"),
+    (["-tr=2.5:2.6", "table"], b"no time is in the range; the times are in 1:5"),
+    (["-r", "-tr=4.1:6", "table"], b"no time is in the range; the times are in 0:4"),
+    (["-tr=7:8", "table", "log"], b"no time is in the range; the times are in 0.1:5"),
     (["-tr=0:9", "other"], b"no line begins with a time; -sr selects lines by their numbers"),
-    (["-tr=0:9", "empty", "empty"], b"there is no line to choose from"),
+    (["-tr=0:9", "empty", "empty"], b"the input has no lines"),
 ]
 
 
@@ -209,7 +208,7 @@ REFUSED_FLAGS = [
     ([], b"which lines? Give -tr or -sr, as in: slice -sr=1:10 FILE"),
     (["table"], b"which lines? Give -tr or -sr, as in: slice -sr=1:10 table"),
     (["-n=5", "-i=table", "other"], b"which lines? Give -tr or -sr, as in: slice -sr=1:10 other"),
-    (["-tr=1:2"], b"no file to read is named"),
+    (["-tr=1:2"], b"no input file is named"),
     (["-tr=1:2", "-sr=1:2", "table"], b"-tr and -sr cannot be combined"),
     (["--timerange=1:2", "--steprange=1:2", "table"], b"-tr and -sr cannot be combined"),
     (["-tr=1:2", "--timerange=1:2", "table"], b"-tr is given twice"),
@@ -217,8 +216,8 @@ REFUSED_FLAGS = [
     (["-sr=1:2", "-n=1", "-N=2", "table"], b"-n is given twice"),
     (["-sr=1:2", "-o=a", "-o=b", "table"], b"-o is given twice"),
     (["-sr=1:2", "-f", "-f", "table"], b"-f is given twice"),
-    (["-sr=1:2", "-r", "table"], b"-r counts times and goes with -tr"),
-    (["-sr=1:2", "-f", "table"], b"-f overwrites a file and goes with -o"),
+    (["-sr=1:2", "-r", "table"], b"-r requires -tr"),
+    (["-sr=1:2", "-f", "table"], b"-f requires -o"),
     (["-TR=1:2", "table"], b"-TR=1:2: no such flag"),
     (["--TimeRange=1:2", "table"], b"--TimeRange=1:2: no such flag"),
     (["--HELP"], b"--HELP: no such flag"),
@@ -239,7 +238,7 @@ REFUSED_FLAGS = [
     (["-sr=1:2", "--", "table"], b"--: no such flag"),
     (["-sr=1:2", "-5", "table"], b"-5: no such flag"),
     (["-sr=1:2", "-=5", "table"], b"-=5: no such flag"),
-    (["-sr=1:2", ""], b"the name of a file is empty"),
+    (["-sr=1:2", ""], b"a file name is empty"),
     (["=-tr=1:2", "-tr=3:4", "table"], b"=-tr=1:2: a name that begins with \"=\" needs its folder, as in ./=-tr=1:2"),
 ]
 
