@@ -1,9 +1,12 @@
-/* Loaded before the system's library, this does something right before one of the process's calls that change its files.
+/* Loaded with LD_PRELOAD, this acts right before one of the calls with which the process creates, renames, synchronises or
+ * removes a file.
  *
- * KELPLIB_STEP is the number of the call, counted from 1 over files created, moved without replacing, synchronised and
- * removed; or the name of one of those functions and the number of its call, as in "renameat2 2". KELPLIB_DEED is "kill" (by
- * SIGKILL), "fail" (this call and all after it, of the same function when one is named, as on a broken disk), "refuse"
- * (likewise, as on a file system that cannot move without replacing) or a command for the shell. */
+ * KELPLIB_STEP selects the call: its number among all these calls, counted from 1, or a function and the number of its call,
+ * as in "renameat2 2". KELPLIB_DEED is the action:
+ *   kill     ends the process with SIGKILL
+ *   fail     lets this and all later calls (of the function, if one is named) fail with EIO, as on a broken disk
+ *   refuse   likewise with EINVAL, as on a file system that cannot rename without replacing
+ * Anything else is a shell command to run. */
 #define _GNU_SOURCE
 
 #include <dlfcn.h>
@@ -16,7 +19,7 @@
 #include <sys/types.h>
 #include <unistd.h>
 
-/* Whether the call is the one that was asked for, or, for a failure, one after it. */
+/* Whether this is the selected call or, with and_later, a later one. */
 static int is_due(const char* name, int and_later) {
     static long done = 0;
     const char* step = getenv("KELPLIB_STEP");
@@ -33,7 +36,7 @@ static int is_due(const char* name, int and_later) {
     return and_later ? done >= strtol(step, NULL, 10) : done == strtol(step, NULL, 10);
 }
 
-/* Returns 0, or the reason for which the call has to fail. */
+/* Acts if the call is selected. Returns 0, or the errno value with which the call has to fail. */
 static int before(const char* name) {
     const char* const deed = getenv("KELPLIB_DEED");
     const int fails = deed != NULL && strcmp(deed, "fail") == 0;

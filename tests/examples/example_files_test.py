@@ -1,7 +1,7 @@
-"""The files of the example tools while other programs are at work in the same folder, or the process is killed.
+"""The files that the example tools write while other programs change the same folder, or while the process is killed.
 
-Most tests cut a file; all the tools write their files with the same code. KELPLIB_PAIRS is how many pairs of runs at
-once there are, for a longer trial by hand.
+Most tests cut a file with fragment; all tools write their files with the same code. Set KELPLIB_PAIRS to run more pairs of
+tools at the same time.
 """
 
 import collections
@@ -15,15 +15,15 @@ import unittest
 import programs
 from example_tool import PROGRAM, ToolTestCase, native_only, preloaded, pseudo_random
 
-needs_steps = unittest.skipUnless("KELPLIB_AT_STEP" in os.environ, "this build loads nothing before the tool")
+needs_steps = unittest.skipUnless("KELPLIB_AT_STEP" in os.environ, "this build cannot load at_step.c into the tool")
 
 NEW = {"in": b"1234", "q_.count": b"fragments: 2\nbytes: 4\n", "q_0": b"12", "q_1": b"34"}
 OLD = {"in": b"1234", "q_.count": b"old count", "q_0": b"old 0", "q_1": b"old 1"}
 NAMES = ["q_.count", "q_0", "q_1"]
 CUT = ["-n=2", "-o=q_", "in"]
 
-# The calls that create, move, synchronise and remove files: 3 files; the same with -f, which moves 3 files away before,
-# synchronises them and their folder, and removes them.
+# The number of calls that create, rename, synchronise or remove files. A cut into 3 files creates and renames each. With -f it
+# also renames 3 old files before, synchronises the new files and the folder, and removes the old files.
 STEPS = 3 + 3
 STEPS_WITH_FORCE = 3 + 3 + 2 * 3 + 1 + 3
 
@@ -42,7 +42,7 @@ class StepTestCase(ToolTestCase):
             self.write(name, data)
 
     def run_at(self, step, deed, *arguments):
-        """A run in which something is done right before one of its steps."""
+        """Runs the tool and does the deed right before one of its steps; see at_step.c."""
         with tempfile.TemporaryDirectory(dir=self.shims) as folder:
             return self.tool(*arguments,
                              env=preloaded("KELPLIB_AT_STEP", folder, KELPLIB_STEP=str(step), KELPLIB_DEED=deed))
@@ -51,13 +51,13 @@ class StepTestCase(ToolTestCase):
         return self.run_at(step, deed, *options, *CUT)
 
     def names_at(self, step, *options):
-        """The names in the folder right before a step of a cut."""
+        """Returns the names in the folder right before a step of a cut."""
         self.assertEqual(0, self.cut_at(step, f"ls >{self.shims}/seen", *options)[0])
         with open(f"{self.shims}/seen", encoding="ascii") as seen:
             return seen.read().split()
 
     def check_kept(self, before, after, errors):
-        """No old file is lost: it has its name, or another one that the tool names."""
+        """Checks that every old file still has its name, or another name that the tool prints."""
         for name, data in before.items():
             if after.get(name) != data:
                 self.assertEqual(data, after.get(name + ".replaced"))
@@ -73,7 +73,7 @@ class StepTest(StepTestCase):
                 self.assertEqual(result, self.cut_at(step, "kill", *options)[0])
 
     def test_foreign_files_at_every_step(self):
-        # A link to a file is made only where nothing has the name.
+        # ln fails if the name is in use.
         for options, files, steps in [([], {"in": b"1234"}, STEPS), (["-f"], OLD, STEPS_WITH_FORCE)]:
             for step in range(1, steps + 1):
                 for planted in [name + end for name in NAMES for end in ("", ".unfinished", ".replaced")]:
@@ -89,7 +89,7 @@ class StepTest(StepTestCase):
         if after.pop("done", None) is None:
             self.assertEqual((0, NEW), (status, {name: data for name, data in after.items() if name != "precious"}))
         elif status == 0:
-            # With -f a file that comes before its turn is an old one as any other.
+            # With -f a file that appears before its name is checked is replaced like any old file.
             found = {name: data for name, data in after.items() if name not in ("precious", planted)}
             self.assertEqual({name: data for name, data in NEW.items() if name != planted}, found)
             self.assertIn(after[planted], [b"precious", NEW[planted]] if force and planted in NEW else [b"precious"])
@@ -166,13 +166,13 @@ class StepTest(StepTestCase):
                 self.check_next_run(left, step)
 
     def check_nothing_lost(self, found):
-        """Every old file is there, unless all the new ones are."""
+        """Checks that every old file exists, unless all new files do."""
         if {name: found.get(name) for name in NEW} != NEW:
             for name, data in OLD.items():
                 self.assertIn(data, (found.get(name), found.get(name + ".replaced")))
 
     def check_next_run(self, left, step):
-        """It does its work when nothing is left over; otherwise it names what is."""
+        """Checks that the next run succeeds if the killed run left nothing, and otherwise names a file that it left."""
         status, _, errors = self.tool("-f", *CUT)
         if step == 1:
             self.assertEqual((0, NEW), (status, self.contents()))
@@ -183,14 +183,14 @@ class StepTest(StepTestCase):
             self.tool("-j", "-o=out", "q_0")
             self.assertNotIn("out", self.contents())
 
-    def test_file_system_that_cannot_move_without_replacing(self):
+    def test_file_system_without_renaming_that_never_replaces(self):
         for options, files in [([], {"in": b"1234"}), (["-f"], OLD)]:
             self.start_with(files)
             self.assertEqual((0, b""), self.cut_at("renameat2 1", "refuse", *options)[::2])
             self.assertEqual(NEW, self.contents())
 
-    def test_what_is_synchronised_before_the_old_goes(self):
-        # Each new file while the old ones have their names, the folder while they still exist.
+    def test_synchronised_before_old_files_are_removed(self):
+        # New files are synchronised while the old files have their names, the folder while the old files exist.
         for step, left in [
             ("fsync 1", [*OLD, "q_.count.unfinished"]),
             ("fsync 3", [*OLD, *(name + ".unfinished" for name in NAMES)]),
@@ -200,7 +200,7 @@ class StepTest(StepTestCase):
             self.assertEqual(sorted(left), sorted(self.names_at(step, "-f")))
 
     def test_order_of_names(self):
-        # The first file is the first to be created and the last to get its name.
+        # The first file is created first and gets its name last.
         for step, left in [
             ("open 2", ["in", "q_.count.unfinished"]),
             ("open 3", ["in", "q_.count.unfinished", "q_0.unfinished"]),
@@ -210,14 +210,14 @@ class StepTest(StepTestCase):
             self.start_with({"in": b"1234"})
             self.assertEqual(left, sorted(self.names_at(step)))
 
-    def test_name_that_is_taken_before_its_turn(self):
-        # The second fragment is not begun.
+    def test_name_in_use_before_its_file_is_started(self):
+        # The second fragment is not started.
         self.start_with({"in": b"1234"})
         self.assertEqual((1, b"<here>/q_0: 2 bytes\n", b"fragment: <here>/q_0 exists already; -f overwrites it\n"),
                          self.cut_at("open 2", "touch q_0", "-v"))
 
     def test_foreign_files_instead_of_own_ones(self):
-        # What a run that fails finds under its names it only removes when it has put it there.
+        # A run that fails only removes files that it has created itself.
         for step, deed in [("open 3", "mv precious q_0.unfinished"), ("renameat2 2", "touch q_0 && mv precious q_1")]:
             with self.subTest(step):
                 self.start_with({"in": b"1234", "precious": b"precious"})
@@ -257,7 +257,7 @@ class PermissionTest(StepTestCase):
             self.assertEqual([0o666 & ~mask] * 3, [self.mode(name) for name in NAMES])
 
     def test_permissions_of_overwritten_files(self):
-        # The other bits would make a program that acts for its new owner.
+        # A set-user-ID or set-group-ID bit would let a program run with the rights of its new owner.
         for before, after in [(0o600, 0o600), (0o644, 0o644), (0o755, 0o755), (0o4755, 0o755), (0o2755, 0o755), (0o1644, 0o644),
                               (0o6777, 0o777), (0o400, 0o400)]:
             with self.subTest(oct(before)):
@@ -278,13 +278,13 @@ class PermissionTest(StepTestCase):
                 self.assertEqual(after, self.mode("q_0"))
 
     def test_unfinished_files_are_private(self):
-        # The tool stops in its trace output, which does not fit into the pipe, when it has started the first fragment.
+        # The tool blocks in its trace output, which does not fit into the pipe, after it has started the first fragment.
         self.write("in", pseudo_random(100))
         base = "./" * 1000 + "q_"
         with subprocess.Popen([PROGRAM, "-v", "-n=100", "-o=" + base, "in"], cwd=self.folder, bufsize=0, pipesize=4096,
                               preexec_fn=lambda: os.umask(0), stdin=subprocess.DEVNULL, stdout=subprocess.PIPE) as tool:
             tool.stdout.read(2100)
-            # Until it stops, the last file may be finished, and the next one not yet created.
+            # Before it blocks, it may have finished a file and not yet created the next one.
             modes = set()
             while 0o600 not in modes:
                 self.assertIsNone(tool.poll())
@@ -295,10 +295,10 @@ class PermissionTest(StepTestCase):
 
 
 class ConcurrentTest(ToolTestCase):
-    """Pairs of runs that are started at once. What they leave is what one of them alone would leave."""
+    """Pairs of runs that start at the same time. They leave the files that one of them alone would leave."""
 
     PAIRS = int(os.environ.get("KELPLIB_PAIRS", 6 if programs.ON_WINDOWS else 60))
-    ABOUT = re.compile(rb"fragment: (<here>/)?(?:\S+ exists already; .*|\S+ belongs to .*|.* replaced while .*|"
+    REFUSAL = re.compile(rb"fragment: (<here>/)?(?:\S+ exists already; .*|\S+ belongs to .*|.* replaced while .*|"
                        rb".* changed while it was read|\S+ is missing; .*|"
                        rb"the fragments have .*|cannot read .*|\S+ was removed or replaced meanwhile|\S+ is missing)\n")
 
@@ -318,19 +318,19 @@ class ConcurrentTest(ToolTestCase):
             results.append(tool.returncode)
             if tool.returncode != 0:
                 errors = self.without_folder(programs.plain_line_ends(errors))
-                self.assertRegex(errors, self.ABOUT)
+                self.assertRegex(errors, self.REFUSAL)
                 self.refusals[re.sub(rb"[0-9]+", b"N", errors)] += 1
         return results
 
     def pieces(self, name, count):
-        """The files of a cut, as clear() returns them."""
+        """Returns the files of a cut in the form of clear()."""
         size, longer = divmod(len(self.data[name]), count)
         width = len(str(count - 1))
         return {"q_.count": f"fragments: {count}\nbytes: {len(self.data[name])}\n",
                 **{f"q_{index:0{width}}": f"{size + (index < longer)} {name}" for index in range(count)}}
 
     def clear(self):
-        """Removes what the tools have written. Returns the names with length and letter of each file, or its text."""
+        """Removes the files that the tools have written. Returns the length and the letter of each file, or its text."""
         found = {}
         for name, data in self.contents().items():
             if name not in self.data:
@@ -358,7 +358,7 @@ class ConcurrentTest(ToolTestCase):
                 self.assertIn(self.clear(), [self.pieces(name, counts[name])
                                              for name, result in zip("AZ", results) if result == 0])
 
-    def test_join_of_what_is_replaced(self):
+    def test_join_during_a_replacing_cut(self):
         for pair in range(self.PAIRS):
             before, after = 11 + pair % 10, 11 + pair * 7 % 10 if pair % 2 else 11 + pair % 10
             with self.subTest(before=before, after=after):

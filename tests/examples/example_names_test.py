@@ -1,4 +1,4 @@
-"""Names of files in the example tools: what a terminal would obey is shown as text, and every letter works."""
+"""File names in the example tools: control characters are printed as text, and letters of every language work."""
 
 import os
 import unittest
@@ -8,7 +8,7 @@ from example_tool import PROGRAM, ToolTestCase, native_only
 
 TOOLS = os.path.dirname(PROGRAM)
 
-# A name, and how it is shown.
+# A name, the name as the tools print it.
 SHOWN = [
     ("a\x1b[31mb", b"a\\x1b[31mb"), ("a\x07b\nc\td\x7f", b"a\\x07b\\x0ac\\x09d\\x7f"), ("a\u009bb", b"a\\xc2\\x9bb"),
     ("t\u00e4st\u00a0\u65e5\u672c\U0001f600", "t\u00e4st\u00a0\u65e5\u672c\U0001f600".encode()),
@@ -31,11 +31,11 @@ class NamesTest(ToolTestCase):
 
     @staticmethod
     def utf8():
-        """wine takes the encoding of names from the locale."""
+        """Options for a UTF-8 locale, from which wine takes the encoding of names."""
         return {"env": {**os.environ, "LC_ALL": "C.UTF-8"}}
 
     @native_only
-    def test_what_a_terminal_would_obey(self):
+    def test_control_characters_and_invalid_bytes(self):
         for name, shown in SHOWN:
             name = os.fsencode(name)
             with self.subTest(name=name):
@@ -58,12 +58,12 @@ class NamesTest(ToolTestCase):
                      "flat_progress", b"y" + name),
                     ((0, b"lines with bytes outside ASCII: 0\n", b""), "flat_progress", name),
                 ]:
-                    self.assertEqual(expected, self.with_short_names(*line))
+                    self.assertEqual(expected, self.tool_with_short_names(*line))
                 for path in os.listdir(os.fsencode(self.folder)):
                     os.unlink(os.path.join(os.fsencode(self.folder), path))
 
-    def with_short_names(self, name, *arguments):
-        """What a tool prints, without the folder."""
+    def tool_with_short_names(self, name, *arguments):
+        """Runs a tool. Returns exit status, output and errors without the folder."""
         status, output, problem = self.other_tool(name, *arguments)
         return status, output.replace(b"<here>/", b""), problem.replace(b"<here>/", b"")
 
@@ -77,7 +77,7 @@ class NamesTest(ToolTestCase):
         self.assertEqual((b"a\\x1bb 100.0% ", b""), (output[:14], b"\x1b" if b"\x1b" in output else b""))
 
     @native_only
-    def test_selected_lines_stay_as_they_are(self):
+    def test_selected_lines_are_not_changed(self):
         self.write("in", b"\x1b[31m\x07\xff\n")
         self.assertEqual((0, b"\x1b[31m\x07\xff\n", b""), self.other_tool("slice", "-sr=1:1", "in"))
 

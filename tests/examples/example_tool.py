@@ -1,8 +1,10 @@
-"""Running an example tool in a folder of its own. A test script is started with the path of the built tool."""
+"""Runs an example tool in a temporary folder. The path of the built tool is the argument of the test script."""
 
+import concurrent.futures
 import os
 import pathlib
 import re
+import subprocess
 import sys
 import tempfile
 import unittest
@@ -11,20 +13,20 @@ import programs
 
 PROGRAM = sys.argv.pop()
 
-native_only = unittest.skipIf(programs.ON_WINDOWS, "Windows has nothing of this kind")
-windows_only = unittest.skipUnless(programs.ON_WINDOWS, "only Windows has this")
+native_only = unittest.skipIf(programs.ON_WINDOWS, "not on Windows")
+windows_only = unittest.skipUnless(programs.ON_WINDOWS, "only on Windows")
 
 
 def preloaded(variable, folder, **settings):
-    """The environment that loads the library named by a variable before the tool. LD_PRELOAD splits at blanks, so a link in
-    this folder leads there."""
+    """The environment that loads the library named by `variable` before the tool. LD_PRELOAD splits its value at blanks, so it
+    names a link in `folder` instead of the library."""
     link = os.path.join(folder, variable.lower() + ".so")
     os.symlink(os.path.realpath(os.environ[variable]), link)
     return {**os.environ, "LD_PRELOAD": link, **settings}
 
 
 def pseudo_random(size):
-    """Bytes without a visible pattern, the same in every run."""
+    """Bytes without an obvious pattern, the same in every run."""
     state, words = 1, []
     for _ in range(size // 8 + 1):
         state = (state * 6364136223846793005 + 1442695040888963407) % 2**64
@@ -33,7 +35,7 @@ def pseudo_random(size):
 
 
 class ToolTestCase(unittest.TestCase):
-    """Every test has an empty folder in which the tool runs."""
+    """Runs the tool in a new folder for every test."""
 
     tool_name = os.path.basename(PROGRAM).removesuffix(".exe")
 
@@ -48,7 +50,7 @@ class ToolTestCase(unittest.TestCase):
         (self.folder / name).write_bytes(data)
 
     def contents(self):
-        """Everything in the folder: bytes of files, targets of links, None for a folder."""
+        """Everything in the folder by name: the bytes of a file, the target of a link, None for a folder."""
         found = {}
         for path in sorted(self.folder.rglob("*")):
             name = path.relative_to(self.folder).as_posix()
@@ -59,7 +61,7 @@ class ToolTestCase(unittest.TestCase):
         return found
 
     def tool(self, *arguments, **options):
-        """Runs the tool. It is called by its plain name on both systems, and its folder "<here>"."""
+        """Runs the tool by its plain name. Returns exit status, output and errors, with "<here>" in place of the folder."""
         if programs.ON_WINDOWS:
             result = programs.run(PROGRAM, *arguments, cwd=self.folder, **options)
         else:
@@ -67,18 +69,34 @@ class ToolTestCase(unittest.TestCase):
         return result[0], self.without_folder(result[1]), self.without_folder(result[2])
 
     def without_folder(self, text):
-        """A text of the tool's with "<here>" in place of the folder, in which paths have one delimiter on both systems."""
+        """Replaces the folder by "<here>", and the delimiter of Windows by "/" in paths that begin with the folder."""
         if programs.ON_WINDOWS:
             folder = re.escape(programs.windows_path(self.folder))
             return re.sub(folder + rb"\\([^ \n]*)", lambda path: b"<here>/" + path[1].replace(b"\\", b"/"), text)
         return text.replace(os.fsencode(self.folder) + b"/", b"<here>/")
 
     def check(self, expected_output, *arguments):
-        """The tool succeeds and prints exactly this."""
+        """Checks that the tool succeeds and prints exactly this."""
         self.assertEqual((0, expected_output, b""), self.tool(*arguments))
 
     def check_refusal(self, problem, *arguments, **options):
-        """The tool says exactly this in one line, and the folder is as before."""
+        """Checks that the tool fails with exactly this message and leaves the folder unchanged."""
         before = self.contents()
         self.assertEqual((1, b"", self.tool_name.encode() + b": " + problem + b"\n"), self.tool(*arguments, **options))
         self.assertEqual(before, self.contents())
+
+    def check_screens(self, screens, screen):
+        """Checks help screens of the library. `screens` lists arguments and the message above the help screen."""
+        # All at once: the library pauses for half a second after each screen.
+        with concurrent.futures.ThreadPoolExecutor(len(screens)) as pool:
+            results = list(pool.map(lambda case: self.tool(*case[0]), screens))
+        for (arguments, message), result in zip(screens, results):
+            with self.subTest(arguments=arguments):
+                self.assertEqual((0, message + screen, b""), result)
+
+    def tool_on_full_disk(self, *arguments):
+        """Runs the tool with a standard output that cannot be written. Returns exit status and errors."""
+        with open("/dev/full", "wb") as full:
+            done = subprocess.run([PROGRAM, *arguments], cwd=self.folder, stdin=subprocess.DEVNULL, stdout=full,
+                                  stderr=subprocess.PIPE, timeout=60, check=False)
+        return done.returncode, done.stderr

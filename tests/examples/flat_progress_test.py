@@ -1,4 +1,4 @@
-"""The C example flat_progress: what it finds, and the bar that it shows meanwhile."""
+"""The C example flat_progress: its results, its help, its failures and its bar."""
 
 import os
 import pathlib
@@ -14,7 +14,7 @@ PROGRAM = sys.argv.pop()
 
 NONE = b"lines with bytes outside ASCII: 0\n"
 
-# Bytes of the file, what is printed about it.
+# The content of a file, the report about it.
 TEXTS = [
     (b"", NONE),
     (b"plain\n\ttext\x00\x7f\r\n", NONE),
@@ -26,12 +26,11 @@ TEXTS = [
      b"lines with bytes outside ASCII: 10\n"),
     (12 * b"\xa0\n", b"".join(b"text:%d:1: byte 0xA0\n" % line for line in range(1, 11)) +
      b"... and 2 more lines\nlines with bytes outside ASCII: 12\n"),
-    # A line that lies across the pieces in which the file is read.
+    # Lines that cross the end of the buffer of 65536 bytes.
     (65535 * b"a" + b"\xe4\xf6\n\xfc\n", b"text:1:65536: byte 0xE4\ntext:2:1: byte 0xFC\n"
                                          b"lines with bytes outside ASCII: 2\n"),
     (65536 * b"a" + b"\xe4", b"text:1:65537: byte 0xE4\nlines with bytes outside ASCII: 1\n"),
 ]
-
 
 HELP = b"""\
 usage: flat_progress FILE
@@ -47,7 +46,7 @@ or the results cannot be written.
 """
 
 
-class FlatProgress(unittest.TestCase):
+class FlatProgressTest(unittest.TestCase):
     def setUp(self):
         temporary = tempfile.TemporaryDirectory()
         self.addCleanup(temporary.cleanup)
@@ -87,7 +86,7 @@ class FlatProgress(unittest.TestCase):
             self.assertEqual((done.returncode, done.stderr),
                              (2, b"flat_progress: cannot write standard output\n"))
 
-    @unittest.skipIf(programs.ON_WINDOWS, "a folder cannot even be opened there")
+    @unittest.skipIf(programs.ON_WINDOWS, "a folder cannot be opened there")
     def test_folder(self):
         for environment in ({}, {"MSYSTEM": ""}):
             self.assertEqual(self.run_in_folder(".", **environment),

@@ -1,6 +1,5 @@
 """The fragment tool: its command line, cutting, joining, the notes of cuts, interruptions and errors of the system."""
 
-import concurrent.futures
 import functools
 import os
 import pathlib
@@ -141,12 +140,7 @@ class CommandLineTest(ToolTestCase):
         self.write("folder/taken.0", b"taken")
 
     def test_library_screens(self):
-        # All at once: the library waits half a second after each screen.
-        with concurrent.futures.ThreadPoolExecutor(len(SCREENS)) as pool:
-            results = list(pool.map(lambda case: self.tool(*case[0]), SCREENS))
-        for (arguments, message), result in zip(SCREENS, results):
-            with self.subTest(arguments=arguments):
-                self.assertEqual((0, message + SCREEN, b""), result)
+        self.check_screens(SCREENS, SCREEN)
 
     def test_options(self):
         for arguments, problem in REFUSED_OPTIONS:
@@ -170,7 +164,7 @@ class CommandLineTest(ToolTestCase):
         self.check_refusal(b"-s=1: makes 100001 fragments, more than 100000", "-s=1", "many.bin")
 
     def test_large_file(self):
-        # It has no bytes on the disk, only a size that 32 bits cannot hold.
+        # A hole without bytes on the disk, larger than 32 bits can count.
         with open(self.folder / "large.bin", "wb") as large:
             large.truncate(5 * 2**30 + 1)
         self.assertEqual((1, b"", b"fragment: -s=50000: makes 107375 fragments, more than 100000\n"),
@@ -201,7 +195,7 @@ class CommandLineTest(ToolTestCase):
         for arguments, problem in [
             (["-n=1", "/dev/null"], b"/dev/null is not a regular file"),
             (["-j", "-f", "-o=/dev/null", "data.bin", "data.bin"], b"/dev/null is not a regular file"),
-            # Regular by its look, of size 0, but nothing can be read at its beginning.
+            # A regular file of size 0, but reading it fails.
             (["-j", "-o=out", "data.bin", "/proc/self/mem"], b"cannot read /proc/self/mem: Input/output error"),
         ]:
             with self.subTest(arguments=arguments):
@@ -239,7 +233,7 @@ CUTS = [
 
 
 def note(fragments, size):
-    """What a cut writes beside its fragments."""
+    """The note that a cut writes beside its fragments."""
     return f"fragments: {fragments}\nbytes: {size}\n".encode()
 
 
@@ -376,12 +370,12 @@ class JoinTest(ToolTestCase):
             ("from the second", ["x0", "x1", "x2"], "x1", b"x1x2"),
             ("the last", ["x0", "x1", "x2"], "x2", b"x2"),
             ("lower numbers do not count", ["x1", "x3"], "x3", b"x3"),
-            ("other digit counts", ["x08", "x09", "x10", "x7", "x011", "x11a"], "x08", b"x08x09x10"),
+            ("other numbers of digits", ["x08", "x09", "x10", "x7", "x011", "x11a"], "x08", b"x08x09x10"),
             ("no carry into a new digit", ["x8", "x9", "x10"], "x8", b"x8x9"),
-            ("no gap behind the digit count", ["x9", "x11"], "x9", b"x9"),
+            ("no gap after the last number of this width", ["x9", "x11"], "x9", b"x9"),
             ("other names", ["x0", "x1", "y2", "xy3", "x-4"], "x0", b"x0x1"),
             ("only digits", ["007", "008", "010x"], "007", b"007008"),
-            ("more digits than count", ["90000000000000000000000009", "90000000000000000000000010"],
+            ("more than 14 digits", ["90000000000000000000000009", "90000000000000000000000010"],
              "90000000000000000000000009", b"9000000000000000000000000990000000000000000000000010"),
             ("in a folder", ["sub/x0", "sub/x1"], "sub/x0", b"sub/x0sub/x1"),
         ]:
@@ -510,7 +504,7 @@ class NoteTest(ToolTestCase):
         self.check_refusal(b"q_00 belongs to another cut; q_.count counts 3 fragments", "-j", "-o=out", "q_00")
 
     def test_other_files_of_this_name(self):
-        # Without a note the names have to do.
+        # Without a valid note, only the names count.
         (self.folder / "q_2").unlink()
         for text in (b"", b"1\n", b"fragments: 3\n", b"fragments: 3\r\nbytes: 8\r\n", NOTE + b"\n", b"fragments: 03\nbytes: 8\n",
                      b"fragments: -3\nbytes: 8\n", b"fragments: 99999999999999999999\nbytes: 8\n", NOTE * 9):
@@ -524,7 +518,7 @@ class NoteTest(ToolTestCase):
         (self.folder / "q_.count").mkdir()
         self.check(b"fragments: 2, bytes: 6, joined: <here>/out\n", "-j", "-f", "-o=out", "q_0")
 
-    def test_note_of_a_run_at_work(self):
+    def test_note_of_a_run_in_progress(self):
         for end in (b".unfinished", b".replaced"):
             self.write("q_.count" + end.decode(), b"")
             self.check_refusal(b"q_.count" + end + b" belongs to a run that is in progress or was interrupted; "
@@ -557,7 +551,7 @@ def grow(path):
 
 
 class InterruptedTest(ToolTestCase):
-    """The tool stops in its trace output, which does not fit into the pipe, until somebody reads it."""
+    """The tool blocks in its trace output, which does not fit into the pipe, until the test reads it."""
 
     def setUp(self):
         super().setUp()
@@ -570,9 +564,9 @@ class InterruptedTest(ToolTestCase):
                                 stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, **options)
 
     def start_cut(self, **options):
-        """A cut into 50 fragments that has opened its input and cannot end."""
+        """Starts a cut into 50 fragments, which opens its input and then blocks."""
         tool = self.start("-s=8000", "-o=" + self.name + ".", self.name, **options)
-        for _ in range(2 * len(self.name)):  # into the line of the second fragment
+        for _ in range(2 * len(self.name)):  # up to the line of the second fragment
             tool.stdout.read(1)
         return tool
 
@@ -585,7 +579,7 @@ class InterruptedTest(ToolTestCase):
                          programs.plain_line_ends(problem))
         self.assertEqual({self.name: changed}, self.contents())
 
-    def test_nothing(self):
+    def test_no_interruption(self):
         tool = self.start_cut()
         trace, problem = tool.communicate()
         self.assertEqual((0, b"", 50), (tool.returncode, problem, trace.count(b"\n")))
@@ -598,27 +592,27 @@ class InterruptedTest(ToolTestCase):
 
     @native_only
     def test_grown_fragment(self):
-        # One line of this trace is more than the pipe holds, so the tool is in the middle of the first fragment.
+        # One line of this trace does not fit into the pipe, so the tool blocks before it copies the first fragment.
         name = "./" * 1945 + self.name
         tool = self.start("-j", "-o=out", name, name)
         tool.stdout.read(1)
         self.check_change(tool, name, grow)
 
-    def test_name_taken_meanwhile(self):
+    def test_name_created_meanwhile(self):
         tool = self.start_cut()
         self.write(self.name + ".49", b"precious")
         self.check_problem(tool, f"<here>/{self.name}.49 exists already; -f overwrites it", ".49")
 
-    def test_unfinished_name_taken_meanwhile(self):
+    def test_unfinished_name_created_meanwhile(self):
         tool = self.start_cut()
         self.write(self.name + ".49.unfinished", b"precious")
         self.check_problem(tool, f"<here>/{self.name}.49{IN_USE.decode()}", ".49.unfinished")
 
     def check_problem(self, tool, problem, suffix):
-        """The tool stops with the problem; nothing is there but its input and the precious file of somebody else."""
-        _, told = tool.communicate()
+        """Checks that the tool fails with the problem and leaves only its input and the file of the other program."""
+        _, errors = tool.communicate()
         self.assertEqual((1, f"fragment: {problem}\n".encode()),
-                         (tool.returncode, self.without_folder(programs.plain_line_ends(told))))
+                         (tool.returncode, self.without_folder(programs.plain_line_ends(errors))))
         self.assertEqual({self.name: self.data, self.name + suffix: b"precious"}, self.contents())
 
     @native_only
@@ -627,13 +621,13 @@ class InterruptedTest(ToolTestCase):
             with self.subTest(number):
                 tool = self.start_cut()
                 tool.send_signal(number)
-                # It ends though nobody reads on.
+                # It ends although its output is not read.
                 self.assertEqual(-number, tool.wait(timeout=30))
                 self.assertEqual(b"fragment: interrupted\n", tool.communicate()[1])
                 self.assertEqual({self.name: self.data}, self.contents())
 
-    @unittest.skipUnless("KELPLIB_LATE_SIGNAL" in os.environ, "this build loads nothing before the tool")
-    def test_signal_just_before_the_tool_waits(self):
+    @unittest.skipUnless("KELPLIB_LATE_SIGNAL" in os.environ, "this build cannot load late_signal.c into the tool")
+    def test_signal_just_before_the_tool_blocks(self):
         shims = tempfile.TemporaryDirectory()
         self.addCleanup(shims.cleanup)
         shim = preloaded("KELPLIB_LATE_SIGNAL", shims.name, PIPE="4096")
@@ -727,7 +721,7 @@ def limited(kind, limit):
 
 
 def own_mounts(script, *arguments):
-    """Runs a shell script, with the arguments, that may mount what it likes: nobody else sees it."""
+    """Runs a shell script with the arguments in a mount namespace of its own."""
     return programs.run("unshare", "--user", "--map-root-user", "--mount", "sh", "-e", "-c", script, "sh", *arguments)
 
 
@@ -738,7 +732,7 @@ def may_mount():
         return False
 
 
-needs_mounts = unittest.skipUnless(not programs.ON_WINDOWS and may_mount(), "this system lets nobody mount")
+needs_mounts = unittest.skipUnless(not programs.ON_WINDOWS and may_mount(), "this system does not allow mounting")
 
 
 @native_only
@@ -752,16 +746,16 @@ class SystemErrorTest(ToolTestCase):
             (b"cannot write <here>/xy0: File too large", "-s=100001", "-o=xy", "in"),
             (b"cannot write <here>/out: File too large", "-j", "-o=out", "in.part_0", "in"),
             (b"cannot write <here>/small: File too large", "-f", "-j", "-o=small", "in.part_0", "in"),
-            # So little that it is written when the file is closed.
+            # So few bytes that they are written when the file is closed.
             (b"cannot write <here>/xy0: File too large", "-n=1", "-o=xy", "small"),
-            # Missing fragments are told before anything is written.
+            # A missing fragment is reported before anything is written.
             (b"cannot read nowhere: No such file or directory", "-j", "-o=out", "in", "nowhere"),
         ]:
             with self.subTest(arguments=arguments):
                 self.check_refusal(problem, *arguments, **limited(resource.RLIMIT_FSIZE, 1000))
 
     def test_memory_limit(self):
-        # The names alone take more than this.
+        # The names of the fragments need more memory than this.
         limit = limited(resource.RLIMIT_AS, 24 * 2**20)
         self.write("in", b"i" * 100000)
         if self.tool("-j", "-o=out", "in", "in", **limit)[0] != 0:
@@ -770,11 +764,8 @@ class SystemErrorTest(ToolTestCase):
 
     def test_full_standard_output(self):
         self.write("in", b"1234")
-        with open("/dev/full", "wb") as full:
-            done = subprocess.run([PROGRAM, "-n=2", "in"], cwd=self.folder, stdin=subprocess.DEVNULL, stdout=full,
-                                  stderr=subprocess.PIPE, timeout=60, check=False)
         self.assertEqual((1, b"fragment: all files are written, but the summary cannot be printed\n"),
-                         (done.returncode, done.stderr))
+                         self.tool_on_full_disk("-n=2", "in"))
         self.assertEqual({"in": b"1234", "in.part_.count": b"fragments: 2\nbytes: 4\n", "in.part_0": b"12",
                           "in.part_1": b"34"}, self.contents())
 
@@ -795,7 +786,7 @@ class SystemErrorTest(ToolTestCase):
         self.assertEqual({"in": b"1234", "good..count": b"fragments: 2\nbytes: 4\n", "good.0": b"12", "good.1": b"34"},
                          self.contents())
 
-    def test_output_among_the_fragments_by_another_way(self):
+    def test_output_among_the_fragments_by_another_path(self):
         for name in ["f0", "f1"]:
             self.write(name, name.encode())
         os.symlink(".", self.folder / "lnk")
@@ -809,7 +800,7 @@ class SystemErrorTest(ToolTestCase):
         self.write("in", b"1234")
         self.check_refusal(b"cannot read /sys/class/net/lo/speed: Invalid argument", "-j", "-o=out", "in", device)
 
-    def test_fewer_bytes_than_the_size_says(self):
+    def test_fewer_bytes_than_the_size(self):
         device = "/sys/devices/system/cpu/online"
         if not pathlib.Path(device).exists():
             self.skipTest("no " + device)
@@ -829,7 +820,7 @@ class SystemErrorTest(ToolTestCase):
 
     @needs_mounts
     def test_file_that_cannot_be_replaced(self):
-        # Nothing can be moved onto a mount point. The fragments before it are in place by then, and taken back.
+        # A mount point cannot be renamed. The tool has already given fragment 3 its name and takes it back.
         for name in ["in", "in.part_0", "in.part_2", "in.part_3"]:
             self.write(name, b"old " + name.encode())
         before = self.contents()

@@ -1,6 +1,5 @@
-"""The histogram tool: its help screen, what it counts and draws, and what it refuses."""
+"""The histogram tool: its help screen, counting and drawing, refusals, and errors of the system."""
 
-import concurrent.futures
 import os
 import signal
 import subprocess
@@ -26,7 +25,8 @@ SCREEN = (
     b"\033[36mOptions:\033[0m\n"
     b"  \033[34m-b, --bins:\033[0m divides the range into COUNT bins of the same width (default: 10)\n"
     b"\n"
-    b"  \033[34m-c, --columns:\033[0m counts only these columns, as in 1,3 (default: all); blanks, commas and semicolons separate columns\n"
+    b"  \033[34m-c, --columns:\033[0m counts only these columns, as in 1,3 (default: all); blanks, commas and "
+    b"semicolons separate columns\n"
     b"\n"
     b"  \033[34m-e, --edges:\033[0m the edges of the bins, instead of -r and -b, as in 0:1:2.5:10\n"
     b"\n"
@@ -61,7 +61,7 @@ SCREENS = [
 
 # Options, the file, bins and their counts, the summary.
 PLOTS = [
-    # An edge belongs to the bin above it, the last one to the bin below.
+    # An edge belongs to the bin above it, the last edge to the bin below it.
     (["-e=0:1:2.5:10"], b"-0.1 0 0.9 1 2.4 2.5 9.9 10 10.1",
      b"   0:1 2 ##\n 1:2.5 2 ##\n2.5:10 3 ###\n", b"counted: 7, below: 1, above: 1, NaN: 0, not numbers: 0\n"),
     (["--edges=-1:1"], b"-1 1 -1.0000000000000002 1.0000000000000002", b"-1:1 2 ##\n",
@@ -80,7 +80,7 @@ PLOTS = [
     (["-b=2"], b"3\n3\n", b"2.5:3 0\n3:3.5 2 ##\n", b"counted: 2, below: 0, above: 0, NaN: 0, not numbers: 0\n"),
     (["-b=2"], b"-5000", b"-5005:-5000 0\n-5000:-4995 1 #\n", b"counted: 1, below: 0, above: 0, NaN: 0, not numbers: 0\n"),
     (["-b=2"], b"10 20 inf -inf nan", b"10:15 1 #\n15:20 1 #\n", b"counted: 2, below: 1, above: 1, NaN: 1, not numbers: 0\n"),
-    # What is a number, what only looks like one.
+    # Fields that are numbers, fields that only look like numbers.
     (["-e=0:100"], b"1 +2 3. .4 5e0 6E+1 7e-1 008 -0", b"0:100 9 #########\n",
      b"counted: 9, below: 0, above: 0, NaN: 0, not numbers: 0\n"),
     (["-e=0:100"], b"1 1x 0x1 1e 1e+ -- + . e5 1.2.3 1_0 (1) 50% nano infinite \xff", b"0:100 1 #\n",
@@ -100,7 +100,7 @@ PLOTS = [
      b"counted: 1, below: 0, above: 0, NaN: 0, not numbers: 0\n"),
 ]
 
-FOUR_LINES = b"0:1 1 #\n1:2 0\n2:3 2 ##\n"
+THREE_BINS = b"0:1 1 #\n1:2 0\n2:3 2 ##\n"
 
 REFUSED = [
     (["-r=1", "data"], b"-r=1: not two numbers as in -r=0.5:12"),
@@ -167,12 +167,7 @@ class HistogramTest(ToolTestCase):
             self.write(name, data)
 
     def test_library_screens(self):
-        # All at once: the library waits half a second after each screen.
-        with concurrent.futures.ThreadPoolExecutor(len(SCREENS)) as pool:
-            results = list(pool.map(lambda case: self.tool(*case[0]), SCREENS))
-        for (arguments, message), result in zip(SCREENS, results):
-            with self.subTest(arguments=arguments):
-                self.assertEqual((0, message + SCREEN, b""), result)
+        self.check_screens(SCREENS, SCREEN)
 
     def test_plots(self):
         for options, text, bins, summary in PLOTS:
@@ -186,7 +181,7 @@ class HistogramTest(ToolTestCase):
                 self.check_refusal(problem, *arguments)
 
     def test_width(self):
-        # 79 characters: label 3, count 2 or 3, a blank behind each.
+        # 79 characters: label 3, count 2 or 4, a space after each, and the bar.
         for counts, bars in [((72, 0, 1), (72, 0, 1)), ((73, 36, 1), (72, 36, 1)), ((99, 50, 1), (72, 36, 1))]:
             with self.subTest(counts=counts):
                 self.write("text", counts[0] * b"0\n" + counts[1] * b"1\n" + counts[2] * b"2\n")
@@ -199,14 +194,14 @@ class HistogramTest(ToolTestCase):
                    b"counted: 1503, below: 0, above: 0, NaN: 0, not numbers: 0\n", "-e=0:1:2:3", "text")
 
     def test_table(self):
-        summary = FOUR_LINES + b"counted: 3, below: 0, above: 0, NaN: 0, not numbers: 0, table: <here>/table.txt\n"
+        summary = THREE_BINS + b"counted: 3, below: 0, above: 0, NaN: 0, not numbers: 0, table: <here>/table.txt\n"
         self.check(summary, "-b=3", "-o=table.txt", "data")
         self.assertEqual(b"bin\tcount\n0:1\t1\n1:2\t0\n2:3\t2\n", self.contents()["table.txt"])
         self.check_refusal(b"<here>/table.txt exists already; -f overwrites it", "-b=3", "--output=table.txt", "data")
         self.check(summary, "-b=3", "-F", "--output=table.txt", "data")
 
     def test_verbose(self):
-        summary = FOUR_LINES + b"counted: 3, below: 0, above: 0, NaN: 0, not numbers: 0\n"
+        summary = THREE_BINS + b"counted: 3, below: 0, above: 0, NaN: 0, not numbers: 0\n"
         self.check(b"values: 0:3\nedges: 0, 1, 2, 3\n" + summary, "-v", "-b=3", "data")
         self.check(b"edges: 0, 1, 2, 3\n" + summary, "--verbose", "-e=0:1:2:3", "data")
 
@@ -220,7 +215,7 @@ class HistogramTest(ToolTestCase):
                                b"counted: 3, below: 0, above: 0, NaN: 0, not numbers: 0\n", "-e=0:6:20:50", "text")
 
     def test_long_fields(self):
-        # A field of 1000 bytes is still a number.
+        # The longest field that can be a number has 1000 bytes.
         for size, numbers, texts in [(999, 2, 0), (1000, 2, 0), (1001, 1, 1), (70000, 1, 1)]:
             with self.subTest(size=size):
                 self.write("text", b"1 " + (size - 1) * b"0" + b"2")
@@ -249,11 +244,8 @@ class SystemErrorTest(ToolTestCase):
                            preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (10, 10)), restore_signals=False)
 
     def test_full_standard_output(self):
-        with open("/dev/full", "wb") as full:
-            done = subprocess.run([PROGRAM, "data"], cwd=self.folder, stdout=full, stderr=subprocess.PIPE, timeout=60,
-                                  check=False)
         self.assertEqual((1, b"histogram: cannot write standard output: No space left on device\n"),
-                         (done.returncode, done.stderr))
+                         self.tool_on_full_disk("data"))
 
     def test_reader_that_goes_away(self):
         reader, writer = os.pipe()
@@ -264,13 +256,10 @@ class SystemErrorTest(ToolTestCase):
         self.assertEqual((-signal.SIGPIPE, b"histogram: interrupted\n"), (done.returncode, done.stderr))
 
     def test_file_of_unknown_size(self):
-        # Its size is told as 0.
-        status, output, problem = self.tool("-e=0:1e18", "-c=2", "/proc/self/stat")
-        self.assertEqual((1, b"", b"histogram: /proc/self/stat contains no number in these columns\n"),
-                         (status, output, problem))
-        status, output, problem = self.tool("-e=0:1e18", "-c=1", "/proc/self/stat")
-        self.assertEqual((0, b"0:1e+18 1 #\ncounted: 1, below: 0, above: 0, NaN: 0, not numbers: 0\n", b""),
-                         (status, output, problem))
+        # The system reports its size as 0.
+        self.check_refusal(b"/proc/self/stat contains no number in these columns", "-e=0:1e18", "-c=2", "/proc/self/stat")
+        self.check(b"0:1e+18 1 #\ncounted: 1, below: 0, above: 0, NaN: 0, not numbers: 0\n",
+                   "-e=0:1e18", "-c=1", "/proc/self/stat")
 
 
 if __name__ == "__main__":

@@ -1,5 +1,5 @@
-/* Loaded before the system's library, this interrupts a process just before it waits for the reader of its standard output,
- * a pipe of PIPE bytes: when nobody can see any more that it was interrupted. */
+/* Loaded with LD_PRELOAD, this raises SIGTERM just before the process blocks in a write to standard output, a pipe of PIPE
+ * bytes: after its last check for signals. */
 #define _DEFAULT_SOURCE
 
 #include <signal.h>

@@ -1,16 +1,18 @@
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <fstream>
 #include <string>
-#include <vector>
 
 #include "../../examples/common/progress.h"
+#include "../../examples/histogram/count.h"
 #include "arguments.h"
 #include "fake_platform.h"
 #include "progress_test.h"
 
 namespace {
 
-/// Half of the work is done, after 0.3 s or a little more. The first face blinks, so two frames are drawn.
+/// Frames with half of the work done, after 0.3 s or a little more. The first face blinks, so it has two frames.
 constexpr char closedEyes[] =
     "     _____\n"
     "    /     \\         copying \n"
@@ -42,10 +44,10 @@ constexpr char cheerWithClosedEyes[] =
 constexpr char halfBar[] = "copying  50.0% ###################                  | time left: 0 secs  \r";
 constexpr char fullBar[] = "copying 100.0% ###################################### done in: 0.5 secs  \r";
 
-class FragmentProgress : public ProgressTest {
+class ExampleProgress : public ProgressTest {
 protected:
-    /// Everything that is drawn for 100 bytes, of which one half is copied at the given time and the other, unless the
-    /// work fails before that, at 1000.5 s.
+    /// Returns everything that is drawn for 100 bytes. One half is copied at `halfSeconds`, the other half, unless the work
+    /// fails, at 1000.5 s. The work starts at 1000 s.
     std::string drawn(double halfSeconds, bool succeeds = true, const char* flag = "file") {
         return written([&] {
             Arguments line{"fragment", flag};
@@ -66,38 +68,38 @@ protected:
     const std::string wholeBar = std::string(halfBar) + fullBar + "\n";
 };
 
-TEST_F(FragmentProgress, BeginsAfterThreeTenthsOfASecond) {
+TEST_F(ExampleProgress, BeginsAfterThreeTenthsOfASecond) {
     EXPECT_EQ(drawn(1000.29), "");
     EXPECT_EQ(drawn(1000.3), wholeFace);
-    EXPECT_EQ(drawn(1000.31), wholeFace.substr(sizeof closedEyes - 1)) << "the blink of the run before was just now";
+    EXPECT_EQ(drawn(1000.31), wholeFace.substr(sizeof closedEyes - 1)) << "the last run has just blinked";
 }
 
-TEST_F(FragmentProgress, IsTheBarWhereMsystemIsSet) {
+TEST_F(ExampleProgress, IsTheBarWhereMsystemIsSet) {
     const ScopedVariable terminal("MSYSTEM", "MINGW64");
     fake_platform::state().rewindResult = 0;
     EXPECT_EQ(drawn(1000.3), wholeBar);
     EXPECT_EQ(drawn(1000.29), "");
 }
 
-TEST_F(FragmentProgress, IsShownOnConsolesOnly) {
+TEST_F(ExampleProgress, IsShownOnConsolesOnly) {
     for (const int noConsole : {0, -1}) {
         fake_platform::state().rewindResult = noConsole;
         EXPECT_EQ(drawn(1000.3), "") << noConsole;
     }
 }
 
-TEST_F(FragmentProgress, MakesRoomForTraceLines) {
+TEST_F(ExampleProgress, IsNotShownWithTraceLines) {
     EXPECT_EQ(drawn(1000.3, true, "-v"), "");
 }
 
-TEST_F(FragmentProgress, LeavesItsLinesWhenTheWorkFails) {
+TEST_F(ExampleProgress, KeepsItsLinesIfTheWorkFails) {
     EXPECT_EQ(drawn(1000.29, false), "");
     EXPECT_EQ(drawn(1000.3, false), std::string(closedEyes) + openEyes + "\n\n\n\n\n\n");
     const ScopedVariable terminal("MSYSTEM", "MSYS");
     EXPECT_EQ(drawn(1000.3, false), std::string(halfBar) + "\n");
 }
 
-TEST_F(FragmentProgress, DrawsTenTimesASecond) {
+TEST_F(ExampleProgress, DrawsAtMostTenTimesASecond) {
     const ScopedVariable terminal("MSYSTEM", "MSYS");
     const std::string text = written([&] {
         Arguments line{"fragment"};
@@ -113,6 +115,52 @@ TEST_F(FragmentProgress, DrawsTenTimesASecond) {
               " 10.0% ####                                 | time left: 3 secs  \r"
               " 30.0% ############                         | time left: 1 secs  \r"
               " 50.0% ###################                  | time left: 0 secs  \r\n");
+}
+
+// Progress of a tool that reads its file twice.
+
+/// Reads a file in two blocks of 65536 bytes.
+class HistogramProgress : public ProgressTest {
+protected:
+    HistogramProgress() {
+        request.file = "example_progress_test.txt";
+        std::ofstream file(request.file, std::ios::binary);
+        for (int i = 0; i < 65536; ++i) {
+            file << "1 ";
+        }
+    }
+
+    ~HistogramProgress() override {
+        std::remove(request.file.c_str());
+    }
+
+    /// Returns what one or both of the two passes draw. The clock advances before each pass.
+    std::string drawnBy(int passes) {
+        return written([&] {
+            Arguments line{"histogram"};
+            CommandLineTool tool(line.argc(), line.argv(), "");
+            clock(1000.0);
+            common::Progress progress(tool, "counting ", 262144);
+            clock(1000.3);
+            EXPECT_EQ(histogram::findExtent(request, progress).highest, 1.0);
+            if (passes == 2) {
+                clock(1000.5);
+                EXPECT_EQ(histogram::count(request, {0.0, 2.0}, progress).inside, 65536U);
+                progress.finish();
+            }
+        });
+    }
+
+    const ScopedVariable terminal{"MSYSTEM", "MSYS"};
+    histogram::Request request;
+};
+
+TEST_F(HistogramProgress, CountsEveryBlockOfBothPasses) {
+    EXPECT_EQ(drawnBy(1), "counting  25.0% ##########                           | time left: 0 secs  \r\n");
+    EXPECT_EQ(drawnBy(2),
+              "counting  25.0% ##########                           | time left: 0 secs  \r"
+              "counting  75.0% ############################         | time left: 0 secs  \r"
+              "counting 100.0% ###################################### done in: 0.5 secs  \r\n");
 }
 
 }  // namespace
