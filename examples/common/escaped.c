@@ -1,7 +1,7 @@
 #include "escaped.h"
 
-/* What UTF-8 allows for the first byte of a character and for the second. Characters below U+00A0 are control characters,
- * and neither surrogates nor numbers beyond U+10FFFF are characters. */
+/* The first and second bytes of printable characters in UTF-8: no control characters (below U+00A0), no surrogates, nothing
+ * beyond U+10FFFF. */
 struct form {
     unsigned char first_from, first_to;
     unsigned char second_from, second_to;
@@ -28,7 +28,7 @@ static int has_form(const unsigned char* text, size_t length, const struct form*
     return 1;
 }
 
-/* The number of bytes of the printable character that a text begins with; 0 when it begins with none. */
+/* Returns the number of bytes of the printable character at the beginning of the text; 0 if there is none. */
 static size_t printable_bytes(const unsigned char* text, size_t length) {
     size_t i;
     if (text[0] >= 0x20 && text[0] < 0x7F) {

@@ -7,8 +7,8 @@
 extern "C" {
 #endif
 
-/// Copies a text as a terminal may get it: each control character, and each byte that is not UTF-8, becomes \xNN.
-/// \param target  room for four times as many bytes
+/// Copies a text with each control character, and each byte that is not UTF-8, escaped as \xNN.
+/// \param target  a buffer of 4 * length bytes
 /// \returns the number of bytes written
 size_t common_escaped(char* target, const char* text, size_t length);
 

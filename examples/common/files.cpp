@@ -23,7 +23,7 @@ std::filesystem::path pathOf(const std::string& name) {
 bool exists(const std::string& name) {
     std::error_code reason;
     const std::filesystem::file_status status = std::filesystem::symlink_status(pathOf(name), reason);
-    // Nothing has a name that is too long.
+    // No file has a name that is too long.
     if (!std::filesystem::status_known(status) && reason != std::errc::filename_too_long) {
         fail("cannot look at " + name, reason);
     }
@@ -82,7 +82,7 @@ bool arePlainFiles(const std::vector<std::string>& names) {
 }
 
 void fail(const std::string& what, std::error_code reason) {
-    // The condition is worded alike on every system; the bare code has the system's own words.
+    // The message of the condition is the same on every system, that of the code itself is not.
     throw std::runtime_error(what + ": " + reason.default_error_condition().message());
 }
 

@@ -8,40 +8,39 @@
 #include <vector>
 
 /// \file
-/// The few things that reading and writing files have in common. Whatever goes wrong leaves as an exception whose text
-/// is the line that the user reads.
+/// Functions for reading and writing files. They throw exceptions whose text is the message for the user.
 
 namespace common {
 
-/// The path of a file named on the command line, read as the library reads a path option: where paths are UTF-16, the
-/// name has to be UTF-8.
+/// Converts a file name from the command line to a path, like a path option of the library. Where paths are UTF-16, the name
+/// has to be UTF-8.
 std::filesystem::path pathOf(const std::string& name);
 
-/// Whether anything has this name, be it a link that leads nowhere. Fails where nobody may look.
+/// Whether the name is in use, even by a broken link. Throws if access is denied.
 bool exists(const std::string& name);
 
-/// Refuses a folder. A name that nothing has passes.
+/// Throws if the name belongs to a folder. A name that is not in use passes.
 void requireNoFolder(const std::string& name);
 
-/// Refuses a folder, a device and whatever else is no plain file. A name that nothing has passes.
+/// Throws if the name belongs to anything but a regular file. A name that is not in use passes.
 void requirePlainFile(const std::string& name);
 
-/// The size of a plain file. Refuses whatever else the name may mean, and what nobody may look at.
+/// Returns the size of a regular file. Throws for anything else and if access is denied.
 std::uintmax_t sizeOf(const std::string& name);
 
-/// Refuses a pattern, which the library's file check lets pass. A file whose name holds a "*" passes.
+/// Throws for a pattern, which passes the file check of the library. An existing file with "*" in its name passes.
 void requireNoPattern(const std::string& name);
 
-/// Refuses a file that is to be written when it is one of the inputs, by whatever name or link.
+/// Throws if the output file is one of the inputs, under any name or link.
 void requireNoInput(const std::string& output, const std::vector<std::string>& inputs);
 
-/// Whether all of them are plain files, whose reading never waits for anybody.
+/// Whether all are regular files, which can be read without waiting for input.
 bool arePlainFiles(const std::vector<std::string>& names);
 
 /// Throws "what: the system's reason".
 [[noreturn]] void fail(const std::string& what, std::error_code reason);
 
-/// The same for a stream that has just failed. A stream keeps no reason; the system call under it leaves one in errno.
+/// The same for a stream that has just failed. The reason is in errno; the stream does not keep it.
 [[noreturn]] void failOnStream(const std::string& what);
 
 }  // namespace common

@@ -3,19 +3,19 @@
 
 namespace common {
 
-/// Somebody wants the process to end.
+/// A signal asks the process to end.
 struct Interruption {
     int signal;
 };
 
-/// From now on the signals that ask a process to end (Ctrl-C is one, a pipe whose reader has gone may be another) are only
-/// noted, so that half-written files can be removed first. Those that the process was started to ignore stay ignored.
+/// From this call on, signals that ask the process to end (such as that of Ctrl-C, or SIGPIPE) are only noted, so that the tool
+/// can remove unfinished files first. Signals that the process was started to ignore stay ignored.
 void noteInterruptions();
 
-/// Calls `note` with each such signal that comes. This is where systems differ.
+/// Has `note` called for each such signal. Each system has its own implementation.
 void onEndingSignals(void (*note)(int));
 
-/// Throws an Interruption if one is noted.
+/// Throws an Interruption if a signal was noted.
 void checkInterruption();
 
 /// Ends the process as the signal would have.

@@ -8,7 +8,7 @@ namespace {
 
 void (*noteEnding)(int) = nullptr;
 
-/// A signal that comes just before a write begins to wait does not end that wait. So after one another comes every second.
+/// A signal that arrives just before a write blocks does not end the write. So a timer sends another one every second.
 timer_t everySecond{};
 
 }  // namespace
@@ -25,8 +25,8 @@ static void interrupt(int /*signal*/) {}
 
 void common::onEndingSignals(void (*note)(int)) {
     noteEnding = note;
-    // No SA_RESTART: a write that waits for somebody to read ends too. SIGXFSZ is here because a write beyond the limit of
-    // file sizes then fails and can be told.
+    // No SA_RESTART: signals also end a write that waits for its reader. With SIGXFSZ handled, a write beyond the limit of
+    // file sizes fails and can be reported.
     struct sigaction action {};
     action.sa_handler = interrupt;
     sigaction(SIGALRM, &action, nullptr);

@@ -10,7 +10,7 @@ void (*noteSignal)(int) = nullptr;
 }  // namespace
 
 extern "C" {
-/// The system forgets a handler when it calls it.
+/// The system removes a handler when it calls it.
 static void noteAgainAndAgain(int signal) {
     std::signal(signal, noteAgainAndAgain);
     noteSignal(signal);

@@ -41,7 +41,7 @@ NewFiles::~NewFiles() {
             takeBack();
         }
     } catch (const std::exception&) {
-        // No memory is left to spell the names: the unfinished files stay, and their name says what they are.
+        // There is no memory for the names, so the unfinished files stay under their telling names.
     }
 }
 
@@ -56,7 +56,7 @@ void NewFiles::startNext() {
         fail("cannot create " + name, reason);
     }
     states.push_back({current.identity()});
-    // Another run may have ended since the constructor looked.
+    // Another run may have ended since the constructor checked.
     requireUsable(name, overwrite);
 }
 

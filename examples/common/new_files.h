@@ -9,21 +9,20 @@
 
 namespace common {
 
-/// Files that are written one after the other and appear under their names all together or not at all.
+/// Files that are written one after the other and get their names all together or not at all.
 ///
-/// Until publish() a file is called NAME.unfinished, and only its owner may read it. An old file that is overwritten is
-/// called NAME.replaced until all the new ones have their names. An object that goes before that, because an exception
-/// passes through, removes its unfinished files and leaves everything else as it was. A process that is killed leaves
-/// files with these names; the next run that needs one of the names refuses to start and says which.
+/// Until publish() a file is called NAME.unfinished, and only its owner may read it. While publish() overwrites an old file, it
+/// is called NAME.replaced until all new files have their names. An object destroyed before publish(), as by an exception,
+/// removes its unfinished files and changes nothing else. A process that is killed leaves files with these names; the next
+/// run that needs one of the names refuses to start and reports it.
 ///
-/// Files of other programs under these names are not written to, followed or removed. Only NAME itself is replaced, and
-/// only with `mayOverwrite`. Two objects whose first names are the same exclude each other, however many names follow: the
-/// first unfinished file is created before the others and gets its name after them. Check what depends on other runs
-/// after the first startNext().
+/// Files of other programs under these names are not written, followed or removed. Only NAME itself is replaced, and only
+/// with `mayOverwrite`. Two objects with the same first name exclude each other, whatever their other names: the first
+/// unfinished file is created first and gets its name last. Check what depends on other runs after the first startNext().
 class NewFiles {
 public:
-    /// Creates nothing, but looks at every name: a name in use is refused unless `mayOverwrite` is set, and a folder or a
-    /// device always is. startNext() and publish() refuse names that come into use later.
+    /// Checks the names and creates nothing. Throws if a name is in use, unless `mayOverwrite` is set, and always if it belongs
+    /// to a folder or a device. startNext() and publish() throw if a name comes into use later.
     NewFiles(std::vector<std::string> names, bool mayOverwrite);
     ~NewFiles();
     NewFiles(const NewFiles&) = delete;
@@ -35,12 +34,12 @@ public:
     void startNext();
     /// Appends to the current file.
     void write(const char* data, std::size_t count);
-    /// Finishes the last file and gives all of them their names. With `mayOverwrite` all bytes are on the disk before an old
-    /// file is removed. Close the inputs first: Windows renames no open file.
+    /// Finishes the last file and gives all files their names. With `mayOverwrite` all bytes are on the disk before an old file
+    /// is removed. Close the inputs first: Windows cannot rename an open file.
     void publish();
 
 private:
-    /// What has happened to one of the names.
+    /// The state of one of the names.
     struct State {
         FileIdentity identity;     ///< of the unfinished file
         bool oldIsMoved = false;   ///< NAME is now NAME.replaced
@@ -56,7 +55,7 @@ private:
     void takeBack(const std::string& name, State& state);
 
     std::vector<std::string> names;
-    std::vector<State> states;  ///< of the files that are created, the first of the names
+    std::vector<State> states;  ///< of the files created so far, in the order of the names
     bool overwrite;
     CreatedFile current;
     std::string buffer;    ///< bytes of the current file that are not yet written

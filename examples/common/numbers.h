@@ -5,16 +5,15 @@
 #include <string>
 
 /// \file
-/// The library's conversions report nothing: they make 0 of "abc" and 12 of "12abc". Where a tool has to tell, it looks at
-/// the text with these.
+/// The conversions of the library report no errors: they read "abc" as 0 and "12abc" as 12. These functions check the text.
 
 namespace common {
 
-/// The number that the whole text is: digits with an optional sign, decimal point and exponent. None for any other text,
-/// "nan", "inf" and blanks included; infinite for a number that is too large.
+/// Converts digits with an optional sign, decimal point and exponent. Returns none for any other text, including "nan", "inf"
+/// and blanks; infinity for a number that is too large.
 std::optional<double> decimalNumber(const std::string& text);
 
-/// Whether the text is digits and nothing else, at least one.
+/// Whether the text consists of one or more digits.
 bool isDigits(const std::string& text);
 
 }  // namespace common

@@ -10,8 +10,8 @@ namespace common {
 
 namespace {
 
-/// The library tells flags apart by their first letter and lets "--nubmer=3" pass as "-n". A tool that wants to be
-/// strict compares the spelling itself. Letter case never matters.
+/// Compares the whole spelling of a flag, ignoring letter case. The library compares only the first letter and accepts
+/// "--nubmer=3" as -n.
 const Kelp::Option& findOption(const std::string& token, const std::vector<Kelp::Option>& options) {
     const std::string form = Kelp::toLower(token.substr(0, token.find('=')));
     const auto found = std::find_if(options.begin(), options.end(), [&form](const Kelp::Option& option) {
@@ -46,8 +46,8 @@ void checkFlags(Kelp::OptionReader& reader, const std::vector<Kelp::Option>& opt
     }
 }
 
-// The library's conversions report nothing: they make 0 of "abc", 12 of "12abc", a huge number of "-3" and the largest
-// number of a text that is too long. So the text has to be looked at too, and `largest` lies below the largest number.
+// The conversions of the library report no errors: they read "abc" as 0, "12abc" as 12, "-3" as a huge number, and a text that
+// is too long as the largest number. So this checks the text too, and `largest` is below the largest number.
 unsigned long long readCount(Kelp::OptionReader& reader, const std::string& flag, const std::string& longFlag,
                              unsigned long long largest) {
     std::string text;
@@ -62,7 +62,7 @@ unsigned long long readCount(Kelp::OptionReader& reader, const std::string& flag
     return number;
 }
 
-// The library makes a whole path of the name, with the exception of two kinds of names.
+// The library completes the name to a full path, except for two kinds of names.
 std::string readOutput(Kelp::OptionReader& reader, CommandLineTool& tool) {
     std::string name;
     if (reader.getValue("-o", "--output", name, firstToken) == 0) {
@@ -81,7 +81,7 @@ std::string readOutput(Kelp::OptionReader& reader, CommandLineTool& tool) {
     } catch (const std::out_of_range&) {
         throw std::runtime_error("-o=" + name + ": a name of one character needs its folder, as in ./" + name);
     }
-    // The program's own path may look like this flag too, and would come first.
+    // The program path may look like this flag too; then it comes first.
     std::string output = outputs.back().filePath();
     if (output.empty()) {
         throw std::runtime_error("-o=" + name + ": begins like a drive; write the folder before the name");

@@ -5,8 +5,8 @@
 
 namespace common {
 
-/// A text as a terminal may get it: each control character, and each byte that is not UTF-8, becomes \xNN. Names of files
-/// go through this, and messages that hold one; what other programs read, as selected lines, does not.
+/// Returns the text with each control character, and each byte that is not UTF-8, escaped as \xNN. Meant for file names and
+/// for messages that contain one, not for output that other programs read.
 std::string printable(const std::string& text);
 
 }  // namespace common

@@ -12,7 +12,7 @@ namespace {
 constexpr double firstDrawSeconds = 0.3;
 constexpr double secondsBetweenDraws = 0.1;
 
-/// The bar and the longest time behind it leave so much of 80 columns.
+/// The width that the bar and the longest time after it leave of 80 columns.
 constexpr unsigned long long labelWidth = 13;
 
 constexpr int linesOfFace = 6;
@@ -21,8 +21,8 @@ bool showsFace() {
     return KELP_GlobalProgress.smile == 1;
 }
 
-/// Only a console lets its cursor be moved; moving it up by no line does no harm there. A terminal with MSYSTEM looks
-/// like a pipe to its programs.
+/// Moving the cursor up by no lines succeeds only on a console, where it has no effect here. Where MSYSTEM is set, a terminal
+/// looks like a pipe to its programs.
 bool isConsole() {
     return KELP_rewind_cursor(0) > 0 || KELP_GlobalProgress.terminal_env != nullptr;
 }
@@ -46,7 +46,7 @@ Progress::~Progress() {
 
 void Progress::advance(std::uintmax_t bytes) {
     done += bytes;
-    // The last drawing belongs to finish(): the face cheers when the work is done, not a moment before.
+    // finish() draws the last frame, after the work is done.
     if (wanted && done < total && KELP_time_stamp() >= nextDrawSeconds) {
         draw();
         nextDrawSeconds = KELP_time_stamp() + secondsBetweenDraws;
@@ -57,7 +57,7 @@ void Progress::advance(std::uintmax_t bytes) {
 void Progress::finish() {
     if (shown) {
         draw();
-        // The finished face leaves the cursor below itself, the bar on its line.
+        // The finished face leaves the cursor below it, the bar on its own line.
         leaveLines(showsFace() ? 0 : 1);
         shown = false;
     }

@@ -8,13 +8,12 @@
 
 namespace common {
 
-/// Shows on the console how far the work is, once it has lasted long enough to be wondered about. Into a pipe or a
-/// file nothing is shown: whoever reads it wants the result.
+/// Draws the progress on a console, once the work has lasted a while. Draws nothing into a pipe or a file.
 class Progress {
 public:
-    /// \param label  what is being done; short, because the bar's line has to fit into 80 columns
+    /// \param label  describes the work; short, because the line has to fit into 80 columns
     Progress(CommandLineTool& tool, std::string label, std::uintmax_t totalBytes);
-    /// Where the work has failed, what was shown stays and the line that says so comes below it.
+    /// If the work has failed, moves the cursor below the last frame, so that the message comes there.
     ~Progress();
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
@@ -24,7 +23,7 @@ public:
     /// Counts bytes as done.
     void advance(std::uintmax_t bytes);
 
-    /// Shows the finished state if anything was shown before. Call it before anything else is printed.
+    /// Draws the finished state if anything was drawn before. Call this before printing anything else.
     void finish();
 
 private:

@@ -5,7 +5,7 @@
 #include "new_files.h"
 #include "run_names.h"
 
-// The part of NewFiles that begins when all files are written.
+// The part of NewFiles that runs after all files are written.
 
 namespace common {
 
@@ -32,7 +32,7 @@ void NewFiles::publish() {
     removeReplaced();
 }
 
-// The first name comes last: until then its unfinished file keeps other runs out.
+// The first file gets its name last: until then its unfinished file keeps other runs out.
 void NewFiles::giveNames() {
     for (std::size_t i = states.size(); i-- > 0;) {
         giveName(names[i], states[i]);
@@ -89,7 +89,7 @@ void NewFiles::removeReplaced() {
     }
 }
 
-/// \returns the first of the old files that could not get its name back, as it is called now; empty when all have
+/// \returns the current name of the first old file that could not get its name back; empty if all could
 std::string NewFiles::takeBack() {
     settled = true;
     current.close();

@@ -25,7 +25,7 @@ int report(const std::string& name, const char* problem) {
 
 int runTool(const std::string& name, int (*work)(int, char**), int argc, char** argv) {
     common_use_utf8_console();
-    // The first file that is opened would take the place of a closed standard output, and get its text.
+    // If standard output were closed, the first file opened would take its descriptor and receive its text.
     if (KELP_rewind_cursor(0) == -1) {
         return report(name, "standard output is closed");
     }
@@ -35,7 +35,7 @@ int runTool(const std::string& name, int (*work)(int, char**), int argc, char** 
         report(name, "interrupted");
         endBy(interruption);
     } catch (const std::out_of_range&) {
-        // The help screen shows the tool's name, and the library finds none in a path such as C:\ab.
+        // The library finds no tool name in a path such as C:\ab.
         return report(name, "the program path holds no name of at least four letters");
     } catch (const std::bad_alloc&) {
         return report(name, "out of memory");

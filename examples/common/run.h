@@ -5,9 +5,8 @@
 
 namespace common {
 
-/// Does a tool's work. Whatever it throws is told in one line on standard error and ends in exit status 1; what interrupts
-/// it ends the process as it would have.
-/// \returns the exit status
+/// Runs a tool. Prints the text of an exception on standard error. After an Interruption, ends the process with its signal.
+/// \returns the exit status, 1 after an exception
 int runTool(const std::string& name, int (*work)(int, char**), int argc, char** argv);
 
 }  // namespace common

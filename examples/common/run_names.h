@@ -4,17 +4,17 @@
 #include <string>
 
 /// \file
-/// The names that files have while a run writes or replaces them, and what a run says that finds one in use.
+/// The names of files while a run writes or replaces them, and the errors if such a name is in use.
 
 namespace common {
 
-/// The name of a new file until all of a run's files are written.
+/// Returns the name of a new file until all files of the run are written.
 std::string unfinished(const std::string& name);
 
-/// The name of an old file until all of the new ones have their names.
+/// Returns the name of an old file until all new files have their names.
 std::string replaced(const std::string& name);
 
-/// The first of these names that is in use, by another run or by a file that an interrupted run has left; empty when none is.
+/// Returns the first of these names that is in use, by another run or left by an interrupted one; empty if neither is.
 std::string leftover(const std::string& name);
 
 /// Throws "NAME exists already; ADVICE".

@@ -8,12 +8,12 @@
 #include <system_error>
 
 /// \file
-/// The few calls on files that the standard library lacks: they never follow, share or replace what another process has
-/// put under a name. Each system has a source of its own. Failures are returned.
+/// Calls on files that the standard library lacks. They never follow, share or replace a file that another process has put under
+/// a name. Each system has its own source. Failures are returned.
 
 namespace common {
 
-/// Which file it is, whatever its names are. Holds as long as the file exists.
+/// Identifies a file under any of its names, as long as the file exists.
 struct FileIdentity {
     std::uint64_t volume = 0;
     std::uint64_t number = 0;
@@ -26,10 +26,10 @@ struct FileIdentity {
     }
 };
 
-/// The identity of what has this name; of a symbolic link, that of the link. None when nothing has it or it cannot be read.
+/// Returns the identity of the file or symbolic link with this name; none if the name is not in use or cannot be read.
 std::optional<FileIdentity> identityOf(const std::filesystem::path& path);
 
-/// The same for the file that a symbolic link leads to.
+/// The same, but for a symbolic link that of its target.
 std::optional<FileIdentity> identityOfTarget(const std::filesystem::path& path);
 
 /// A file that this process has created and writes.
@@ -43,8 +43,8 @@ public:
     CreatedFile(CreatedFile&&) = delete;
     CreatedFile& operator=(CreatedFile&&) = delete;
 
-    /// Creates and opens a file that only its owner may read. Fails with std::errc::file_exists when anything has the name,
-    /// a symbolic link included.
+    /// Creates and opens a file that only its owner may read. Fails with std::errc::file_exists if the name is in use, even by
+    /// a symbolic link.
     std::error_code create(const std::filesystem::path& path);
 
     bool isOpen() const;
@@ -53,9 +53,9 @@ public:
     /// Appends all the bytes.
     std::error_code write(const char* data, std::size_t count);
 
-    /// Gives the file the permissions to read, write and execute of a file that it is going to replace, and those of any
-    /// new file when there is none. Where the group is another one, it gets no more than everybody. Other mode bits are not
-    /// copied: a set-user-ID bit would work for the new owner. On Windows permissions come from the folder.
+    /// Gives the file the read, write and execute permissions of the file that it replaces, or those of a new file if there is
+    /// none. If the groups differ, the group gets the permissions of others. Does not copy other mode bits: a set-user-ID bit
+    /// would apply to the new owner. On Windows permissions come from the folder.
     void setPermissionsFor(const std::filesystem::path& replaced);
 
     /// Waits until the bytes are on the disk. Succeeds where a file system has no such call.
@@ -71,7 +71,7 @@ private:
     FileIdentity ownIdentity;
 };
 
-/// Renames a file or a symbolic link. Fails with std::errc::file_exists when anything has the new name.
+/// Renames a file or a symbolic link. Fails with std::errc::file_exists if the new name is in use.
 std::error_code moveToFreeName(const std::filesystem::path& from, const std::filesystem::path& to);
 
 /// Removes a file or a symbolic link, never a folder.

@@ -29,7 +29,7 @@ FileIdentity identityIn(const struct stat& status) {
     return {static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino)};
 }
 
-/// The permissions of new files. The system has no call that only reads the mask.
+/// Returns the permissions of new files. Reading the mask is only possible by setting it.
 mode_t permissionsOfNewFiles() {
     const mode_t mask = umask(S_IRWXG | S_IRWXO);
     umask(mask);
@@ -104,7 +104,7 @@ void CreatedFile::setPermissionsFor(const std::filesystem::path& replaced) {
             mode &= ~static_cast<mode_t>(S_IRWXG) | (mode & S_IRWXO) << 3U;
         }
     }
-    // Where the system refuses this, the file stays its owner's.
+    // If this fails, only the owner can use the file.
     static_cast<void>(fchmod(descriptor, mode));
 }
 
@@ -116,7 +116,7 @@ std::error_code CreatedFile::close() {
     if (!isOpen()) {
         return {};
     }
-    // After a signal the descriptor is closed all the same.
+    // After EINTR the descriptor is closed too.
     const bool failed = ::close(static_cast<int>(handle)) != 0 && errno != EINTR;
     handle = none;
     return failed ? lastError() : std::error_code();
@@ -129,7 +129,7 @@ std::error_code moveToFreeName(const std::filesystem::path& from, const std::fil
     if (errno != EINVAL && errno != ENOSYS) {
         return lastError();
     }
-    // This file system (NFS is one) or this system cannot do it in one step.
+    // The file system (such as NFS) or the system cannot do this in one step.
     if (linkat(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), 0) != 0) {
         return lastError();
     }
@@ -149,7 +149,7 @@ std::error_code synchroniseFolderOf(const std::filesystem::path& file) {
     const std::filesystem::path folder = file.has_parent_path() ? file.parent_path() : std::filesystem::path(".");
     const int descriptor = uninterrupted([&] { return open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); });
     if (descriptor == -1) {
-        // A folder in which files may be created but not listed.
+        // A folder in which files may be created but not listed cannot be synchronised.
         return errno == EACCES ? std::error_code() : lastError();
     }
     const std::error_code reason = synchroniseDescriptor(descriptor);

@@ -5,8 +5,7 @@
 extern "C" {
 #endif
 
-/// Lets the console show what this process writes as UTF-8, until the process ends. Only a console of Windows has another
-/// encoding than the names of files.
+/// Sets the console to UTF-8, the encoding of file names, until the process ends. Only a Windows console needs this.
 void common_use_utf8_console(void);
 
 #ifdef __cplusplus
