@@ -1,4 +1,4 @@
-"""Instruction counts: valgrind's callgrind over a program in a fixed environment. They repeat, whatever else the machine does."""
+"""Counts instructions with valgrind's callgrind in a fixed environment. The counts do not depend on the load of the machine."""
 
 import pathlib
 import re
@@ -6,7 +6,7 @@ import shutil
 import subprocess
 import tempfile
 
-# Valgrind places a program the same every time; without the system's own shuffling the stack comes out the same too.
+# Valgrind always loads a program at the same addresses; without address randomisation the stack has the same address too.
 FIXED_ADDRESSES = ["setarch", "-R"]
 
 
@@ -25,14 +25,14 @@ def _run(command, options, folder):
 
 
 def of_process(*command):
-    """The instructions of a whole process, which has to end with exit status 0."""
+    """Returns the instructions of a whole process. Its exit status has to be 0."""
     with tempfile.TemporaryDirectory() as folder:
         _run(command, [], folder)
         return int(re.search(r"^totals: (\d+)$", pathlib.Path(folder, "out").read_text(), re.M)[1])
 
 
 def of_operations(*command):
-    """The instructions of each operation that a program names in its requests to callgrind."""
+    """Returns the instructions of each operation that the program names in its requests to callgrind."""
     with tempfile.TemporaryDirectory() as folder:
         _run(command, ["--instr-atstart=no"], folder)
         counts = {}

@@ -5,7 +5,7 @@ from rows import PARSERS
 from tables import Table, time_text, times
 
 SIZES = (1000, 10000, 100000, 1000000)
-# What grows, and how its figures are named; "{}" is the number of items.
+# What grows, and the name of its figures; "{}" is the number of items.
 KINDS = {
     "tokens, 10 options": "parse/10/{}/kelplib",
     "tokens, 100 options": "parse/100/{}/kelplib",
@@ -14,7 +14,7 @@ KINDS = {
     "numbers to text": "growth/text 17 digits/{}/kelplib",
     "bytes of one value": "growth/value/{}/kelplib",
 }
-MOST_FOR_OPTIONS = 1.6
+MAX_OPTIONS_RATIO = 1.6
 
 
 def growth(measured, _):
@@ -23,8 +23,9 @@ def growth(measured, _):
     measured.run("parse_10", ["growth"])
     measured.run("read_list", ["growth"])
     measured.run("write_text", ["growth"])
-    table = Table("Growth", "kelplib's time for one token, value or byte of a text. Where cost is linear it stays the same, but "
-                  "for caches that no longer hold the data and large blocks of memory, which the system hands out anew each time.",
+    table = Table("Growth", "kelplib's time per token, value or byte of a text. It stays the same where the cost is linear "
+                  "and grows where caches no longer hold the data, or where the system provides large blocks of memory "
+                  "again each time.",
                   ["", *(f"{size:,}" for size in SIZES), "last to first"])
     for kind, name in KINDS.items():
         figures = [measured.get(name.format(size)) for size in SIZES]
@@ -32,14 +33,14 @@ def growth(measured, _):
         table.add(kind, *(time_text(figure.per_item) if figure else "" for figure in figures), times(known[-1] / known[0]))
     ratios = {size: measured[KINDS["tokens, 100 options"].format(size)].per_item
               / measured[KINDS["tokens, 10 options"].format(size)].per_item for size in SIZES[:3]}
-    table.remark(f"Goal: with 100 options at most {times(MOST_FOR_OPTIONS)} the time with 10: "
+    table.remark(f"Goal: with 100 options at most {times(MAX_OPTIONS_RATIO)} the time with 10: "
                  + ", ".join(f"{times(ratio)} at {size:,} tokens" for size, ratio in ratios.items())
-                 + (": reached." if max(ratios.values()) <= MOST_FOR_OPTIONS else ": **missed**."))
+                 + (": reached." if max(ratios.values()) <= MAX_OPTIONS_RATIO else ": **missed**."))
     return [table]
 
 
 def curves(measured):
-    """The curves of the two plots: file name, title, axis, and for each curve its points."""
+    """Returns file name, title, axis labels and the points of each curve for both plots."""
     tokens = (10, 100, 1000, 10000, 100000)
 
     def points(name, sizes):
@@ -52,10 +53,10 @@ def curves(measured):
 
 
 def plot(measured):
-    """Draws the plots into docs. Returns their names."""
+    """Draws the plots into docs. Returns their file names."""
     names = []
     for name, title, items, unit, lines in curves(measured):
-        measuring.tell(f"  docs/{name}")
+        measuring.log(f"  docs/{name}")
         measuring.draw(name, title, items, unit, lines)
         names.append(name)
     return names

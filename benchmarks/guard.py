@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
 """Guards the library's speed by instruction counts: guard.py [--renew] FOLDER COMPILER
 
-Counts the instructions of some operations with the programs in FOLDER and compares them with instructions.txt. A growth of
-more than 5 % is a failure, exit status 1; where an operation has become as much cheaper, the baseline should be renewed.
-Counts of another compiler, C library or processor say nothing: then nothing is compared, exit status 77.
+Counts the instructions of some operations with the programs in FOLDER and compares them with instructions.txt. Fails with exit
+status 1 if a count has grown by more than 5 %; suggests to renew the baseline if one has shrunk as much. Compares nothing and
+ends with exit status 77 if the baseline comes from another compiler, C library or processor.
 
-  --renew  writes instructions.txt anew
+  --renew  rewrites instructions.txt
 """
 
 import pathlib
@@ -18,7 +18,7 @@ BASELINE = pathlib.Path(__file__).with_name("instructions.txt")
 TOLERANCE = 0.05
 SKIPPED = 77
 TOOL_ARGUMENTS = ["-o=a.txt", "-n=5", "--ratio=2.5", "in.txt"]
-# What the C library chooses its string functions by.
+# The features by which the C library chooses its string functions.
 PROCESSOR_FEATURES = ["avx", "avx2", "bmi2", "erms", "fsrm", "rtm"]
 HEADER = f"""\
 # Instructions of the library's operations; "start" is a whole tool without the loading of the C++ runtime.
@@ -31,7 +31,7 @@ def first_line(*command):
 
 
 def without_name(version):
-    """What stands behind the program's own name, which may be "g++" or "g++-12"."""
+    """Removes the name of the program, which may be "g++" or "g++-12"."""
     return version.split(" ", 1)[1]
 
 
@@ -43,8 +43,8 @@ def processor():
     return "unknown"
 
 
-def surroundings(compiler):
-    """What the counts depend on besides the library's code."""
+def environment(compiler):
+    """What the counts depend on besides the code of the library."""
     runtime = pathlib.Path(first_line(compiler, "-print-file-name=libstdc++.so.6")).resolve().name
     return {
         "compiler": without_name(first_line(compiler, "--version")),
@@ -62,7 +62,7 @@ def counted(folder):
 
 
 def read_baseline():
-    """The named lines of the baseline."""
+    """Returns the values of the baseline by name."""
     lines = [line for line in BASELINE.read_text(encoding="utf-8").splitlines() if line and not line.startswith("#")]
     return {name.strip(): text.strip() for name, text in (line.split(":", 1) for line in lines)}
 
@@ -72,7 +72,7 @@ def write_baseline(lines):
 
 
 def judged(name, now, before):
-    """A line about an operation, and whether it failed."""
+    """Returns the line about an operation, and whether the operation failed."""
     change = now / before - 1
     verdict = ""
     if change > TOLERANCE:
@@ -86,7 +86,7 @@ def main():
     renew = sys.argv[1:2] == ["--renew"]
     folder, compiler = sys.argv[2 if renew else 1:]
     folder = pathlib.Path(folder).resolve()
-    here = surroundings(compiler)
+    here = environment(compiler)
     if renew:
         write_baseline({**here, **counted(folder)})
         print(BASELINE.read_text(encoding="utf-8"), end="")
@@ -98,7 +98,7 @@ def main():
             return SKIPPED
     counts = counted(folder)
     if counts.keys() != baseline.keys() - here.keys():
-        print("the baseline names other operations: scripts/bench --renew-baseline")
+        print("the baseline has other operations: renew it (scripts/bench --renew-baseline)")
         return 1
     print(f"{'':<8}{'baseline':>12}{'now':>12}{'change':>9}")
     verdicts = [judged(name, count, int(baseline[name])) for name, count in counts.items()]

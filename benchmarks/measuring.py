@@ -1,4 +1,4 @@
-"""Measuring: programs of Google Benchmark, whole processes, compilations. Every figure is a median."""
+"""Measures programs of Google Benchmark, whole processes and compilations. Every figure is a median."""
 
 import json
 import pathlib
@@ -15,9 +15,9 @@ UNITS = {"ns": 1e-9, "us": 1e-6, "ms": 1e-3}
 
 
 class Effort(typing.NamedTuple):
-    """How often things are measured."""
+    """The number and length of the measurements."""
     repetitions: int
-    seconds: float  # at least, per repetition
+    seconds: float  # the minimum per repetition
     compilations: int
 
 
@@ -35,12 +35,12 @@ class Figure(typing.NamedTuple):
         return self.seconds / self.items
 
 
-def tell(text):
+def log(text):
     print(text, file=sys.stderr, flush=True)
 
 
 class Measured(dict):
-    """The figures of Google Benchmark's programs by their names; each part of a program runs once."""
+    """Figures of Google Benchmark programs by name. Each part of a program runs once."""
 
     def __init__(self, effort):
         super().__init__()
@@ -48,12 +48,13 @@ class Measured(dict):
         self._done = set()
 
     def run(self, program, names):
-        """Measures what begins with one of the names: by turns in random order, so that a disturbance hits all alike."""
+        """Measures the benchmarks whose names begin with one of `names`, interleaved in random order, so that a disturbance
+        affects all of them."""
         names = [name for name in names if (program, name) not in self._done]
         self._done.update((program, name) for name in names)
         if not names:
             return
-        tell(f"  {program}: {', '.join(names)}")
+        log(f"  {program}: {', '.join(names)}")
         with tempfile.TemporaryDirectory() as folder:
             out = pathlib.Path(folder, "out.json")
             subprocess.run(
@@ -68,14 +69,14 @@ class Measured(dict):
             if entry.get("error_occurred"):
                 raise SystemExit(f"{entry['name']}: {entry['error_message']}")
             if entry.get("aggregate_name") == "median":
-                # Beside a terminal's reader the wall clock counts, otherwise the processor's time.
+                # Wall clock time for benchmarks that need a second thread to read a terminal, otherwise processor time.
                 name, is_real = entry["run_name"].removesuffix("/real_time"), entry["run_name"].endswith("/real_time")
                 time = entry["real_time" if is_real else "cpu_time"] * UNITS[entry["time_unit"]]
                 self[name] = Figure(time, entry.get("items", 1), entry.get("allocations", 0))
 
 
 def processor_seconds(command):
-    """User and system time of a process with its children."""
+    """Runs a command. Returns its user and system time, including child processes."""
     before = resource.getrusage(resource.RUSAGE_CHILDREN)
     subprocess.run(command, check=True, stdin=subprocess.DEVNULL)
     after = resource.getrusage(resource.RUSAGE_CHILDREN)
@@ -83,11 +84,11 @@ def processor_seconds(command):
 
 
 def compile_seconds(sources, effort):
-    """The median of the time that each source (name to path) takes to compile, in alternating order."""
+    """Compiles the sources (name to path) in alternating order. Returns the median of the seconds for each."""
     times = {name: [] for name in sources}
     with tempfile.TemporaryDirectory() as folder:
         for turn in range(effort.compilations):
-            tell(f"  round {turn + 1} of {effort.compilations}")
+            log(f"  round {turn + 1} of {effort.compilations}")
             for name in sources if turn % 2 == 0 else reversed(sources):
                 times[name].append(processor_seconds(
                     ["g++", "-std=c++17", "-O2", f"-I{ROOT}/include", "-c", sources[name], "-o", f"{folder}/object.o"]))
@@ -95,21 +96,21 @@ def compile_seconds(sources, effort):
 
 
 def stripped_size(program):
-    """The bytes of a program without its symbols."""
+    """Returns the size of a program without its symbols, in bytes."""
     with tempfile.TemporaryDirectory() as folder:
         subprocess.run(["strip", "-o", f"{folder}/stripped", PROGRAMS / program], check=True)
         return pathlib.Path(folder, "stripped").stat().st_size
 
 
 def tqdm_seconds(effort):
-    """One redraw of tqdm's bar."""
+    """Returns the seconds of one redraw of tqdm's bar."""
     done = subprocess.run(["/usr/bin/python3", "-B", ROOT / "benchmarks/redraw/redraw_tqdm.py", str(effort.repetitions)],
                           stdout=subprocess.PIPE, text=True, check=True)
     return float(done.stdout)
 
 
 def draw(name, title, items, unit, lines):
-    """A plot in docs: lines (name to points), both axes logarithmic."""
+    """Draws a plot into docs: lines (name to points) on logarithmic axes."""
     blocks = "".join(f"$line{i} << END\n" + "".join(f"{x} {y:.4g}\n" for x, y in points) + "END\n"
                      for i, points in enumerate(lines.values()))
     curves = ", ".join(f"$line{i} with linespoints linewidth 2 pointtype 7 pointsize 0.5 title '{line}'"

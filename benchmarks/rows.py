@@ -1,4 +1,4 @@
-"""The benchmarks, one function each: it measures and returns its tables."""
+"""The benchmarks. Each function measures one and returns its tables."""
 
 import callgrind
 import measuring
@@ -6,7 +6,7 @@ from tables import KELPLIB, Table, compared, fastest, judged, time_text, times
 
 LONG_WORDS = ["--output=a.txt", "--number=5", "--ratio=2.5", "in.txt"]
 SHORT_WORDS = ["-o=a.txt", "-n=5", "--ratio=2.5", "in.txt"]
-# Library, its program and its spelling of the same command line.
+# Library, program, and the command line in the spelling of the library.
 TOOLS = [
     (KELPLIB, "kelplib", SHORT_WORDS), ("getopt_long", "getopt_long", LONG_WORDS), ("gflags", "gflags", SHORT_WORDS),
     ("TCLAP", "tclap", SHORT_WORDS), ("CLI11", "cli11", LONG_WORDS), ("cxxopts", "cxxopts", LONG_WORDS),
@@ -15,7 +15,7 @@ PARSERS = ["getopt_long", "CLI11", "cxxopts", "Boost.Program_options", "TCLAP", 
 
 
 def reader_of(measured, prefix):
-    """A function of key and library for tables.compared."""
+    """Returns the function of key and library for tables.compared."""
 
     def seconds(key, library):
         figure = measured.get(f"{prefix}{key}/{library}")
@@ -25,29 +25,30 @@ def reader_of(measured, prefix):
 
 
 def start(_, __):
-    most = 230000
+    goal = 230000
     counts = {}
     floor = callgrind.of_process(str(measuring.PROGRAMS / "start_nothing"))
     lazily_bound = callgrind.of_process(str(measuring.PROGRAMS / "start_lazily_bound"), *SHORT_WORDS) - floor
     for library, program, words in TOOLS:
-        measuring.tell(f"  {library}")
+        measuring.log(f"  {library}")
         counts[library] = callgrind.of_process(str(measuring.PROGRAMS / f"start_{program}"), *words) - floor
     table = Table(
         "Start of a tool",
-        f"A tool with ten options started as `tool {' '.join(SHORT_WORDS)}` (in the library's own spelling) until it has read "
-        f"every value: instructions of the whole process above the {floor:,} of a program that loads the C++ runtime and "
-        "does nothing.", ["", "instructions"])
+        f"A tool with ten options, started as `tool {' '.join(SHORT_WORDS)}` (in each library's own spelling), until it "
+        f"has read every value: instructions of the whole process, minus the {floor:,} of a program that loads the C++ "
+        "runtime and does nothing.",
+        ["", "instructions"])
     for library, count in counts.items():
         table.add(f"**{library}**" if library == KELPLIB else library, f"{count:,}")
         if library == KELPLIB:
-            table.add("goal", judged(count, most, "{:,}".format))
-            table.add("kelplib, its names bound at their first use", f"{lazily_bound:,}")
+            table.add("goal", judged(count, goal, "{:,}".format))
+            table.add("kelplib with lazy binding", f"{lazily_bound:,}")
     cheaper = [library for library in counts if library not in (KELPLIB, "getopt_long") and counts[library] <= counts[KELPLIB]]
     table.remark("Goal: fewer than with every other C++ library: "
                  + (f"**missed** ({', '.join(cheaper)})." if cheaper else "reached.")
-                 + " getopt_long is C, and part of the C library that every program has loaded. kelplib's names are all bound "
-                 "when it is loaded, also those that this tool never uses, so that the table of their addresses is read-only "
-                 "before the tool runs.")
+                 + " getopt_long is C, and part of the C library that every program loads anyway. All of kelplib's names "
+                 "are bound when it is loaded, even those that this tool never uses, so that the table of their addresses "
+                 "is read-only before the tool runs.")
     return [table]
 
 
@@ -59,9 +60,9 @@ def compile_tool(_, effort):
     seconds = measuring.compile_seconds(sources, effort)
     table = Table(
         "Compiling a tool",
-        "The one file of that tool compiled with `g++ -std=c++17 -O2 -c`, processor time of user and system, beside a file that "
-        "only includes the standard headers of kelplib's interface; and the stripped size of the optimised program, without "
-        "the shared libraries that it loads.",
+        "Processor time (user and system) of `g++ -std=c++17 -O2 -c` for the single source of that tool, and for a source "
+        "that only includes the standard headers of kelplib's interface; and the size of the optimised and stripped "
+        "program, without the shared libraries that it loads.",
         ["", "time", "ratio", "program"])
     table.add(f"limit: {limit}", time_text(seconds[limit]), "", "")
     for library, program, _ in TOOLS:
@@ -76,15 +77,16 @@ def compile_tool(_, effort):
 def parse(measured, _):
     for options in (10, 100):
         measured.run(f"parse_{options}", [f"parse/{options}"])
-    text = ("The tool is built from argc and argv with its options, every option's text is asked for once, the positional "
-            "arguments are collected, everything is destroyed. Every option stands on the line, half of the tokens are "
-            "positional, tokens have 5 to 20 bytes; short lines are measured in different ones by turns. The limit looks at every byte of every token once. Registered "
-            "before the clock runs: the vector of kelplib's options, getopt_long's table, Boost's description, the global flags of "
-            "gflags and Abseil; CLI11, cxxopts and TCLAP register in the object that parses, within the time, as kelplib's "
-            "tool does. All give the first value of an option, gflags and Abseil the last.")
+    text = ("The program builds the tool from argc and argv with its options, reads the text of every option once, "
+            "collects the positional arguments and destroys everything. The command line contains every option, half of "
+            "its tokens are positional, and tokens have 5 to 20 bytes; several short command lines take turns. The limit "
+            "reads every byte of every token once. Created before the measurement: kelplib's vector of options, "
+            "getopt_long's table, Boost's description, and the global flags of gflags and Abseil. CLI11, cxxopts and TCLAP "
+            "register their options in the parser object, within the measured time, as kelplib's tool does. gflags and "
+            "Abseil return the last value of an option, all others the first.")
     return [parse_table(measured, 10, {"10 tokens": 12, "1,000 tokens": 4.5, "100,000 tokens": 5.5}, text),
             parse_table(measured, 100, {"100 tokens": 52, "1,000 tokens": 4, "100,000 tokens": 6},
-                        "The same with ten times as many options, of which every one stands on the line.")]
+                        "The same with ten times as many options, all of them on the command line.")]
 
 
 def parse_table(measured, options, goals, text):
@@ -98,7 +100,7 @@ def parse_table(measured, options, goals, text):
     table = compared(f"Parsing with {options} options", text, columns, "pass", PARSERS, goals, seconds)
     large = {head: key for head, key in columns.items() if int(key) >= 1000}
     fastest(table, large, large.values(), PARSERS, seconds, "every other library")
-    table.remark("Boost.Program_options takes quadratic time and is left out at 100,000 tokens.")
+    table.remark("Boost.Program_options takes quadratic time and is omitted at 100,000 tokens.")
     return table
 
 
@@ -107,8 +109,8 @@ def read(measured, _):
     others = ["strtol", "strtod", "double-conversion", "string stream"]
     columns = {"int": "int", "short (12.5)": "short", "17 digits": "17 digits"}
     goals = dict(zip(columns, (4, 3.2, 3.7)))
-    return [compared("Text to one number", "`Kelp::stringToValue` with texts that differ each time; the time of one value. "
-                     "fmt writes only.", columns, "from_chars", others, goals, reader_of(measured, "read/"))]
+    return [compared("Text to one number", "`Kelp::stringToValue` with a different text each time; the time per value. fmt "
+                     "only writes numbers.", columns, "from_chars", others, goals, reader_of(measured, "read/"))]
 
 
 def read_list(measured, _):
@@ -116,8 +118,8 @@ def read_list(measured, _):
     others = ["strtol, strtod", "double-conversion", "string stream"]
     columns = {"int": "int", "short (12.5)": "short", "17 digits": "17 digits"}
     goals = dict(zip(columns, (1.4, 1.5, 1.5)))
-    return [compared("Text to a list", "A text of 1,000,000 numbers with \":\" between them into a new vector; the time per value. "
-                     "The limit knows the number of values beforehand; the string stream is one for the whole text.",
+    return [compared("Text to a list", "A text of 1,000,000 numbers, separated by \":\", read into a new vector; the time "
+                     "per value. The limit knows the number of values beforehand; one string stream reads the whole text.",
                      columns, "from_chars", others, goals, reader_of(measured, "list/"))]
 
 
@@ -125,8 +127,9 @@ def locale(measured, _):
     measured.run("read_list", ["locale"])
     columns = {"int": "int", "short (12,5)": "short", "17 digits": "17 digits"}
     goals = dict.fromkeys(columns, 1)
-    return [compared("Text to a list under another locale", "The same while the global locale has a decimal comma and parts groups "
-                     "of three digits by points, as the numbers of the text are written. No other library reads by it.",
+    return [compared("Text to a list under another locale", "The same with numbers that have a decimal comma and points "
+                     "between groups of three digits, under a global locale with that format. No other library uses the "
+                     "locale.",
                      columns, "fresh string streams", [], goals, reader_of(measured, "locale/"))]
 
 
@@ -136,10 +139,10 @@ def write_text(measured, _):
     columns = {head: head for head in ("17 digits", "3 decimals", "whole", "pairs")}
     goals = dict(zip(columns, (1.1, 1, 1, 1)))
     seconds = reader_of(measured, "text/")
-    table = compared("Numbers to text", "1,000,000 numbers as one text by `std::to_string` of a vector, and as many pairs of numbers "
-                     "with three decimals, each by `std::to_string` of a tuple; the time per value or pair. The limit writes the shortest "
-                     "digits into one buffer that is there already. The stream and printf write 17 digits; they and "
-                     "double-conversion have no pairs.", columns, "to_chars", others, goals, seconds)
+    table = compared("Numbers to text", "1,000,000 numbers as one text by `std::to_string` of a vector, and as many pairs "
+                     "of numbers with three decimals, each by `std::to_string` of a tuple; the time per value or pair. The "
+                     "limit writes the shortest digits into one existing buffer. The stream and printf write 17 digits; "
+                     "they and double-conversion have no pairs.", columns, "to_chars", others, goals, seconds)
     fastest(table, columns, columns.values(), ["fmt"], seconds, "fmt")
     return [table]
 
@@ -155,10 +158,10 @@ def redraw(measured, effort):
             return tqdm if key == "null" else None
         return seconds(key, library)
 
-    table = compared("One redraw", "`KELP_progress` with a label and the time left, wall clock time. The limit is one write of the same "
-                     "bytes; the terminal is a pseudo-terminal that a thread reads. printf and fflush write the same bytes too; tqdm, in "
-                     "Python, its own bar of about that length.", columns, "write", ["printf and fflush", "tqdm"],
-                     dict(zip(columns, (2, 1.25))), with_tqdm)
+    table = compared("One redraw", "`KELP_progress` with a label and the time left, wall clock time. The limit is one "
+                     "write of the same bytes. The terminal is a pseudo-terminal that a thread reads. printf and fflush "
+                     "write the same bytes; tqdm, in Python, draws its own bar of about that length.",
+                     columns, "write", ["printf and fflush", "tqdm"], dict(zip(columns, (2, 1.25))), with_tqdm)
     allocations = measured["redraw/null/kelplib"].allocations
     ratio = tqdm / seconds("null", KELPLIB)
     table.remark(f"Goal: no allocation: {'reached' if allocations == 0 else f'**missed** ({allocations:g} a redraw)'}. "

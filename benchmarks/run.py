@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Measures kelplib beside other libraries: run.py [--quick] [NAME...], called by scripts/bench. With names it prints their
-tables; without, it also writes docs/benchmarks.md and the plots."""
+"""Compares kelplib with other libraries: run.py [--quick] [NAME...], called by scripts/bench. Prints the tables of the named
+benchmarks; without names prints all and writes docs/benchmarks.md and the plots."""
 
 import datetime
 import os
@@ -20,8 +20,7 @@ PACKAGES = ["libbenchmark-dev", "valgrind", "libcli11-dev", "libcxxopts-dev", "l
 TEXT = """\
 # Benchmarks
 
-Written by `{command}`, which measures on the machine it runs on; no figure was
-typed. The goals were set beforehand, and some are missed.{roughness}
+`{command}` measured every figure and wrote this page. The goals were set beforehand; some are missed.{roughness}
 
 | | |
 |---|---|
@@ -31,10 +30,9 @@ typed. The goals were set beforehand, and some are missed.{roughness}
 | date | {date} |
 | other libraries | {packages} |
 
-Each figure is a median. What is compared is measured by turns in random order, so that a disturbance hits all alike. Behind a
-time stands its ratio to the limit: the least that the job can cost, measured in the same run. Every answer was compared with the
-expected one before the clock ran. Instructions are counted by valgrind's callgrind. "–" means that a library cannot
-do the job.
+Each figure is a median. The libraries take turns in random order, so that a disturbance affects all alike. The factor "x" is a
+time's ratio to the limit: the least that the job can cost, measured in the same run. Every result was compared with the expected
+one before the measurement. valgrind's callgrind counts the instructions. "–" means that a library cannot do the job.
 
 {tables}
 
@@ -80,16 +78,16 @@ def main():
     started = time.monotonic()
     tables = []
     for number, name in enumerate(chosen or ROWS, 1):
-        measuring.tell(f"[{number}/{len(chosen or ROWS)}] {name}")
+        measuring.log(f"[{number}/{len(chosen or ROWS)}] {name}")
         made = ROWS[name](measured, effort)
         print("\n".join(table.plain() for table in made), flush=True)
         tables += made
     if not chosen:
-        measuring.tell("\nWriting")
+        measuring.log("\nWriting")
         text = document(tables, growth.plot(measured), quick)
         (measuring.ROOT / "docs/benchmarks.md").write_text(text, encoding="utf-8")
-        measuring.tell("  docs/benchmarks.md")
-    measuring.tell(f"Done after {time.monotonic() - started:.0f} s")
+        measuring.log("  docs/benchmarks.md")
+    measuring.log(f"Done after {time.monotonic() - started:.0f} s")
 
 
 if __name__ == "__main__":

@@ -1,4 +1,4 @@
-"""Tables of measurements: the limit, kelplib with its goals, and the others."""
+"""Tables of measurements: the limit, kelplib with its goals, and other libraries."""
 
 KELPLIB = "kelplib"
 
@@ -11,12 +11,12 @@ def time_text(seconds):
 
 
 def times(ratio):
-    """A ratio as people write it: x0.97, x5.20, x52."""
+    """Formats a ratio: x0.97, x5.20, x52."""
     return f"x{ratio:.2f}" if ratio < 10 else f"x{ratio:,.0f}"
 
 
 class Table:
-    """Lines of texts under a head, with a title and texts around them."""
+    """Rows of cells below a head, with a title, a text before and remarks after them."""
 
     def __init__(self, title, text, head):
         self.title, self.text, self.head = title, text, head
@@ -43,13 +43,13 @@ class Table:
 
 
 def judged(value, goal, write):
-    """A goal with the word whether the value keeps it."""
+    """Returns the goal and whether the value reaches it."""
     return f"at most {write(goal)}: {'reached' if value <= goal else '**missed**'}"
 
 
 def compared(title, text, columns, limit, others, goals, seconds):
-    """A table of times with their ratios to the limit. `columns` maps a head to the key of its figures, `goals` a head to
-    the largest ratio wanted; seconds(key, library) is None where a library cannot do the job."""
+    """Returns a table of times with their ratios to the limit. `columns` maps a head to the key of its figures, `goals` a head
+    to the largest allowed ratio. seconds(key, library) returns None if the library cannot do the work."""
 
     def cell(key, library):
         value = seconds(key, library)
@@ -66,7 +66,7 @@ def compared(title, text, columns, limit, others, goals, seconds):
 
 
 def fastest(table, heads, keys, others, seconds, name):
-    """Remarks whether kelplib is faster than the others, which `name` stands for, in these columns."""
+    """Adds a remark whether kelplib is faster than the others in these columns. `name` describes the others."""
     ahead = {head: [other for other in others
                     if seconds(key, other) is not None and seconds(key, other) <= seconds(key, KELPLIB)]
              for head, key in zip(heads, keys)}

@@ -1,5 +1,5 @@
-// The operations whose instructions are counted. Each is done once to warm up and then once more, and callgrind writes down
-// what the second time took. Runs under callgrind with --instr-atstart=no; guard.py does that.
+// The operations whose instructions guard.py counts. Each runs twice, and callgrind counts the second run. guard.py starts this
+// program under callgrind with --instr-atstart=no.
 
 #include <kelplib/CommandLineTool.h>
 #include <kelplib/KelpProgress.h>
@@ -13,7 +13,7 @@
 
 namespace {
 
-/// Counts an operation. Ends the program unless its result is right: the instructions of a failure are no figure.
+/// Counts an operation. Ends the program if the result is wrong.
 template <class Operation, class IsRight>
 void count(const char* name, Operation operation, IsRight isRight) {
     operation();

@@ -1,8 +1,8 @@
 #ifndef KELPLIB_BENCHMARKS_EACH_OPTION_H
 #define KELPLIB_BENCHMARKS_EACH_OPTION_H
 
-/// KELPLIB_EACH_OPTION(MACRO): MACRO(00) to MACRO(09), or to MACRO(99), as KELPLIB_BENCHMARK_OPTIONS says; for libraries
-/// whose flags are global variables.
+/// KELPLIB_EACH_OPTION(MACRO) expands to MACRO(00) to MACRO(09) or MACRO(99), depending on KELPLIB_BENCHMARK_OPTIONS. For
+/// libraries whose flags are global variables.
 
 // clang-format off
 #define KELPLIB_TEN(MACRO, ten) \

@@ -36,8 +36,8 @@ Answer getoptLong(const CommandLine& line, std::size_t options) {
     Answer answer;
     answer.values.resize(options);
     std::vector<bool> known(options);
-    // 0 also forgets the line before. "-" hands over positional arguments in their turn; sorting them to the end takes
-    // quadratic time.
+    // optind = 0 also resets the state of the previous line. "-" returns positional arguments in order; by default getopt_long
+    // moves them to the end, which takes quadratic time.
     optind = 0;
     for (int code = 0; (code = getopt_long(line.argc(), line.argv(), "-", table.entries.data(), nullptr)) != -1;) {
         if (code == 1) {

@@ -11,7 +11,7 @@ KELPLIB_EACH_OPTION(DEFINE_OPTION)
 namespace parsers {
 
 Answer gflags(const CommandLine& line) {
-    // Parsing sorts the pointers.
+    // Parsing reorders the pointers.
     std::vector<char*> pointers(line.argv(), line.argv() + line.argc() + 1);
     int argc = line.argc();
     char** argv = pointers.data();

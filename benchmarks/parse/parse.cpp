@@ -1,4 +1,4 @@
-// Reading a command line: kelplib beside other libraries, and one look at every byte as the floor.
+// Reading a command line: kelplib, other libraries, and as the limit one pass over every byte.
 
 #include <algorithm>
 #include <deque>
@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t optionCount = KELPLIB_BENCHMARK_OPTIONS;
 
-/// The floor: one pass over argv, byte by byte.
+/// The limit: one pass over argv, byte by byte.
 unsigned long sumOfBytes(const CommandLine& line) {
     unsigned long sum = 0;
     for (int i = 0; i < line.argc(); ++i) {
@@ -23,8 +23,7 @@ unsigned long sumOfBytes(const CommandLine& line) {
     return sum;
 }
 
-/// Command lines of one size with what is to be read from them. Short ones are many, so that the processor cannot learn them
-/// by heart.
+/// Command lines of one size. There are many short ones, so that the branch prediction of the processor cannot learn them.
 class Lines {
 public:
     Lines(std::size_t tokens, Spelling spelling) {
@@ -34,7 +33,7 @@ public:
         }
     }
 
-    /// Measures `parse`, a function of a command line; `expect` gives what it should return.
+    /// Measures parse(line) for all lines, after comparing each result with expect(line).
     template <class Parse, class Expect>
     void measureEach(const std::string& name, std::size_t tokens, Parse parse, Expect expect) const {
         measure(
@@ -58,7 +57,7 @@ private:
     std::deque<CommandLine> lines;
 };
 
-/// The sum once more, written another way.
+/// The same sum, computed in another way.
 unsigned long plainSum(const CommandLine& line) {
     unsigned long sum = 0;
     for (int i = 0; i < line.argc(); ++i) {
@@ -69,7 +68,7 @@ unsigned long plainSum(const CommandLine& line) {
     return sum;
 }
 
-/// Everything that is measured with one number of tokens.
+/// All measurements with one number of tokens.
 class Row {
 public:
     explicit Row(std::size_t count)
@@ -87,7 +86,7 @@ public:
         addOther("CLI11", parsers::cli11);
         addOther("cxxopts", parsers::cxxopts);
         addOther("TCLAP", parsers::tclap);
-        // Takes quadratic time: half a minute for 100,000 tokens.
+        // Boost.Program_options takes quadratic time: half a minute for 100,000 tokens.
         if (tokens <= 10000) {
             addOther("Boost.Program_options", parsers::boostProgramOptions);
         }
@@ -132,7 +131,7 @@ void addLongValue(std::size_t bytes) {
 int main(int argc, char** argv) {
     std::deque<Row> rows;
     for (const std::size_t tokens : {10U, 100U, 1000U, 10000U, 100000U}) {
-        // Every option is to stand on the line.
+        // The line has to hold every option.
         if (tokens >= optionCount) {
             rows.emplace_back(tokens);
         }

@@ -8,9 +8,9 @@
 
 #include "../support/command_line.h"
 
-/// The same job done by kelplib and by other libraries: the values of options 0 to `options` - 1 and the positional arguments.
-/// What a library's user builds before the command line is looked at (a table, a description) is built before as well;
-/// where that is the very object that parses, it is built and destroyed here.
+/// The same work by kelplib and other libraries: reading the values of options 0 to `options` - 1 and the positional arguments.
+/// A table or description that a library needs before it parses is built outside these functions, but an object that itself
+/// parses is built and destroyed inside them.
 namespace parsers {
 
 std::vector<Kelp::Option> kelplibOptions(std::size_t options);
@@ -21,7 +21,7 @@ Answer cli11(const CommandLine& line, std::size_t options);
 Answer cxxopts(const CommandLine& line, std::size_t options);
 Answer boostProgramOptions(const CommandLine& line, std::size_t options);
 Answer tclap(const CommandLine& line, std::size_t options);
-/// The flags of these two are the program's: as many as KELPLIB_BENCHMARK_OPTIONS says.
+/// The flags of these two are global variables of the program, KELPLIB_BENCHMARK_OPTIONS of them.
 Answer gflags(const CommandLine& line);
 Answer abseil(const CommandLine& line);
 

@@ -40,7 +40,7 @@ Redirection::~Redirection() {
 Terminal::Terminal()
     : reading(newTerminal()), writing(valid(open(ptsname(reading), O_RDWR | O_NOCTTY))), reader([this] {
           char buffer[65536];
-          // Ends when the other side is closed.
+          // read() fails once the other side is closed.
           while (read(reading, buffer, sizeof buffer) > 0) {
           }
       }) {}

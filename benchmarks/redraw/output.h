@@ -4,7 +4,7 @@
 #include <string>
 #include <thread>
 
-/// Sends standard output somewhere else for its lifetime.
+/// Redirects standard output during its lifetime.
 class Redirection {
 public:
     explicit Redirection(int descriptor);
@@ -16,7 +16,7 @@ private:
     int before = -1;
 };
 
-/// A terminal of our own, with a thread that reads what is written to it.
+/// A pseudo-terminal with a thread that reads its output.
 class Terminal {
 public:
     Terminal();
@@ -33,10 +33,10 @@ private:
     std::thread reader;
 };
 
-/// A descriptor that swallows everything.
+/// Returns a descriptor of /dev/null.
 int nullDevice();
 
-/// What `write` prints on standard output.
+/// Calls `write` and returns what it prints on standard output.
 std::string printedBy(void (*write)());
 
 #endif

@@ -1,5 +1,5 @@
-// One redraw of the bar: kelplib beside one write of the same bytes, the floor, and printf with fflush; to the null device
-// and to a terminal that is read.
+// One redraw of the bar, to the null device and to a terminal: kelplib, printf with fflush, and as the limit one write of the
+// same bytes.
 
 #include <kelplib/KelpProgress.h>
 #include <unistd.h>
@@ -19,7 +19,7 @@ constexpr int barWidth = 37;
 constexpr char label[] = "Copying";
 constexpr char lineInTheMiddle[] = "Copying 50.0% ###################                  | time left: 0 secs  \r";
 
-/// Never the beginning nor the end, whose lines are of another kind.
+/// Returns a value that is neither 0 nor the total, for which the bar has another format.
 double valueOf(int redraw) {
     return redraw + 0.25;
 }
@@ -45,7 +45,7 @@ void drawWithPrintf() {
     }
 }
 
-/// The lines that kelplib draws, each with its carriage return, when no redraw has to wait.
+/// Returns the lines that kelplib draws on an idle machine, each with its carriage return.
 std::vector<std::string> drawnLines() {
     std::string text;
     for (int tries = 10; tries > 0 && (text.empty() || text.find("left: 1") != std::string::npos); --tries) {
@@ -71,7 +71,7 @@ void writeLines() {
     }
 }
 
-/// Whether exactly the lines are printed. On a busy machine the time left may come out higher, so there are several tries.
+/// Whether `draw` prints exactly lines(). On a busy machine the time left may differ, so this tries several times.
 bool printsLines(void (*draw)()) {
     std::string expected;
     for (const std::string& line : lines()) {

@@ -1,3 +1,3 @@
-// A program that does nothing; the C++ runtime is loaded with it. The floor of a start.
+// A program that only loads the C++ runtime: the limit for the start of a tool.
 
 int main() {}

@@ -3,7 +3,7 @@
 
 #include <string>
 
-/// What the tool with ten options learns from its command line, the same with every library.
+/// The settings that the tool with ten options reads from its command line, the same for every library.
 struct Settings {
     std::string output = "out.txt";
     int number = 1;
@@ -18,7 +18,8 @@ struct Settings {
     std::string file;
 };
 
-/// The exit status: 0 when output, number, ratio and file are those of the measured command line and nothing else was set.
+/// Returns the exit status: 0 if output, number, ratio and file have the values of the measured command line and everything
+/// else its default.
 inline int checked(const Settings& settings) {
     const bool given = settings.output == "a.txt" && settings.number == 5 && settings.ratio == 2.5;
     const bool kept = settings.width == 80 && settings.threads == 1 && settings.separator == "," &&

@@ -1,4 +1,4 @@
-// The standard headers that kelplib's interface needs, and nothing else: the floor of compiling a tool.
+// Only the standard headers that kelplib's interface needs: the limit for compiling a tool.
 
 #include <array>
 #include <cstddef>

@@ -17,7 +17,7 @@ std::string word(std::mt19937& random, std::size_t shortest, std::size_t longest
     return text;
 }
 
-/// Which of the tokens are flags.
+/// Returns for each token whether it is a flag.
 std::vector<bool> flagPlaces(std::mt19937& random, std::size_t options, std::size_t tokens) {
     const std::size_t flags = std::max(tokens / 2, std::min(options, tokens));
     std::vector<bool> isFlag(tokens);
@@ -38,7 +38,7 @@ bool operator==(const Answer& left, const Answer& right) {
 }
 
 char keyOf(std::size_t number) {
-    // Letters, digits and punctuation, without those that have a meaning of their own, then bytes outside ASCII.
+    // Letters, digits and punctuation except special characters such as "-" and "=", then bytes outside ASCII.
     static const std::string keys = letters + std::string("0123456789!\"#$%&'()*+,./:;<>?@[\\]^_`{|}~");
     return number < keys.size() ? keys[number] : static_cast<char>(0x80 + number - keys.size());
 }
@@ -56,13 +56,13 @@ CommandLine::CommandLine(std::size_t options, std::size_t count, Spelling spelli
     const auto flags = static_cast<std::size_t>(std::count(isFlag.begin(), isFlag.end(), true));
     const std::size_t distance = std::max<std::size_t>(flags / options, 1);
     std::size_t flag = 0;
-    for (const bool wanted : isFlag) {
-        if (!wanted) {
+    for (const bool tokenIsFlag : isFlag) {
+        if (!tokenIsFlag) {
             positionals.push_back(word(random, 5, 20));
             addToken(positionals.back());
             continue;
         }
-        // Every option in its turn, and between two of them some that stood there before.
+        // A new option at regular distances, and options from before in between.
         const std::size_t newest = std::min(flag / distance, options - 1);
         const std::size_t option = flag % distance == 0 ? newest : below(random, newest + 1);
         addFlag(option, nameOf(option, spelling), word(random, 1, 14));

@@ -5,35 +5,35 @@
 #include <string>
 #include <vector>
 
-/// Which names the options of a command line have: one byte tells kelplib's options apart, other libraries want words.
+/// The names of the options. kelplib distinguishes options by their first byte, other libraries by words.
 enum class Spelling {
-    firstByte,  ///< --X37=value, X another byte for every option
+    firstByte,  ///< --X37=value, where X differs for every option
     word,       ///< --o37=value
 };
 
-/// What a library makes of a command line.
+/// The result of parsing a command line.
 struct Answer {
-    std::vector<std::string> values;       ///< of every option, in their order
+    std::vector<std::string> values;       ///< of every option, in the order of the options
     std::vector<std::string> positionals;  ///< in command-line order
 };
 
 bool operator==(const Answer& left, const Answer& right);
 
-/// A command line with what is to be read from it. All spellings of one size have the same values and lengths.
+/// A command line with its expected answers. Both spellings have the same values and lengths.
 class CommandLine {
 public:
-    /// Every option stands on the line as long as there are tokens for them, spread over it. About half of the tokens are
-    /// positional arguments, as far as the options leave room for them. Tokens have 5 to 20 bytes.
-    /// \param number  another one gives another line
+    /// Spreads all options over the line, or as many as there are tokens. About half of the tokens are positional arguments,
+    /// fewer if the options need more room. Tokens have 5 to 20 bytes.
+    /// \param number  the seed; each number gives another line
     CommandLine(std::size_t options, std::size_t tokens, Spelling spelling, unsigned number);
     CommandLine(const CommandLine&) = delete;
     CommandLine& operator=(const CommandLine&) = delete;
 
     int argc() const;
-    /// Zero-terminated texts; a null pointer ends the list.
+    /// Null-terminated strings, followed by a null pointer.
     char** argv() const;
 
-    /// The first value of every option, or the last one, for libraries that keep that; empty for an option that is missing.
+    /// The answer of a library that keeps the first value of every option, or the last one. The value of a missing option is empty.
     Answer first() const;
     Answer last() const;
 
@@ -42,7 +42,7 @@ private:
     void addFlag(std::size_t option, const std::string& name, const std::string& value);
     void setPointers();
 
-    /// The tokens one behind the other, as a process gets them.
+    /// The tokens in one block, as a process receives them.
     std::string text;
     mutable std::vector<char*> pointers;
     std::vector<std::string> firstValues;
@@ -50,9 +50,9 @@ private:
     std::vector<std::string> positionals;
 };
 
-/// The byte that tells option `number` of kelplib's apart.
+/// Returns the first byte of option `number` in kelplib's spelling.
 char keyOf(std::size_t number);
-/// "X37" or "o37".
+/// Returns "X37" or "o37".
 std::string nameOf(std::size_t number, Spelling spelling);
 
 #endif

@@ -6,18 +6,18 @@
 #include <memory>
 #include <string>
 
-/// Registers `work` as a measurement. Its result is looked at once, before the clock runs; a wrong one is an error and no
-/// figure. What the work returns is destroyed while the clock runs.
-/// \param items  how many tokens, values or redraws the work handles; written beside the times
+/// Registers `work` as a benchmark. Its result is checked once before the measurement; a wrong result is an error. The time
+/// includes destroying the result.
+/// \param items  the number of tokens, values or redraws in one call of `work`; reported with the times
 template <class Work, class IsRight>
 benchmark::internal::Benchmark* measure(const std::string& name, std::size_t items, Work work, IsRight isRight) {
-    const auto looked = std::make_shared<bool>(false);
-    return benchmark::RegisterBenchmark(name.c_str(), [items, work, isRight, looked](benchmark::State& state) {
-        if (!*looked && !isRight(work())) {
+    const auto checked = std::make_shared<bool>(false);
+    return benchmark::RegisterBenchmark(name.c_str(), [items, work, isRight, checked](benchmark::State& state) {
+        if (!*checked && !isRight(work())) {
             state.SkipWithError("wrong result");
             return;
         }
-        *looked = true;
+        *checked = true;
         for ([[maybe_unused]] auto turn : state) {
             auto result = work();
             benchmark::DoNotOptimize(result);

@@ -16,7 +16,7 @@ enum class Kind {
 
 std::vector<double> numbers(Kind kind, std::size_t count);
 
-/// Numbers that are drawn when they are first wanted: not every run measures all.
+/// Numbers that are generated when they are first used: not every run measures all of them.
 class LazyNumbers {
 public:
     LazyNumbers(Kind kind, std::size_t count);
@@ -30,19 +30,19 @@ private:
     std::vector<double> values;
 };
 
-/// Whether a text holds these numbers and nothing else, with ", " or ":" between them, as the C library reads them.
+/// Whether a text consists of these numbers, separated by ", " or ":", as the C library reads them.
 bool holds(const std::string& text, const std::vector<double>& values);
 
-/// The text of each number, written by a stream with the locale.
+/// Returns the text of each number, written by a stream with the locale.
 std::vector<std::string> textsOf(const std::vector<double>& values, const std::locale& locale);
 
-/// The texts in one, with ":" between them.
+/// Returns the texts joined by ":".
 std::string joined(const std::vector<std::string>& texts);
 
-/// The classic locale but for numbers: "," is the decimal point, "." parts groups of three digits.
+/// Returns the classic locale with "," as the decimal point and "." between groups of three digits.
 std::locale commaLocale();
 
-/// Makes a locale the global one for its lifetime.
+/// Sets the global locale during its lifetime.
 class GlobalLocale {
 public:
     explicit GlobalLocale(const std::locale& locale);

@@ -1,5 +1,5 @@
-// Text to a list of numbers: kelplib beside from_chars into a vector, the floor, and others; under the classic global locale
-// and under one with other punctuation.
+// Text to a list of numbers: kelplib, other libraries, and as the limit from_chars into a vector. Under the classic global
+// locale and under one with another decimal point and with grouping.
 
 #include <double-conversion/double-conversion.h>
 #include <kelplib/Kelp.h>
@@ -13,16 +13,16 @@
 
 namespace {
 
-constexpr std::size_t most = 1000000;
+constexpr std::size_t maxCount = 1000000;
 
-/// A list as text and as the numbers it holds.
+/// A list as text and as numbers.
 template <class T>
 struct List {
     std::vector<T> values;
     std::string text;
 };
 
-/// A list that is made when it is first wanted: not every run measures all.
+/// A list that is generated when it is first used: not every run measures all of them.
 template <class T>
 class LazyList {
 public:
@@ -53,7 +53,7 @@ std::vector<T> readWithKelplib(const List<T>& list) {
     return values;
 }
 
-/// Goes over the text, given the number of values; `read` reads one at its first argument and returns where it ends.
+/// Reads a list whose number of values is known. `read` reads one value at its first argument and returns its end.
 template <class T, class Read>
 std::vector<T> readEach(const List<T>& list, Read read) {
     std::vector<T> values(list.values.size());
@@ -109,7 +109,7 @@ std::vector<T> readWithOneStream(const List<T>& list) {
     return values;
 }
 
-/// The limit under another locale: a fresh stream, with the global locale, for each value.
+/// The limit under another locale: a new stream with the global locale for each value.
 template <class T>
 std::vector<T> readWithFreshStreams(const List<T>& list) {
     std::vector<T> values;
@@ -136,7 +136,7 @@ void add(const std::string& name, const std::shared_ptr<LazyList<T>>& list, std:
 
 template <class T>
 void addKind(const std::string& kind, Kind drawn) {
-    const auto list = std::make_shared<LazyList<T>>(drawn, most, std::locale::classic());
+    const auto list = std::make_shared<LazyList<T>>(drawn, maxCount, std::locale::classic());
     add<T>("list/" + kind + "/from_chars", list, readWithFromChars<T>);
     add<T>("list/" + kind + "/kelplib", list, readWithKelplib<T>);
     add<T>("list/" + kind + "/string stream", list, readWithOneStream<T>);
@@ -144,7 +144,7 @@ void addKind(const std::string& kind, Kind drawn) {
     if constexpr (std::is_floating_point_v<T>) {
         add<T>("list/" + kind + "/double-conversion", list, readWithDoubleConversion);
     }
-    const auto foreign = std::make_shared<LazyList<T>>(drawn, most, commaLocale());
+    const auto foreign = std::make_shared<LazyList<T>>(drawn, maxCount, commaLocale());
     add<T>("locale/" + kind + "/fresh string streams", foreign, readWithFreshStreams<T>);
     add<T>("locale/" + kind + "/kelplib", foreign, readWithKelplib<T>);
     for (const std::size_t count : {1000U, 10000U, 100000U, 1000000U}) {

@@ -1,4 +1,4 @@
-// Text to one number: kelplib beside from_chars, the floor, and others.
+// Text to one number: kelplib, other libraries, and as the limit from_chars.
 
 #include <double-conversion/double-conversion.h>
 #include <kelplib/Kelp.h>
@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t count = 1000;
 
-/// Texts with the sum of their numbers, added up in order.
+/// Texts and the sum of their numbers, added in order.
 struct Texts {
     explicit Texts(Kind kind) : values(numbers(kind, count)), texts(textsOf(values, std::locale::classic())) {
         for (const double value : values) {

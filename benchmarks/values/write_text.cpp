@@ -1,4 +1,4 @@
-// Numbers to text: kelplib beside to_chars into one buffer, the floor, and others.
+// Numbers to text: kelplib, other libraries, and as the limit to_chars into one buffer.
 
 #include <double-conversion/double-conversion.h>
 #include <fmt/compile.h>
@@ -16,8 +16,8 @@
 
 namespace {
 
-constexpr std::size_t most = 1000000;
-/// Room for any number and the separator behind it.
+constexpr std::size_t maxCount = 1000000;
+/// Room for any number and a separator.
 constexpr std::size_t roomPerNumber = 26;
 
 using Numbers = std::shared_ptr<LazyNumbers>;
@@ -80,7 +80,7 @@ std::string writeWithDoubleConversion(const std::vector<double>& values) {
     return text;
 }
 
-/// The floor writes into a buffer that is there already. Returns where the text ends.
+/// The limit: writes into an existing buffer. Returns the end of the text.
 char* writeWithToChars(const std::vector<double>& values, std::string& buffer) {
     char* position = buffer.data();
     char* const end = position + buffer.size();
@@ -113,7 +113,7 @@ void addFloor(const std::string& name, const Numbers& values) {
 }
 
 void addKind(const std::string& kind, Kind drawn) {
-    const auto values = std::make_shared<LazyNumbers>(drawn, most);
+    const auto values = std::make_shared<LazyNumbers>(drawn, maxCount);
     addFloor("text/" + kind + "/to_chars", values);
     addText("text/" + kind + "/kelplib", values, writeWithKelplib);
     addText("text/" + kind + "/fmt", values, writeWithFmt);
@@ -151,9 +151,9 @@ void addPairs(const std::string& library, const std::vector<Pair>& pairs, std::s
 
 /// Pairs of numbers with three decimals.
 std::vector<Pair> drawPairs() {
-    const std::vector<double> drawn = numbers(Kind::decimals, 2 * most);
+    const std::vector<double> drawn = numbers(Kind::decimals, 2 * maxCount);
     std::vector<Pair> pairs;
-    for (std::size_t i = 0; i < most; ++i) {
+    for (std::size_t i = 0; i < maxCount; ++i) {
         pairs.emplace_back(drawn[2 * i], drawn[2 * i + 1]);
     }
     return pairs;
