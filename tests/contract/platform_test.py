@@ -174,10 +174,8 @@ class RewindWithoutConsole(unittest.TestCase):
     def test_closed_output(self):
         for lines in ("0", "3"):
             with self.subTest(lines):
-                closed = (programs.command(SYSTEM_TOOL, TOOL, "rewind", lines) if programs.ON_WINDOWS else
-                          ["sh", "-c", 'exec "$0" "$@" >&-', TOOL, "rewind", lines])
-                done = subprocess.run(closed, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
-                                      timeout=60, check=True)
+                done = subprocess.run(programs.command_without_output(SYSTEM_TOOL, TOOL, "rewind", lines), timeout=60,
+                                      check=True, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
                 self.assertEqual((done.stdout, programs.plain_line_ends(done.stderr)), (b"", b"-1\n"))
 
 

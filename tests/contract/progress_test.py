@@ -73,10 +73,8 @@ class WithoutConsole(unittest.TestCase):
     def test_closed_output(self):
         for words, results in ((["bar", "0"], 5 * b"-1\n"), (["face", "0"], 7 * b"-1\n")):
             with self.subTest(words):
-                closed = (programs.command(SYSTEM_TOOL, TOOL, *words) if programs.ON_WINDOWS else
-                          ["sh", "-c", 'exec "$0" "$@" >&-', TOOL, *words])
-                done = subprocess.run(closed, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
-                                      timeout=60, check=True)
+                done = subprocess.run(programs.command_without_output(SYSTEM_TOOL, TOOL, *words), timeout=60, check=True,
+                                      stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
                 self.assertEqual((done.stdout, programs.plain_line_ends(done.stderr)), (b"", results))
 
 

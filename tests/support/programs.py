@@ -14,6 +14,14 @@ def command(program, *arguments):
     return [*EMULATOR, program, *arguments]
 
 
+def command_without_output(windows_helper, program, *arguments):
+    """The whole command line that runs a program with standard output closed. On Windows the program `windows_helper` does so,
+    elsewhere a shell."""
+    if ON_WINDOWS:
+        return command(windows_helper, program, *arguments)
+    return ["sh", "-c", 'exec "$0" "$@" >&-', program, *arguments]
+
+
 def plain_line_ends(output):
     """Undoes the CR LF that the standard output of a Windows program writes for every line end."""
     return output.replace(b"\r\n", b"\n") if ON_WINDOWS else output
