@@ -1,6 +1,7 @@
-"""A copy of the project whose sources hold their mutants, and its build."""
+"""Builds a copy of the project whose sources contain their mutants."""
 
 import json
+import os
 import re
 import shutil
 import subprocess
@@ -9,17 +10,17 @@ import schema
 
 OPTIONS = ("-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_C_COMPILER=gcc", "-DCMAKE_CXX_COMPILER=g++", "-DKELPLIB_BUILD_EXAMPLES=OFF",
            "-DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON")
-# What C++ leaves undefined ends the program, so that no change hides behind it: a missing return, an index out of bounds, a
-# number that does not fit; what is not set holds no zeros.
+# Undefined behaviour ends the program, so that it cannot hide a change: a missing return, an index out of bounds, a number
+# that does not fit. Uninitialised variables are not zero.
 FLAGS = ("-O1 -w -D_GLIBCXX_ASSERTIONS -ftrivial-auto-var-init=pattern -fsanitize-undefined-trap-on-error "
          "-fsanitize=unreachable,return,bounds,float-cast-overflow,signed-integer-overflow,integer-divide-by-zero")
-# What is asked, without the programs that mutants never meet.
 TARGETS = ("unit_tests", "tests/golden/all", "tests/contract/all")
+CAPACITY = 8192  # of switch.h
 ERROR = re.compile(r"^(?P<path>/[^:\n]+):(?P<line>\d+):\d+: error: ", re.M)
 
 
 def write_if_changed(path, text):
-    """Leaves the time of a file that is the same already, so that nothing is built anew for it."""
+    """Leaves the modification time of an unchanged file alone, so that nothing is rebuilt for it."""
     if not path.exists() or path.read_text(encoding="utf-8") != text:
         path.parent.mkdir(parents=True, exist_ok=True)
         path.write_text(text, encoding="utf-8")
@@ -31,15 +32,16 @@ class Build:
         self.notes = folder / "kept.json"
         self.mutants = mutants
         self.sources = {}
-        kept = json.loads(self.notes.read_text(encoding="utf-8")) if self.notes.exists() else []
-        self.kept, self.fixed_lines = set(kept[0]) if kept else set(), {tuple(line) for line in kept[1]} if kept else set()
+        kept = json.loads(self.notes.read_text(encoding="utf-8")) if self.notes.exists() else [[], []]
+        self.kept, self.fixed_lines = set(kept[0]), {tuple(line) for line in kept[1]}
 
     def prepare(self):
-        """Builds the copy. What the compiler has to know is found by asking it: those mutants are compiled one by one."""
+        """Builds the copy. Compiler errors show which values the compiler needs; their mutants are compiled one by one."""
+        if len(self.mutants) >= CAPACITY:
+            raise SystemExit("more mutants than switch.h has room for")
         self.copy()
-        header = self.tree / "mutants.h"
-        write_if_changed(header, schema.header(len(self.mutants)))
         self.write_sources()
+        header = self.tree / "tests/mutation/switch.h"
         subprocess.run(["cmake", "-S", self.tree, "-B", self.out, "-G", "Ninja", *OPTIONS,
                         f"-DCMAKE_CXX_FLAGS_DEBUG={FLAGS} -include {header}"],
                        check=True, stdout=subprocess.DEVNULL)
@@ -59,8 +61,8 @@ class Build:
                 relative = path.relative_to(self.root)
                 if not path.is_file() or "__pycache__" in relative.parts:
                     continue
-                present.add(self.tree / relative)
                 target = self.tree / relative
+                present.add(target)
                 if name in ("include", "src"):
                     self.sources[relative.as_posix()] = path.read_text(encoding="utf-8")
                 elif not target.exists() or target.read_bytes() != path.read_bytes():
@@ -83,13 +85,15 @@ class Build:
         write_if_changed(self.tree / file, schema.render(self.sources[file], own, self.kept, compiled))
 
     def build(self, *options):
-        """Returns None, or what the compiler says."""
+        """Returns None, or the output of a failed build."""
+        # ccache makes the paths in error messages relative to this folder.
+        environment = {**os.environ, "CCACHE_BASEDIR": ""}
         done = subprocess.run(["ninja", "-C", self.out, f"-j{self.jobs}", *options, *TARGETS], check=False, text=True,
-                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT, env=None)
+                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT, env=environment)
         return None if done.returncode == 0 else done.stdout
 
     def keep_constants(self, log):
-        """Takes back what the compiler complains about. Returns whether there was anything."""
+        """Marks the constants and lines that the compiler complains about as fixed. Returns whether there were new ones."""
         before = len(self.kept), len(self.fixed_lines)
         constants = {match["name"] for text in self.sources.values() for match in schema.CONSTANT.finditer(text)}
         for block in re.split(r"(?m)(?=^FAILED: )", log):

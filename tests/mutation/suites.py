@@ -1,4 +1,4 @@
-"""The tests as the mutants meet them: which test reaches which mutant, and whether one of them notices it."""
+"""Runs the tests: finds out which test reaches which mutant, and whether one of them notices it."""
 
 import collections
 import dataclasses
@@ -36,20 +36,19 @@ running = set()
 
 
 def stop_all():
-    """Ends the tests that are running."""
+    """Kills the running tests."""
     for process in list(running):
         os.killpg(process.pid, signal.SIGKILL)
 
 
 def failure(command, environment, seconds, folder):
-    """As failure_once; what did not end is asked once more with much more time, so that a busy machine is no failure."""
+    """Like failure_once(), but repeats a command that does not end with more time, because the machine may be busy."""
     failed = failure_once(command, environment, seconds, folder)
     return failure_once(command, environment, 4 * seconds, folder) if failed == "does not end" else failed
 
 
 def failure_once(command, environment, seconds, folder):
-    """"" for a command that ends with 0, "fails", or "does not end" within the seconds. All of its processes have ended
-    then."""
+    """Returns "" for a command that exits with 0, otherwise "fails" or "does not end". Leaves no process running."""
     with subprocess.Popen(command, env={**os.environ, **environment}, cwd=folder, stdin=subprocess.DEVNULL,
                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True,
                           preexec_fn=limit_resources) as process:
@@ -95,19 +94,19 @@ class Suites:
                 group = words
 
     def trace(self, jobs, folder, note):
-        """Runs every test by itself on the unchanged library."""
+        """Runs every test on the unchanged library and notes what it reaches."""
         self.units = [Test(name, [self.unit.command[0], f"--gtest_filter={name}"], self.unit.environment)
                       for name in self.unit_names()]
-        # The longest first, so that none is left over at the end.
+        # The scripts take longest, so they start first.
         tests = [*self.scripts, *self.units]
         with multiprocessing.pool.ThreadPool(jobs) as pool:
             for index, failed in enumerate(pool.imap_unordered(lambda test: self.look(test, folder), tests)):
-                note(f"looking at what each test reaches: {index + 1} of {len(tests)}")
+                note(f"running each test on the unchanged library: {index + 1} of {len(tests)}")
                 if failed:
                     raise SystemExit(f"{failed} fails on the unchanged library")
 
     def look(self, test, folder):
-        """Notes what a test reaches. Returns its name when it fails."""
+        """Notes what a test reaches. Returns the name of a test that fails."""
         with tempfile.TemporaryDirectory(dir=folder) as own:
             reached = pathlib.Path(own) / "reached"
             reached.write_bytes(bytes(self.count + 1))
@@ -119,8 +118,8 @@ class Suites:
             return None
 
     def noticed_by(self, numbers, environment, folder, room):
-        """The first of the tests that reach one of the numbers and fail, and how; None when all of them pass. What has
-        noticed much of the same room (folder of the sources) is asked first."""
+        """Returns the first test that reaches one of the mutants and fails, and how; None when all of them pass. Scripts
+        that have noticed many mutants of the same source folder (room) run first."""
         units = [test for test in self.units if test.reached & numbers]
         for slow in (False, True):
             chosen = [test for test in units if (test.seconds >= QUICK_SECONDS) == slow]
