@@ -12,10 +12,17 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <iterator>
 #include <string>
+
+#ifdef __GLIBCXX__
+#include <ext/stdio_filebuf.h>
+#include <ext/stdio_sync_filebuf.h>
+#endif
 
 #include "commands.h"
 
@@ -33,17 +40,26 @@ void takeInputFrom(const std::string& keys) {
 }
 
 /// The child inherits no reader from its parent, so its own reader takes the first key.
-void forkAfterAWait() {
+void forkAfterAWait(void (*endChild)(int)) {
     Kelp::waitOrPressKey(0, "left");
     const pid_t child = fork();
     if (child == 0) {
         takeInputFrom("k");
         Kelp::waitOrPressKey(longSeconds, "in the child");
-        std::_Exit(5);
+        endChild(5);
     }
     int status = 0;
     waitpid(child, &status, 0);
     printResult(WEXITSTATUS(status));
+}
+
+void forkAndExit() {
+    forkAfterAWait(std::exit);
+}
+
+/// For sanitizers, which at exit look for the threads of the parent.
+void forkAndEndAtOnce() {
+    forkAfterAWait(std::_Exit);
 }
 
 void readFromACommand() {
@@ -102,8 +118,13 @@ void blockTerminalInput() {
     Kelp::waitOrPressKey(1, "blocked");
 }
 
+/// A wait that leaves the processor to others.
 void wait() {
+    const std::clock_t before = std::clock();
     Kelp::waitOrPressKey(1, "waiting");
+    if (std::clock() - before > CLOCKS_PER_SEC / 10) {
+        std::_Exit(3);
+    }
 }
 
 void waitUnsynchronized() {
@@ -129,6 +150,21 @@ void readWithoutWaiting() {
     printResult(std::cin.eof() ? 1 : 0);
 }
 
+// An unsynchronized stream does not depend on what the C library has buffered or locked.
+
+void waitBesideBufferedInput() {
+    std::ios::sync_with_stdio(false);
+    std::ungetc('u', stdin);
+    readWithoutWaiting();
+}
+
+void waitBesideALock() {
+    std::ios::sync_with_stdio(false);
+    flockfile(stdin);
+    waitForAKey();
+    funlockfile(stdin);
+}
+
 /// Once the C library has seen the end of the input, it stays at the end, although a terminal could deliver more.
 void waitAfterTheEnd() {
     while (std::getchar() != EOF) {
@@ -137,15 +173,91 @@ void waitAfterTheEnd() {
     printResult(std::cin.eof() ? 1 : 0);
 }
 
+/// Takes the buffer from the stream until the reader of an earlier wait has had a key.
+void leaveReaderWithoutBuffer() {
+    const auto before = countThreads();
+    Kelp::waitOrPressKey(0, "left");
+    std::streambuf* const buffer = std::cin.rdbuf(nullptr);
+    printResult(1);
+    while (countThreads() > before) {
+        KELP_sleep(1);
+    }
+    std::cin.rdbuf(buffer);
+}
+
+/// The reader takes the key from stdin.
+void muteInput() {
+    leaveReaderWithoutBuffer();
+    std::printf("%c\n", std::getchar());
+}
+
+/// The reader fails and leaves the key to the next wait.
+void muteUnsynchronizedInput() {
+    std::ios::sync_with_stdio(false);
+    leaveReaderWithoutBuffer();
+    Kelp::waitOrPressKey(longSeconds, "next");
+}
+
+/// Returns the reading end of a pipe that holds two keys.
+int openKeys() {
+    int ends[2];
+    if (pipe(ends) != 0 || write(ends[1], "ab", 2) != 2) {
+        std::_Exit(1);
+    }
+    return ends[0];
+}
+
+void readFrom(std::streambuf& file) {
+    std::streambuf* const before = std::cin.rdbuf(&file);
+    Kelp::waitOrPressKey(longSeconds, "another file");
+    std::cout << static_cast<char>(std::cin.get()) << "\n";
+    std::cin.rdbuf(before);
+}
+
+/// A program's own buffer. Like libstdc++'s for std::cin it starts with a file, but it does not read it.
+class OwnBuffer : public std::streambuf {
+public:
+    OwnBuffer() {
+        setg(keys, keys, keys + sizeof keys);
+    }
+
+    std::FILE* file = stdin;
+
+private:
+    char keys[2] = {'a', 'b'};
+};
+
+/// Reads keys from files other than stdin, through buffers of the types that std::cin itself has.
+void readFromOtherFiles() {
+    OwnBuffer buffer;
+    readFrom(buffer);
+#ifdef __GLIBCXX__
+    __gnu_cxx::stdio_filebuf<char> file(openKeys(), std::ios::in);
+    readFrom(file);
+    __gnu_cxx::stdio_sync_filebuf<char> synchronizedFile(fdopen(openKeys(), "r"));
+    readFrom(synchronizedFile);
+#else
+    for (int i = 0; i < 2; ++i) {
+        std::filebuf file;
+        file.open("/dev/fd/" + std::to_string(openKeys()), std::ios::in);
+        readFrom(file);
+    }
+#endif
+}
+
 /// poll() fails if the limit on descriptors is 0.
 void waitWithoutDescriptors() {
-    const rlimit none{0, 0};
+    rlimit before{};
+    getrlimit(RLIMIT_NOFILE, &before);
+    const rlimit none{0, before.rlim_max};
     setrlimit(RLIMIT_NOFILE, &none);
     Kelp::waitOrPressKey(longSeconds, "without descriptors");
+    setrlimit(RLIMIT_NOFILE, &before);
 }
 
 constexpr Command<> commands[] = {
-    {"fork", forkAfterAWait},
+    {"fork", forkAndExit},
+    {"fork-and-end-at-once", forkAndEndAtOnce},
     {"popen", readFromACommand},
     {"cancel", cancelAWait},
     {"block", blockTerminalInput},
@@ -154,8 +266,13 @@ constexpr Command<> commands[] = {
     {"wait-for-a-key", waitForAKey},
     {"unreadable", readWhatCannotBeRead},
     {"without-waiting", readWithoutWaiting},
+    {"beside-buffered-input", waitBesideBufferedInput},
+    {"beside-a-lock", waitBesideALock},
     {"after-the-end", waitAfterTheEnd},
     {"without-descriptors", waitWithoutDescriptors},
+    {"muted-input", muteInput},
+    {"muted-unsynchronized-input", muteUnsynchronizedInput},
+    {"other-files", readFromOtherFiles},
 };
 
 }  // namespace

@@ -4,6 +4,7 @@ odd_posix_program_test.py ODD_POSIX_PROGRAM [libcxx] [sanitized]
 
 The words describe the build: some tests expect something else there or are skipped."""
 
+import contextlib
 import fcntl
 import os
 import subprocess
@@ -23,6 +24,13 @@ def lines(message, seconds):
     return f"{message}\n    Press key to continue -- otherwise wait for {seconds} seconds.\n".encode()
 
 
+def set_group(job):
+    """Gives a child a process group of its own. The child does the same, so that neither has to wait for the other."""
+    # The call fails once the child runs its program.
+    with contextlib.suppress(PermissionError):
+        os.setpgid(job, job)
+
+
 class Processes(unittest.TestCase):
     def start(self, command):
         # By default ThreadSanitizer ends a forked child that starts a thread.
@@ -38,7 +46,8 @@ class Processes(unittest.TestCase):
         self.assertEqual((process.stdout.read(), process.stderr.read()), (printed, errors))
 
     def test_a_forked_child_waits_for_its_own_key(self):
-        self.check_end(self.start("fork"), lines("left", 0) + lines("in the child", 600), b"5\n")
+        command = "fork-and-end-at-once" if "sanitized" in BUILD else "fork"
+        self.check_end(self.start(command), lines("left", 0) + lines("in the child", 600), b"5\n")
 
     def test_a_command_is_read_after_a_wait(self):
         self.check_end(self.start("popen"), lines("left", 0) + b"from the command\n", b"0\n")
@@ -55,10 +64,24 @@ class Processes(unittest.TestCase):
         process.stdin.flush()
         self.check_end(process, lines("cancelled", 600) + lines("next", 600), b"")
 
+    def test_an_empty_input_leaves_the_processor_to_others(self):
+        for command in ("wait", "wait-unsynchronized"):
+            self.check_end(self.start(command), lines("waiting", 1), b"")
+
     def test_an_empty_non_blocking_input_is_not_at_its_end(self):
         start = time.monotonic()
         self.check_end(self.start("without-waiting"), lines("empty", 1), b"0\n")
         self.assertGreaterEqual(time.monotonic() - start, 1.2)
+
+    @unittest.skipIf("libcxx" in BUILD, "this build's stream reads through the C library")
+    def test_an_unsynchronized_stream_reads_beside_the_c_library(self):
+        start = time.monotonic()
+        self.check_end(self.start("beside-buffered-input"), lines("empty", 1), b"0\n")
+        self.assertGreaterEqual(time.monotonic() - start, 1.2)
+        process = self.start("beside-a-lock")
+        process.stdin.write(b"k")
+        process.stdin.flush()
+        self.check_end(process, lines("waiting", 600), b"")
 
     def test_an_end_that_the_c_library_has_seen_stays(self):
         terminal, other_end = os.openpty()
@@ -82,6 +105,24 @@ class Processes(unittest.TestCase):
         with subprocess.Popen(["sh", "-c", 'exec "$0" wait-for-a-key 0>&1', PROGRAM], stdout=subprocess.PIPE) as process:
             self.assertEqual(process.wait(timeout=LIMIT_SECONDS), 0)
             self.assertEqual(process.stdout.read(), lines("waiting", 600))
+
+    def test_files_other_than_standard_input_are_read_while_it_is_empty(self):
+        self.check_end(self.start("other-files"), 3 * (lines("another file", 600) + b"b\n"), b"")
+
+    def check_muted(self, command, keys, printed):
+        process = self.start(command)
+        self.assertEqual(process.stderr.readline(), b"1\n")
+        process.stdin.write(keys)
+        process.stdin.flush()
+        self.check_end(process, lines("left", 0) + printed, b"")
+
+    def test_a_reader_of_the_c_library_needs_no_buffer_of_the_stream(self):
+        self.check_muted("muted-input", b"ab", b"b\n")
+
+    # libc++'s stream always reads through the C library. ThreadSanitizer reports that the program changes std::cin meanwhile.
+    @unittest.skipIf(BUILD, "this build reads otherwise, or reports a race")
+    def test_a_reader_of_the_unsynchronized_stream_takes_no_key_without_a_buffer(self):
+        self.check_muted("muted-unsynchronized-input", b"a", lines("next", 600))
 
     @unittest.skipIf("sanitized" in BUILD, "this build needs descriptors itself")
     def test_a_key_is_read_where_poll_fails(self):
@@ -107,7 +148,7 @@ class Background(unittest.TestCase):
                 os.dup2(other_end, 0)
                 os.dup2(os.open(os.devnull, os.O_WRONLY), 1)
                 os.execv(PROGRAM, [PROGRAM, command])
-            os.setpgid(job, job)
+            set_group(job)
             os.write(terminal, b"k\n")
             _, status = os.waitpid(job, os.WUNTRACED)
             ended = os.WIFEXITED(status) and os.WEXITSTATUS(status) == 0
@@ -144,7 +185,7 @@ class Background(unittest.TestCase):
                 os.dup2(other_end, 0)
                 os.dup2(writing, 1)
                 os.execv(PROGRAM, [PROGRAM, "wait-for-a-key"])
-            os.setpgid(job, job)
+            set_group(job)
             os.close(writing)
             os.write(terminal, b"k\n")
             printed = b""

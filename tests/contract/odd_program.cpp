@@ -150,6 +150,11 @@ void endOfInput() {
     printResult(std::cin.eof() ? 1 : 0);
 }
 
+void endOfUnsynchronizedInput() {
+    std::ios::sync_with_stdio(false);
+    endOfInput();
+}
+
 // Input that is already in a buffer.
 
 /// Prints 1 if the wait ends early: buffered input counts as a key, even if the system has no more input.
@@ -219,6 +224,7 @@ constexpr Command<> commands[] = {
     {"throwing-input", throwingInput},
     {"closed-input", closedInput},
     {"end-of-input", endOfInput},
+    {"end-of-unsynchronized-input", endOfUnsynchronizedInput},
     {"buffered-by-c", bufferedByC},
     {"pushed-back", pushedBack},
     {"buffered-by-the-stream", bufferedByTheStream},

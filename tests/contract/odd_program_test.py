@@ -104,7 +104,8 @@ class Input(Program):
         self.check("throwing-input", (0, lines("throwing", 600), b""))
 
     def test_that_has_ended_sets_the_stream_to_its_end(self):
-        self.assertEqual(programs.run(ODD_PROGRAM, "end-of-input"), (0, lines("ended", 600), b"1\n"))
+        for command in ("end-of-input", "end-of-unsynchronized-input"):
+            self.assertEqual(programs.run(ODD_PROGRAM, command), (0, lines("ended", 600), b"1\n"), command)
 
     def test_that_the_program_has_closed_counts_as_a_key(self):
         self.check("closed-input", (0, lines("closed", 600), b"1\n"))

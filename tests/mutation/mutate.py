@@ -4,14 +4,13 @@ import argparse
 import collections
 import hashlib
 import json
-import multiprocessing
+import multiprocessing.pool
 import os
 import pathlib
-import queue
 import random
 import signal
 import sys
-import threading
+import tempfile
 
 import explained
 from build import Build
@@ -100,42 +99,28 @@ class Results:
 class Run:
     def __init__(self, build, suites, results, reasons, total):
         self.build, self.suites, self.results, self.reasons, self.total = build, suites, results, reasons, total
-        self.lock = threading.Lock()
         self.counts = collections.Counter()
         self.unexplained = 0
 
     def take(self, mutant, noticed_by):
-        with self.lock:
-            if mutant.key not in self.results.known:
-                self.results.add(mutant, noticed_by)
-            self.counts[noticed_by or "unnoticed"] += 1
-            if noticed_by is None and mutant.key not in self.reasons:
-                self.unexplained += 1
-                say(f"{mutant.file}:{mutant.line}: passes unnoticed\n    {mutant.key}")
-            note(f"{sum(self.counts.values())} of {self.total} tried, {self.counts['unnoticed']} unnoticed, "
-                 f"now {mutant.file}:{mutant.line}")
+        if mutant.key not in self.results.known:
+            self.results.add(mutant, noticed_by)
+        self.counts[noticed_by or "unnoticed"] += 1
+        if noticed_by is None and mutant.key not in self.reasons:
+            self.unexplained += 1
+            say(f"{mutant.file}:{mutant.line}: passes unnoticed\n    {mutant.key}")
+        note(f"{sum(self.counts.values())} of {self.total} tried, {self.counts['unnoticed']} unnoticed, "
+             f"now {mutant.file}:{mutant.line}")
 
     def try_switched(self, mutants, jobs):
-        waiting = queue.SimpleQueue()
-        for mutant in mutants:
-            waiting.put(mutant)
-        threads = [threading.Thread(target=self.work, args=(waiting, number), daemon=True) for number in range(jobs)]
-        for thread in threads:
-            thread.start()
-        for thread in threads:
-            while thread.is_alive():
-                thread.join(0.2)
+        with multiprocessing.pool.ThreadPool(jobs) as pool:
+            for mutant, noticed_by in pool.imap_unordered(self.switch_on, mutants):
+                self.take(mutant, noticed_by)
 
-    def work(self, waiting, number):
-        folder = FOLDER / f"work{number}"
-        folder.mkdir(exist_ok=True)
-        while True:
-            try:
-                mutant = waiting.get_nowait()
-            except queue.Empty:
-                return
-            self.take(mutant, self.suites.noticed_by({mutant.number}, {"KELPLIB_MUTANT": str(mutant.number)}, folder,
-                                                     os.path.dirname(mutant.file)))
+    def switch_on(self, mutant):
+        with tempfile.TemporaryDirectory(dir=FOLDER) as folder:
+            environment = {"KELPLIB_MUTANT": str(mutant.number)}
+            return mutant, self.suites.noticed_by({mutant.number}, environment, folder, os.path.dirname(mutant.file))
 
     def try_compiled(self, mutant):
         """Compiles the change and runs the tests that reach anything in its file."""
