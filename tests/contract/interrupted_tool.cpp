@@ -38,9 +38,6 @@ bool startSignals() {
 
 /// Sends signals to every other thread of the process; the system itself would pick the main thread.
 void signalOtherThreads() {
-    sigset_t signals{};
-    sigaddset(&signals, SIGALRM);
-    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
     const pid_t own = gettid();
     while (true) {
         for (const auto& entry : std::filesystem::directory_iterator("/proc/self/task")) {
@@ -51,6 +48,15 @@ void signalOtherThreads() {
         }
         Kelp::platform::sleepMilliseconds(10);
     }
+}
+
+/// Starts that thread with the signal blocked: a new thread inherits the mask.
+void startSignalsToOtherThreads() {
+    sigset_t signals{};
+    sigaddset(&signals, SIGALRM);
+    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+    std::thread(signalOtherThreads).detach();
+    pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
 }
 
 void printHandled() {
@@ -75,7 +81,7 @@ int main(int argc, char** argv) {
         return 0;
     }
     if (command == "wait" && argc == 3) {
-        std::thread(signalOtherThreads).detach();
+        startSignalsToOtherThreads();
         const double start = Kelp::platform::monotonicSeconds();
         Kelp::waitOrPressKey(static_cast<unsigned int>(std::stoul(argv[2])), "waiting");
         std::printf("%.9f\n", Kelp::platform::monotonicSeconds() - start);
