@@ -1,4 +1,4 @@
-# Every file of the library, by hand: a file that is not listed here is not built.
+# Every file of the library. A file that is not listed here is not built.
 set(KELPLIB_PUBLIC_HEADERS
     include/kelplib/CommandLineTool.h
     include/kelplib/Export.h
@@ -7,7 +7,7 @@ set(KELPLIB_PUBLIC_HEADERS
     include/kelplib/KelpProgress.h)
 
 include(CheckCXXSourceCompiles)
-# Where the streams can be declared without <iostream>, they are made ready at their first use.
+# If the streams can be declared without <iostream>, they are initialised on first use.
 check_cxx_source_compiles("
     #include <ext/stdio_sync_filebuf.h>
     #include <ostream>
@@ -21,17 +21,26 @@ else()
 endif()
 
 set(KELPLIB_SOURCES
+    src/command_line/argv_tokens.cpp
+    src/command_line/flag_check.cpp
+    src/command_line/flag_key.cpp
+    src/command_line/flag_scanners.cpp
+    src/command_line/option.cpp
+    src/command_line/option_reader.cpp
     src/console/bar_body.cpp
     src/console/bounded_text.cpp
+    src/console/time_and_cursor.cpp
     src/console/colored_string.cpp
+    src/console/face.cpp
     src/console/face_frame.cpp
     src/console/global_progress.cpp
     src/console/label.cpp
     src/console/progress_bar.cpp
     src/console/progress_line.cpp
-    src/console/smiley.cpp
-    src/console/standard_output.cpp
     src/console/time_left.cpp
+    src/console/verbosity.cpp
+    src/console/wait_or_press_key.cpp
+    src/console/write_at_once.cpp
     src/convert/collection_values.cpp
     src/convert/localized_text.cpp
     src/convert/number_reading.cpp
@@ -39,23 +48,16 @@ set(KELPLIB_SOURCES
     src/convert/path_value.cpp
     src/convert/scalar_values.cpp
     src/convert/value_text.cpp
-    src/frame/command_line_tool.cpp
-    src/frame/command_line_tool_checks.cpp
-    src/frame/command_line_tool_help.cpp
-    src/frame/command_line_tool_output.cpp
-    src/frame/flag_key.cpp
-    src/frame/install_location.cpp
-    src/frame/option.cpp
-    src/frame/option_reader.cpp
-    src/frame/token_mark.cpp
     src/path/file_path.cpp
+    src/tool/checks.cpp
+    src/tool/construction.cpp
+    src/tool/help.cpp
+    src/tool/install_location.cpp
+    src/tool/output.cpp
+    src/tool/queries.cpp
     src/util/ascii_fold.cpp
-    src/util/flag_scanners.cpp
     src/util/leading_int.cpp
-    src/util/string_utilities.cpp
-    src/util/tokens.cpp
-    src/util/verbosity.cpp
-    src/util/wait_or_press_key.cpp)
+    src/util/string_utilities.cpp)
 
 if(WIN32)
     set(KELPLIB_PLATFORM_SOURCES src/platform/platform_windows.cpp ${KELPLIB_STREAMS_SOURCE})

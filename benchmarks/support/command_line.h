@@ -24,8 +24,9 @@ class CommandLine {
 public:
     /// Spreads all options over the line, or as many as there are tokens. About half of the tokens are positional arguments,
     /// fewer if the options need more room. Tokens have 5 to 20 bytes.
+    /// \param count   the number of tokens
     /// \param number  the seed; each number gives another line
-    CommandLine(std::size_t options, std::size_t tokens, Spelling spelling, unsigned number);
+    CommandLine(std::size_t options, std::size_t count, Spelling spelling, unsigned number);
     CommandLine(const CommandLine&) = delete;
     CommandLine& operator=(const CommandLine&) = delete;
 

@@ -55,7 +55,7 @@ std::vector<double> numbers(Kind kind, std::size_t count) {
     return values;
 }
 
-LazyNumbers::LazyNumbers(Kind kind, std::size_t size) : drawnKind(kind), count(size) {}
+LazyNumbers::LazyNumbers(Kind kind, std::size_t count) : drawnKind(kind), count(count) {}
 
 std::size_t LazyNumbers::size() const {
     return count;

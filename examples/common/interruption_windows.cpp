@@ -11,8 +11,8 @@ void (*noteSignal)(int) = nullptr;
 
 extern "C" {
 /// The system removes a handler when it calls it.
-static void noteAgainAndAgain(int signal) {
-    std::signal(signal, noteAgainAndAgain);
+static void noteAndReinstall(int signal) {
+    std::signal(signal, noteAndReinstall);
     noteSignal(signal);
 }
 }
@@ -20,7 +20,7 @@ static void noteAgainAndAgain(int signal) {
 void common::onEndingSignals(void (*note)(int)) {
     noteSignal = note;
     for (const int signal : {SIGINT, SIGTERM, SIGBREAK}) {
-        if (std::signal(signal, noteAgainAndAgain) == SIG_IGN) {
+        if (std::signal(signal, noteAndReinstall) == SIG_IGN) {
             std::signal(signal, SIG_IGN);
         }
     }

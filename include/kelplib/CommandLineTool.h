@@ -92,7 +92,7 @@ public:
     /// Adds an option. Ignores it without a message if its short flag is already registered, in any letter case.
     void registerOption(Kelp::Option option);
     /// Adds the options in order.
-    void registerOptions(std::vector<Kelp::Option>& options);
+    void registerOptions(std::vector<Kelp::Option>& newOptions);
 
     /// Does nothing. Reserved for options that all tools share.
     void addCommonOptions();
@@ -220,7 +220,8 @@ private:
 };
 
 /// Returns the path of the main application's tools_configuration.txt, derived from PATH: the last entry that contains
-/// "tarn" in lower case, without its last 10 characters, followed by the file's place in the installation.
+/// "tarn" in lower case, without its last 10 characters (a shorter entry stays whole), followed by the file's place in the
+/// installation.
 ///
 ///     PATH    "/usr/bin;/opt/tarn/1.0/tools/bin/"
 ///     result  "/opt/tarn/1.0/cove//skein//SkeinStore//kelplib//tools_configuration.txt"

@@ -15,6 +15,7 @@
 #include <filesystem>
 #include <set>
 #include <string>
+#include <string_view>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -289,15 +290,31 @@ public:
     std::string getNameTool() const;
 
 private:
-    friend class ::CommandLineTool;
+    // All tokens in one text: a string for each would take several times as long to make.
+    class TokenRecord {
+    public:
+        inline TokenRecord(int argc, char** argv);
+
+        inline std::size_t size() const;
+        // Returns the token, which a NUL follows.
+        inline std::string_view at(std::size_t position) const;
+        inline bool isArgument(std::size_t position) const;
+        // Counts the positional arguments at or after `from`, which is at most size().
+        inline std::size_t countArguments(std::size_t from) const;
+        // Returns the first position at or after `from` whose token has one of two marks; npos if there is none.
+        inline std::size_t find(char mark, char otherMark, std::size_t from) const;
+
+    private:
+        std::string text;                 // each token and a NUL
+        std::vector<std::size_t> begins;  // the start of each token, and the end of the last one
+        std::string marks;                // one character for each token; a search looks at these first
+    };
+
+    friend struct FlagCheck;
 
     int findValue(const char* shortFlag, const char* longFlag, std::string& text, int start) const;
 
-    // One behind the other, which reads a command line as fast as memory does: a string of each token's own would take
-    // several times as long to make. There are as many tokens as marks; without any, the other two may be empty.
-    std::string tokens;               ///< each with its NUL
-    std::vector<std::size_t> begins;  ///< where they begin, and the end of the last
-    std::string marks;                ///< one character for each token, by which the queries find theirs
+    TokenRecord record;
     bool verbose = false;
 };
 
@@ -367,7 +384,8 @@ KELP_API std::string createFragmentName(unsigned long long index, std::string ba
 
 /// \name Flags without a tool object
 /// For programs that read argv directly. The grammar differs from OptionReader's: a flag of a dash and one more character
-/// matches every token that begins with it, ignoring case; any other flag is compared whole, up to a "=", in its own case.
+/// matches every token that begins with it, ignoring case; any other flag must equal the first non-empty piece of the token
+/// between "=", in its own case.
 ///
 ///     flag        matches                        does not match
 ///     "-n"        -n, -N=4, -nfoo                --n, n=4
@@ -412,13 +430,14 @@ KELP_API int getMultiStringFlag(int argc, char** argv, std::string flag, std::ve
 ///
 ///     token                   value
 ///     -n=12, -n=12abc         12
+///     -nfoo=12, -n==12        12
 ///     -n=abc                  0
 ///     -n=99999999999          2147483647
 ///     -n, -n=, -n12, -n=1=2   unchanged
 ///
-/// If the flag is not found or its token does not have the form flag=text, prints an empty line; if verbosity() is above
-/// 10, the line contains the reason. For an optional flag, call getNextFlag first. If `start` is 0 or less and the flag is
-/// not found, reads the program path in its place.
+/// If the flag is not found or its token does not have exactly two non-empty pieces between "=", prints an empty line; if
+/// verbosity() is above 10, the line contains the reason. For an optional flag, call getNextFlag first. If `start` is 0 or
+/// less and the flag is not found, reads the program path in its place.
 /// \param argc   the number of elements of `argv`
 /// \param argv   the command line
 /// \param flag   the flag with its dashes

@@ -104,7 +104,8 @@ KELP_API int KELP_progress_global(double value);
 /// stays, and the cursor is left below it.
 ///
 /// The face blinks for 75 ms if more than 4 s have passed since last_blink. Because last_blink starts at 0, the first call
-/// blinks too, unless the clock itself is not past 4 s (a system's first seconds).
+/// blinks too, unless the clock itself is not past 4 s (a system's first seconds). The call that reaches the total draws no
+/// blink, but counts as one if one is due.
 /// \returns the number of characters of the last frame; -1 if standard output cannot be written
 KELP_API int KELP_progress_smile(double value);
 

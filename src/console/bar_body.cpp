@@ -8,7 +8,7 @@ namespace Kelp {
 
 namespace {
 
-/// How many marks a filled part needs: rounded up, and no more than the line has room for.
+/// The number of marks for the filled part of a bar: rounded up, at most `room`.
 std::size_t marks(double filled, std::size_t room) {
     if (!(filled > 0.0)) {
         return 0;

@@ -5,8 +5,8 @@
 
 namespace Kelp {
 
-/// Appends the inside of a bar of `width` characters: "#" for every one of width * ratio that is begun, then blanks. It is
-/// `width` characters long when the filled part has a fraction and one shorter when it is whole; longer above a ratio of 1.
+/// Appends the body of a bar: ceil(width * ratio) marks "#", then width - 1 - trunc(width * ratio) blanks, neither below 0.
+/// So a body of width 20 has 20 characters at ratio 0.51, 19 at 0.5, 20 at 1 and 21 at -0.1.
 void appendBarBody(BoundedText& line, int width, double ratio);
 
 }  // namespace Kelp

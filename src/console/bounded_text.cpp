@@ -10,7 +10,7 @@ namespace Kelp {
 
 namespace {
 
-/// Whether the C library writes a point before the decimals. A program may have given it another locale.
+/// Whether the current C locale has the decimal point ".". A program may have set a locale with a comma.
 bool writesPoint() {
     constexpr char zero[] = "0.";
     char* end = nullptr;
@@ -18,9 +18,8 @@ bool writesPoint() {
     return end == zero + 2;
 }
 
-/// Rounds ten times the number as printf rounds to one decimal: the exact product to the nearest integer, a tie to the even
-/// one.
-/// \param number  above 0 and far below the largest int
+/// Rounds the exact product of ten and the number to the nearest integer, a tie to the even one, as printf does.
+/// \param number  above 0 and below 1e8
 int roundToTenths(double number) {
     const double eight = number * 8.0;
     const double two = number * 2.0;
@@ -30,7 +29,7 @@ int roundToTenths(double number) {
     if (rest != 0.5) {
         return rest > 0.5 ? whole + 1 : whole;
     }
-    // What the sum lost in rounding decides (it is found exactly: the Fast2Sum algorithm of Dekker, 1971).
+    // A tie is decided by the rounding error of the sum, which Dekker's Fast2Sum (1971) gives exactly.
     const double lost = two - (tenths - eight);
     return lost > 0.0 || (lost == 0.0 && whole % 2 != 0) ? whole + 1 : whole;
 }
@@ -44,7 +43,7 @@ void BoundedText::append(int number) {
 }
 
 void BoundedText::appendTenths(double number) {
-    // printf takes longer than all the rest of a progress line, so it is left to unusual numbers.
+    // printf takes longer than the rest of a progress line together, so only unusual numbers go through it.
     if (number > 0.0 && number < 1e8 && roundsToNearest() && writesPoint()) {
         const int tenths = roundToTenths(number);
         append(tenths / 10);

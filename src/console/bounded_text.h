@@ -8,10 +8,10 @@
 
 namespace Kelp {
 
-/// A text that is built in somebody else's buffer and never grows beyond it: what does not fit is cut.
+/// Builds a text in the caller's buffer and cuts off whatever does not fit.
 class BoundedText {
 public:
-    BoundedText(char* buffer, std::size_t size) : begin(buffer), capacity(size) {}
+    BoundedText(char* buffer, std::size_t capacity) : begin(buffer), capacity(capacity) {}
 
     void append(std::string_view text) {
         const std::size_t count = std::min(text.size(), room());
@@ -25,10 +25,10 @@ public:
         length += fitting;
     }
 
-    /// The number in decimal.
+    /// Appends the number in decimal.
     void append(int number);
 
-    /// The number with one digit behind the point, as printf's "%.1f" writes it.
+    /// Appends the number with one decimal, as printf's "%.1f" writes it.
     void appendTenths(double number);
 
     std::size_t room() const {

@@ -26,14 +26,14 @@ void appendHeader(BoundedText& frame, const FaceState& state) {
     frame.append("\n");
 }
 
-/// Rounds half away from zero. The C library of some Windows compilers takes the largest number below 0.5 for 1.
+/// Rounds half away from zero. round() of mingw-w64 (seen with 10.0) rounds the largest double below 0.5 up to 1.
 double roundHalfAway(double number) {
     const double whole = std::trunc(number);
     return std::fabs(number - whole) < 0.5 ? whole : whole + std::copysign(1.0, number);
 }
 
-/// The percentage and the bar have a buffer of their own, so that a bar that is too wide costs no row of the face. The bar
-/// is drawn for the rounded total, the percentage is not.
+/// Appends the percentage and the bar through a buffer of their own, so that a wide bar cannot push out a row of the face. The
+/// bar is drawn for the rounded total, the percentage for the exact one.
 void appendPercentageAndBar(BoundedText& frame, const FaceState& state) {
     char buffer[512];
     BoundedText line(buffer, sizeof buffer);
@@ -45,14 +45,10 @@ void appendPercentageAndBar(BoundedText& frame, const FaceState& state) {
     frame.append(line.view());
 }
 
-void appendTime(BoundedText& frame, std::string_view prefix, int seconds) {
-    const TimeUnit& unit = unitFor(seconds);
-    frame.append(prefix);
-    frame.append(seconds / unit.seconds);
-    frame.append(" ");
-    frame.append(unit.name);
-    // Padded to one width, so that a shorter text covers the one before it.
-    frame.append(' ', 10 - unit.name.size());
+void appendTime(BoundedText& frame, std::string_view caption, int seconds) {
+    constexpr std::size_t unitWidth = 10;
+    frame.append(caption);
+    appendWholeTime(frame, seconds, unitWidth);
     frame.append("\n");
 }
 

@@ -7,7 +7,7 @@
 
 namespace Kelp {
 
-/// What a face shows at one moment.
+/// Everything that a frame of the face shows.
 struct FaceState {
     double value;
     double total;
@@ -24,13 +24,13 @@ struct FaceState {
     }
 };
 
-/// A buffer of this size holds every frame whole: its lines may be cut, its rows never.
+/// The size of a buffer that holds every frame. The line of the bar may be cut; the six rows are always complete.
 inline constexpr std::size_t frameCapacity = 1024;
 
-/// Appends the frame of unfinished work: a face for its ratio, the bar and the time left.
+/// Appends the frame of unfinished work: the face for its ratio, the bar and the time left.
 void appendRunningFrame(BoundedText& frame, const FaceState& state, bool eyesClosed);
 
-/// Appends a frame of finished work: the cheering face with the given eyes, and the time spent.
+/// Appends a frame of finished work: the cheering face with `eyes`, and the time spent.
 void appendFinishedFrame(BoundedText& frame, const FaceState& state, const char* eyes);
 
 }  // namespace Kelp

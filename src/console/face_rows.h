@@ -1,7 +1,7 @@
 #ifndef KELPLIB_CONSOLE_FACE_ROWS_H
 #define KELPLIB_CONSOLE_FACE_ROWS_H
 
-/// The rows that faces are put together from, and which of them belong to which part of the work. Data only.
+/// The rows of the face and the expressions that combine them. Data only.
 namespace Kelp::face {
 
 inline constexpr char head[] = "     _____\n    /     \\";
@@ -20,17 +20,17 @@ inline constexpr char frown[] = "   \\  / \\  /\n    \\_____/";
 inline constexpr char flatMouth[] = "   \\  ---  /\n    \\_____/";
 inline constexpr char smile[] = "   \\  \\_/  /\n    \\_____/";
 
-/// How many screen lines a face has.
+/// The height of a face in screen lines.
 inline constexpr unsigned int lines = 6;
 
 struct Expression {
-    double below;  ///< shown while the ratio of the work done is below this
+    double below;  ///< the expression is shown while the ratio of finished work is below this
     const char* eyes;
     const char* middle;
     const char* mouth;
 };
 
-/// From the beginning of the work to its end, boundaries ascending.
+/// The expressions of running work, boundaries ascending.
 inline constexpr Expression running[] = {
     {0.25, starEyes, cheeksWithNose, frown}, {0.4, starEyes, cheeks, flatMouth}, {0.6, dotEyes, cheeks, flatMouth},
     {0.8, dotEyes, cheeks, smile},           {0.9, roundEyes, cheeks, smile},    {1.0, starEyes, cheeks, smile},
@@ -38,7 +38,7 @@ inline constexpr Expression running[] = {
 
 struct ClosingFrame {
     const char* eyes;
-    unsigned int pauseMilliseconds;  ///< before the next frame covers this one; 0: it stays
+    unsigned int pauseMilliseconds;  ///< until the next frame replaces this one; 0 for the last frame
 };
 
 inline constexpr ClosingFrame closing[] = {{happyEyes, 150}, {closedEyes, 150}, {happyEyes, 0}};

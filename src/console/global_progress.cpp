@@ -9,7 +9,7 @@
 #include "console/progress_bar.h"
 #include "platform/platform.h"
 
-// Code outside the library reads the fields by their offsets.
+// Other languages access the fields by offset.
 using Data = KELP_GlobalProgressData;
 static_assert(std::is_standard_layout_v<Data> && sizeof(Data::text) == Kelp::labelCapacity);
 static_assert(offsetof(Data, total) == 0 && offsetof(Data, width) == 8 && offsetof(Data, text) == 12 &&

@@ -6,14 +6,15 @@
 
 namespace Kelp {
 
-/// The characters that a label has room for in KELP_GlobalProgress.
+/// The size of the label field of KELP_GlobalProgress, in characters.
 inline constexpr std::size_t labelCapacity = 128;
 
-/// Writes `text` into a label that is all zero, shortened from its middle when it has `maxLength` characters or more (6 at
-/// least, 128 at most). A label of 128 characters gets no terminator.
+/// Stores `text` in a label that consists of zeros. A text of `maxLength` or more characters loses its middle, with "..." in
+/// its place. A label of 128 characters has no terminator.
+/// \param maxLength  6 to 128; lower values count as 6, higher ones as 128
 void storeLabel(char (&label)[labelCapacity], std::string_view text, std::size_t maxLength);
 
-/// What stands in a label, with or without a terminator.
+/// Returns the text of a label, which may lack a terminator.
 std::string_view labelText(const char (&label)[labelCapacity]);
 
 }  // namespace Kelp

@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "console/progress_line.h"
-#include "console/standard_output.h"
+#include "console/write_at_once.h"
 #include "platform/platform.h"
 
 namespace Kelp {
@@ -16,7 +16,7 @@ int drawProgressBar(double value, double total, int width, std::string_view labe
         std::exit(0);
     }
     char buffer[512];
-    // A line that is cut still ends in its carriage return.
+    // One character is reserved: a line that is cut still ends in its carriage return.
     BoundedText line(buffer, sizeof buffer - 1);
     appendProgressLine(line, value, total, width, label, startTime, platform::monotonicSeconds());
     const std::size_t length = line.view().size();
@@ -26,18 +26,6 @@ int drawProgressBar(double value, double total, int width, std::string_view labe
 
 }  // namespace Kelp
 
-double KELP_time_stamp() {
-    return Kelp::platform::monotonicSeconds();
-}
-
-void KELP_sleep(unsigned int milliseconds) {
-    Kelp::platform::sleepMilliseconds(milliseconds);
-}
-
-int KELP_rewind_cursor(unsigned int lines) {
-    return Kelp::platform::rewindCursor(lines);
-}
-
-int KELP_progress(double value, double total, int width, const char* text, double startTime) {
-    return Kelp::drawProgressBar(value, total, width, text == nullptr ? "" : text, startTime);
+int KELP_progress(double value, double total, int width, const char* text, double start_time) {
+    return Kelp::drawProgressBar(value, total, width, text == nullptr ? "" : text, start_time);
 }

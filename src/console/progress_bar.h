@@ -5,7 +5,7 @@
 
 namespace Kelp {
 
-/// Draws the progress bar as KELP_progress does; the label needs no terminator.
+/// Draws the progress bar as KELP_progress does. The label needs no terminator.
 int drawProgressBar(double value, double total, int width, std::string_view label, double startTime);
 
 }  // namespace Kelp

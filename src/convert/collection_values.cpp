@@ -10,7 +10,7 @@ namespace {
 constexpr char listSeparator = ',';
 constexpr char numberSeparator = ':';
 
-/// A blank or unreadable piece gives 0.
+/// Inserts 0 for a blank or unreadable piece.
 template <class T>
 void readSet(std::set<T>& target, const std::string& text, char separator) {
     target.clear();
@@ -22,7 +22,7 @@ void readSet(std::set<T>& target, const std::string& text, char separator) {
     }
 }
 
-/// Every piece is read over the element that stands in its place already, which a blank one leaves.
+/// Reads each piece into the element at its position, so that a blank piece keeps that element's value.
 template <class T>
 void readVector(std::vector<T>& target, const std::string& text) {
     NumberPieces pieces(text, numberSeparator);
@@ -36,7 +36,7 @@ void readVector(std::vector<T>& target, const std::string& text) {
     target.resize(count);
 }
 
-/// Reads a text of exactly as many pieces as there are numbers.
+/// Reads a list of exactly `Count` pieces.
 /// \returns false for any other number of pieces
 template <class T, std::size_t Count>
 bool readExactly(std::array<T, Count>& numbers, const std::string& text) {
@@ -48,8 +48,7 @@ bool readExactly(std::array<T, Count>& numbers, const std::string& text) {
     return count == Count;
 }
 
-/// The lower number becomes the first. Equal ones, which may still differ (0 and -0), both take the second one's value, so
-/// this is not std::minmax.
+/// Puts the lower number first. If they are equal, stores the second one twice ("0:-0" gives -0, -0), unlike std::minmax.
 template <class T>
 void readPair(std::tuple<T, T>& target, const std::string& text) {
     std::array<T, 2> numbers{};

@@ -5,19 +5,20 @@
 #include <string_view>
 #include <typeinfo>
 
-#include "convert/digits.h"
+#include "convert/number_reading.h"
 
 namespace Kelp {
 
 namespace {
 
-/// What cannot be read as a number; it gives 0.
+/// Reads as 0, because it is not a number.
 constexpr char noNumber[] = "?";
 
+/// Collects a number character by character.
 class ClassicNumber {
 public:
-    ClassicNumber(const std::locale& locale, bool isReal)
-        : ClassicNumber(std::use_facet<std::numpunct<char>>(locale), isReal) {}
+    ClassicNumber(const std::locale& locale, bool real)
+        : ClassicNumber(std::use_facet<std::numpunct<char>>(locale), real) {}
 
     std::string read(const char* position, const char* end) {
         takeSign(position, end);
@@ -32,8 +33,8 @@ public:
     }
 
 private:
-    ClassicNumber(const std::numpunct<char>& punctuation, bool isReal)
-        : real(isReal), point(punctuation.decimal_point()), separator(punctuation.thousands_sep()) {
+    ClassicNumber(const std::numpunct<char>& punctuation, bool real)
+        : real(real), point(punctuation.decimal_point()), separator(punctuation.thousands_sep()) {
         const std::string grouping = punctuation.grouping();
         grouped = !grouping.empty() && grouping.front() > 0 && grouping.front() != CHAR_MAX;
     }
@@ -45,7 +46,7 @@ private:
         }
     }
 
-    /// \returns false at the first character that cannot go on with the number
+    /// \returns false at the first character that does not belong to the number
     bool take(char character) {
         if (isSeparator(character)) {
             return takeSeparator();
@@ -93,12 +94,12 @@ private:
     bool hasDigit = false;
     bool hasPoint = false;
     bool hasExponent = false;
-    bool digitBefore = false;  ///< since the separator before
+    bool digitBefore = false;  ///< whether a digit follows the last separator
     std::string number;
 };
 
-/// Whether the locale widens a character of numbers to another one.
-bool writesNumbersOtherwise(const std::locale& locale) {
+/// Whether the locale widens a character that numbers consist of to a different one.
+bool usesOtherCharacters(const std::locale& locale) {
     const auto& characters = std::use_facet<std::ctype<char>>(locale);
     constexpr std::string_view ofNumbers = "-+xX0123456789abcdefABCDEF";
     return std::any_of(ofNumbers.begin(), ofNumbers.end(),
@@ -109,7 +110,7 @@ bool writesNumbersOtherwise(const std::locale& locale) {
 
 bool needsStream(const std::locale& locale) {
     const auto& reader = std::use_facet<std::num_get<char>>(locale);
-    return typeid(reader) != typeid(std::num_get<char>) || writesNumbersOtherwise(locale);
+    return typeid(reader) != typeid(std::num_get<char>) || usesOtherCharacters(locale);
 }
 
 std::string classicNumber(std::string_view text, const std::locale& locale, bool real) {

@@ -7,13 +7,14 @@
 
 namespace Kelp {
 
-/// Whether a locale brings a reader of numbers of its own, or other characters to write them with. What becomes of a text
-/// then only a stream can tell.
+/// Whether only a stream can read numbers as `locale` does: its num_get facet is a replacement, or it writes numbers with
+/// other characters.
 bool needsStream(const std::locale& locale);
 
-/// The number at the beginning of a text written with a locale's blanks, decimal point and grouping, as the classic locale
-/// writes it. Where a separator stands without digits before it there is no number. Empty for a blank text only.
-/// \param real  whether a decimal point and an exponent belong to the number
+/// Rewrites the number at the start of a text, which uses the blanks, decimal point and grouping of `locale`, as the classic
+/// locale writes it. A thousands separator without digits before it makes the text unreadable.
+/// \param real  whether the number may have a decimal point and an exponent
+/// \returns the number; a text that reads as 0 if there is none; the empty text only for a blank one
 std::string classicNumber(std::string_view text, const std::locale& locale, bool real);
 
 }  // namespace Kelp

@@ -8,17 +8,19 @@
 
 namespace Kelp {
 
-/// The numbers of a list, one piece between separators after the other; empty pieces do not count. The list is gone through
-/// once and never cut, which reads it as fast as its numbers can be read: the end of a number is nearly always that of its
-/// piece, and under the classic locale no number reaches over a separator.
+/// Walks a list of numbers piece by piece, in one pass and without copying it. Empty pieces are skipped.
+///
+/// A number nearly always ends where its piece does, and with the classic locale no number extends past a separator, so a
+/// list is read as fast as its numbers.
 class NumberPieces {
 public:
-    /// \param between  the separator, ":" or ","; the text has to outlive this object
-    NumberPieces(std::string_view text, char between)
-        : position(text.data()), end(text.data() + text.size()), separator(between) {}
+    /// \param text       must outlive this object
+    /// \param separator  ":" or ","
+    NumberPieces(std::string_view text, char separator)
+        : position(text.data()), end(text.data() + text.size()), separator(separator) {}
 
-    /// Goes on to the next piece.
-    /// \returns false when there is none
+    /// Moves to the next piece.
+    /// \returns false at the end of the list
     bool next() {
         while (position != end && *position == separator) {
             ++position;
@@ -26,7 +28,7 @@ public:
         return position != end;
     }
 
-    /// Reads the piece, once for every next(), into `target`, which keeps its value when the piece is blank.
+    /// Reads the number of the piece, once after every next(). Leaves `target` unchanged if the piece is blank.
     template <class T>
     void read(T& target) {
         const char* const begin = position;
@@ -35,7 +37,7 @@ public:
             reader.read(target, {begin, static_cast<std::size_t>(position - begin)});
             return;
         }
-        position = skipBlanks(begin, end);
+        skipBlanks(position, end);
         if (position != end && *position != separator) {
             readClassic(target, position, end);
         }

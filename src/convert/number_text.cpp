@@ -21,8 +21,9 @@ char* write(char* position, std::size_t zeros) {
     return std::fill_n(position, zeros, '0');
 }
 
-/// A finite number above 0 in scientific notation, as to_chars writes it with the fewest digits: "d.ddde+XX". The choice of
-/// notation and the digits of large numbers in fixed notation are made here, because standard libraries differ in them.
+/// A finite number above 0 in scientific notation with the fewest digits: "d.ddde+XX". to_chars writes this the same in
+/// every standard library. They differ in when they choose fixed notation and in the digits of large numbers there, so this
+/// file decides both.
 struct Scientific {
     explicit Scientific(double number)
         : end(std::to_chars(buffer, buffer + sizeof buffer, number, std::chars_format::scientific).ptr) {
@@ -44,16 +45,16 @@ struct Scientific {
     std::string_view otherDigits;
 };
 
-/// Writes an integer, none of whose digits stands behind its exponent.
+/// Writes an integer in fixed notation: its digits, then zeros up to its exponent.
 char* writeFixed(char* position, const Scientific& number) {
     position = write(position, number.firstDigit);
     position = write(position, number.otherDigits);
     return write(position, static_cast<std::size_t>(number.exponent) - number.otherDigits.size());
 }
 
-/// Writes a number of up to three decimals: what people type and measure, in a third of the time. Such a text of at most 15
-/// digits is the only one of so few digits that reads back to its number, hence the shortest.
-/// \returns nullptr for any other number, and where scientific notation might be shorter
+/// Writes a number of at most three decimals, the usual kind, in a third of the time that to_chars takes. At most one
+/// text of up to 15 digits reads back to the number, so the one found is the shortest.
+/// \returns nullptr for any other number and where scientific notation might be shorter
 char* writeThousandths(char* position, double number) {
     constexpr double limit = 1e12;
     if (!(number < limit) || !roundsToNearest()) {
@@ -62,7 +63,7 @@ char* writeThousandths(char* position, double number) {
     const double scaled = number * 1000.0;
     auto thousandths = static_cast<std::int64_t>(scaled);
     thousandths += scaled - static_cast<double>(thousandths) > 0.5 ? 1 : 0;
-    // The product is rounded, so the quotient decides; the difference only spares the division where it is in vain.
+    // The product is rounded, so the quotient decides. The comparison merely skips hopeless divisions.
     const auto nearest = static_cast<double>(thousandths);
     if (std::fabs(scaled - nearest) > 0.125 || nearest / 1000.0 != number) {
         return nullptr;
@@ -88,7 +89,7 @@ char* writeFinite(char* position, double number) {
     if (char* const end = writeThousandths(position, number)) {
         return end;
     }
-    // Up to here every integer is a double of its own, and all libraries make the same of it.
+    // 2^53: every integer below it is exactly a double, and all standard libraries write the same text for it.
     constexpr double exactIntegers = 9007199254740992.0;
     if (number < exactIntegers) {
         return std::to_chars(position, position + longestNumberText, number).ptr;

@@ -5,14 +5,14 @@
 
 namespace Kelp {
 
-/// No number's text is longer.
+/// The length of the longest text of a number.
 inline constexpr std::size_t longestNumberText = 24;
 
-/// Writes the shortest digits that read back to the same double, in fixed or scientific notation, whichever is shorter,
-/// fixed on a tie. No locale plays a part. "inf", "-inf", "nan" and "-nan" for what is no number.
-/// \param begin  has room for longestNumberText characters
-/// \returns the end of what was written; no terminator follows
-char* writeNumberText(char* begin, double number);
+/// Writes the shortest digits that read back to the same double, in fixed or scientific notation, whichever is shorter (fixed
+/// on a tie), in any locale. Infinities and NaNs become "inf", "-inf", "nan" and "-nan".
+/// \param position  has room for longestNumberText characters
+/// \returns the end of the text, which has no terminator
+char* writeNumberText(char* position, double number);
 
 }  // namespace Kelp
 

@@ -5,9 +5,9 @@
 
 namespace Kelp {
 
-/// Whether UTF-8 text holds the three bytes of a surrogate code point (ED A0..BF xx). No character has that form, yet some
-/// UTF-8 to UTF-16 converters let it through. ED is always a first byte, so no well-formed text is caught.
-bool holdsEncodedSurrogate(const std::string& text);
+/// Whether UTF-8 text contains the encoding of a surrogate code point (bytes ED A0..BF xx), which is ill-formed but accepted
+/// by some converters to UTF-16. ED is always the first byte of a character, so well-formed text never matches.
+bool containsEncodedSurrogate(const std::string& text);
 
 }  // namespace Kelp
 

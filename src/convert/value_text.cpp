@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::string_view listSeparator = ", ";
 
-/// Appends numbers to a text in blocks, because appending each one would take as long as writing its digits.
+/// Appends numbers to a text in blocks: appending each one separately takes as long as writing its digits.
 class NumberAppender {
 public:
     explicit NumberAppender(std::string& target) : text(target) {}

@@ -10,20 +10,20 @@ constexpr char slash = '/';
 constexpr char backslash = '\\';
 constexpr char noDelimiter = '\0';
 
-bool holds(const std::string& text, char character) {
+bool contains(const std::string& text, char character) {
     return text.find(character) != std::string::npos;
 }
 
-/// The delimiter that a text uses; "/" counts first.
+/// Returns the delimiter of a text, "/" if it contains both, noDelimiter if it contains neither.
 char delimiterOf(const std::string& text) {
-    if (holds(text, slash)) {
+    if (contains(text, slash)) {
         return slash;
     }
-    return holds(text, backslash) ? backslash : noDelimiter;
+    return contains(text, backslash) ? backslash : noDelimiter;
 }
 
-/// What follows the last `delimiter`; the whole text without one.
-std::string behindLast(const std::string& text, char delimiter) {
+/// Returns the part after the last `delimiter`; the whole text if there is none.
+std::string afterLast(const std::string& text, char delimiter) {
     return text.substr(text.rfind(delimiter) + 1);
 }
 
@@ -49,7 +49,7 @@ FilePath::FilePath(const std::string& text) {
 }
 
 void FilePath::fromString(const std::string& text, char delim) {
-    name = behindLast(text, delim);
+    name = afterLast(text, delim);
     path = text.substr(0, text.size() - name.size());
 }
 
@@ -88,7 +88,7 @@ std::string FilePath::extension() const {
 }
 
 void FilePath::setName(const std::string& text) {
-    name = behindLast(behindLast(text, slash), backslash);
+    name = afterLast(afterLast(text, slash), backslash);
 }
 
 bool FilePath::setPath(const std::string& text) {

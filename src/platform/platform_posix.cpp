@@ -17,19 +17,19 @@ namespace {
 
 constexpr unsigned int backgroundMilliseconds = 100;
 
-/// While it lives, signals wait or go to other threads; a new thread begins like the one that starts it.
-class SignalsHeldBack {
+/// Blocks all signals in the calling thread while it exists. A thread that starts meanwhile inherits the mask.
+class SignalsBlocked {
 public:
-    SignalsHeldBack() {
+    SignalsBlocked() {
         sigset_t all{};
         sigfillset(&all);
         pthread_sigmask(SIG_SETMASK, &all, &before);
     }
-    ~SignalsHeldBack() {
+    ~SignalsBlocked() {
         pthread_sigmask(SIG_SETMASK, &before, nullptr);
     }
-    SignalsHeldBack(const SignalsHeldBack&) = delete;
-    SignalsHeldBack& operator=(const SignalsHeldBack&) = delete;
+    SignalsBlocked(const SignalsBlocked&) = delete;
+    SignalsBlocked& operator=(const SignalsBlocked&) = delete;
 
 private:
     sigset_t before{};
@@ -43,8 +43,8 @@ void stayLoaded() {
     }
 }
 
-/// Whether getc(stdin) answers from its buffer, or from the end of the input that it has seen. POSIX has no such call, so this
-/// reads glibc's members of FILE (seen with 2.36 and 2.41). After ungetc() the saved area may be the buffer.
+/// Whether getc(stdin) returns at once, from its buffer or because the stream is at its end. POSIX has no such call, so this
+/// reads glibc's members of FILE (seen with 2.36 and 2.41). After ungetc() the buffer is in the save area.
 bool hasBufferedInput() {
     constexpr int readsPushedBack = 0x100;
     return stdin->_IO_read_ptr < stdin->_IO_read_end ||
@@ -52,18 +52,19 @@ bool hasBufferedInput() {
            std::feof(stdin) != 0;
 }
 
-/// Waits for input, or looks whether there is some.
-/// \param milliseconds  0 or, without a limit, -1
+/// Waits for input.
+/// \param milliseconds  0 (returns at once) or -1 (no limit)
+/// \returns whether there is something to read, or only reading can tell
 bool pollInput(int descriptor, int milliseconds) {
     pollfd input{};
     input.fd = descriptor;
     input.events = POLLIN;
     const int ready = poll(&input, 1, milliseconds);
-    // Where the system cannot poll, for lack of descriptors, the read has to wait.
+    // poll() fails with EINVAL if the process may open no descriptors (RLIMIT_NOFILE is 0). Then the read itself has to wait.
     return ready > 0 || (ready == -1 && errno == EINVAL);
 }
 
-/// The system waits for a descriptor that can only be written, although reading it fails at once.
+/// Whether reading fails at once. poll() would wait for a descriptor that is open for writing only.
 bool cannotBeRead(int descriptor) {
     return descriptor < 0 || (fcntl(descriptor, F_GETFL) & O_ACCMODE) == O_WRONLY;
 }
@@ -77,7 +78,7 @@ bool isReady(int descriptor) {
     return cannotBeRead(descriptor) || (pollInput(descriptor, 0) && !isInBackground(descriptor));
 }
 
-/// Keeps the other threads from stdin while it lives.
+/// Locks stdin for the calling thread while it exists.
 class StdinLock {
 public:
     StdinLock() {
@@ -148,7 +149,7 @@ void whenInputIsReady(bool throughCLibrary, const std::function<void()>& read) {
 
 std::thread startThread(std::function<void()> run) {
     stayLoaded();
-    const SignalsHeldBack heldBack;
+    const SignalsBlocked blocked;
     return std::thread(std::move(run));
 }
 

@@ -21,8 +21,8 @@ void stayLoaded() {
                        reinterpret_cast<const char*>(&stayLoaded), &self);
 }
 
-/// Whether getc(stdin) answers from its buffer, or from the end of the input that it has seen. Windows has no such call, so
-/// this reads a member of msvcrt's FILE.
+/// Whether getc(stdin) returns at once, from its buffer or because the stream is at its end. Windows has no such call, so this
+/// reads a member of msvcrt's FILE.
 bool hasBufferedInput() {
     return stdin->_cnt > 0 || std::feof(stdin) != 0;
 }
@@ -33,12 +33,12 @@ bool isKey(const INPUT_RECORD& event, bool collectsLines) {
     return event.EventType == KEY_EVENT && key.bKeyDown != 0 && (collectsLines ? character == L'\r' : character != 0);
 }
 
-/// Whether a console has what a program may read: a whole line where it collects lines, otherwise any character. It also
-/// has events of keys that are let go, of the mouse, and of its window.
+/// Whether reading a console returns at once: it holds a whole line in line mode, otherwise a character. Its other events (keys
+/// released, mouse, window) do not count.
 bool hasConsoleInput(HANDLE console, DWORD mode) {
     DWORD count = 0;
     GetNumberOfConsoleInputEvents(console, &count);
-    // wine's console (seen with 8.0) takes no events in before it is asked for some.
+    // wine (seen with 8.0) fetches no events unless at least one is asked for.
     std::vector<INPUT_RECORD> events(count + 1);
     if (PeekConsoleInputW(console, events.data(), count + 1, &count) == 0) {
         return true;
@@ -47,8 +47,8 @@ bool hasConsoleInput(HANDLE console, DWORD mode) {
                        [mode](const INPUT_RECORD& event) { return isKey(event, (mode & ENABLE_LINE_INPUT) != 0); });
 }
 
-/// Whether reading returns at once. A file always does, and a closed handle or a broken pipe fails at once. wine (seen with
-/// 8.0) cannot peek at a pipe of the system that it runs on, which counts as ready.
+/// Whether reading returns at once, as it does for a file, a closed handle and a broken pipe. A pipe that cannot be peeked at
+/// counts as ready: wine (seen with 8.0) cannot peek at pipes of its host.
 bool hasInput(HANDLE input) {
     DWORD available = 0;
     DWORD mode = 0;
@@ -62,7 +62,7 @@ bool hasInput(HANDLE input) {
     }
 }
 
-/// Keeps the other threads from stdin while it lives.
+/// Locks stdin for the calling thread while it exists.
 class StdinLock {
 public:
     StdinLock() {
@@ -114,7 +114,7 @@ int rewindCursor(unsigned int lines) {
     if (GetConsoleScreenBufferInfo(console, &screen) == 0) {
         return 0;
     }
-    // A row above the buffer is the console's to refuse; a row that does not fit a SHORT must not wrap into it.
+    // The console refuses row -1. A lower row might wrap to a valid one in a SHORT.
     const long long row = static_cast<long long>(screen.dwCursorPosition.Y) - static_cast<long long>(lines);
     const COORD target{0, static_cast<SHORT>(row < -1 ? -1 : row)};
     return SetConsoleCursorPosition(console, target);

@@ -6,17 +6,16 @@
 
 namespace Kelp {
 
-/// std::cout and std::cin, made ready at the first call. No other file includes <iostream>: with some standard libraries
-/// that alone makes the streams ready when the library is loaded, which is a third of a small tool's start and lost on a
-/// tool that prints nothing through them.
+/// std::cout and std::cin, initialised by the first call. No other file includes <iostream>: before libstdc++ 13 that alone
+/// initialises the streams when the library is loaded, a third of the start of a small tool, even if it never uses them.
 std::ostream& standardOutput();
 std::istream& standardInput();
 
-/// Where the next character of std::cin comes from.
+/// The source of the next character of std::cin.
 enum class InputSource {
-    stream,    ///< what std::cin has in its buffer, or a buffer of the tool's own; or nothing, when std::cin has failed
+    stream,    ///< the stream: std::cin has buffered characters, the tool's own buffer, or failed
     cLibrary,  ///< the C library's stdin
-    system     ///< the system, through the buffer of std::cin, after std::ios::sync_with_stdio(false)
+    system     ///< the system, through the empty buffer of std::cin, after std::ios::sync_with_stdio(false)
 };
 
 InputSource standardInputSource();

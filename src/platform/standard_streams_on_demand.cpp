@@ -1,5 +1,5 @@
-// For libstdc++. Before version 13 its <iostream> makes the streams ready in every file that includes it; the streams can be
-// declared without it, as the build has found out.
+// For libstdc++, whose <iostream> initialises the streams in every file that includes it (before version 13). The build has
+// checked that the streams can be declared without it.
 #include <ext/stdio_filebuf.h>
 #include <ext/stdio_sync_filebuf.h>
 
@@ -17,21 +17,21 @@ extern ostream cout;
 
 namespace {
 
-/// Streams that are made ready late are flushed early at the end of the process. What a program's static objects print after
-/// that is flushed here: this one is made when the library is loaded, and so goes after them.
+/// Flushes at exit what the program's static objects print from their destructors: std::cout, initialised late, has been
+/// flushed before those run. This object is constructed when the library is loaded and so destroyed after them.
 struct LastFlush {
     ~LastFlush() {
         if (wanted) {
-            const std::ios_base::Init flushesWhenItGoes;
+            const std::ios_base::Init flushesWhenDestroyed;
         }
     }
 
-    std::atomic<bool> wanted = false;  // Threads of a tool may print first, several at once.
+    std::atomic<bool> wanted = false;  // Several threads may print for the first time at once.
 };
 
 LastFlush lastFlush;
 
-/// The characters in a stream's buffer. in_avail() would ask the system as well when there are none.
+/// Counts the characters in a stream buffer. in_avail() would also ask the system if there are none.
 class Buffered : public std::streambuf {
 public:
     static std::ptrdiff_t count(const std::streambuf& buffer) {
@@ -39,20 +39,20 @@ public:
     }
 };
 
-void makeReady() {
-    static const std::ios_base::Init ready;
+void initialise() {
+    static const std::ios_base::Init initialised;
     lastFlush.wanted = true;
 }
 
 }  // namespace
 
 std::ostream& Kelp::standardOutput() {
-    makeReady();
+    initialise();
     return std::cout;
 }
 
 std::istream& Kelp::standardInput() {
-    makeReady();
+    initialise();
     return std::cin;
 }
 

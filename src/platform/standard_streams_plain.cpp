@@ -4,7 +4,7 @@
 
 namespace {
 
-// Taken when the library is loaded, before a tool can have given the stream a buffer of its own.
+// Taken when the library is loaded, before a tool can replace the stream's buffer.
 const std::streambuf* const systemsBuffer = std::cin.rdbuf();
 
 }  // namespace

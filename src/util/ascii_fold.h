@@ -3,12 +3,12 @@
 
 namespace Kelp {
 
-/// The character, or the small letter of one of the 26 capital ones, in every locale.
+/// Returns the lower case of an ASCII capital letter, and any other character unchanged. Ignores the locale.
 inline char foldAscii(char character) {
     return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
 }
 
-/// Whether two C strings are equal when the 26 ASCII letters count without their case, in every locale.
+/// Whether two C strings are equal apart from the case of ASCII letters. Ignores the locale.
 bool equalIgnoringAsciiCase(const char* left, const char* right);
 
 }  // namespace Kelp

@@ -1,7 +1,7 @@
 #ifndef KELPLIB_UTIL_ESCAPE_SEQUENCES_H
 #define KELPLIB_UTIL_ESCAPE_SEQUENCES_H
 
-/// The graphic renditions of ECMA-48 that the library prints outside getColoredString.
+/// The ECMA-48 graphic renditions that the library prints without getColoredString.
 namespace Kelp::escape {
 
 inline constexpr char red[] = "\033[31m";

@@ -3,8 +3,8 @@
 
 namespace Kelp {
 
-/// What the C library's atoi makes of a text: the number at its beginning, 0 when there is none. A number that does not fit,
-/// of which C says nothing, becomes the nearest limit.
+/// Returns the number that a text starts with, as the C library's atoi does; 0 if there is none. A number that does not fit,
+/// undefined for atoi, gives the nearest limit.
 int leadingInt(const char* text);
 
 }  // namespace Kelp

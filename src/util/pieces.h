@@ -7,7 +7,7 @@
 
 namespace Kelp {
 
-/// Calls `visit` with every piece of the text between delimiters, in order, but for the empty ones.
+/// Calls `visit` with each non-empty piece of the text between delimiters, in order.
 template <class Visit>
 void forEachPiece(std::string_view text, char delimiter, Visit visit) {
     std::size_t begin = 0;

@@ -5,8 +5,8 @@
 
 namespace Kelp {
 
-/// Whether arithmetic rounds to the nearest number, as it does unless a program has asked for something else. Only then do
-/// a product and a quotient tell what a number's digits are.
+/// Whether floating-point arithmetic rounds to nearest, as it does unless the program has changed the mode. The shortcuts that
+/// take a number's digits from products and quotients rely on it.
 inline bool roundsToNearest() {
     return std::fegetround() == FE_TONEAREST;
 }

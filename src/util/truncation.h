@@ -5,8 +5,8 @@
 
 namespace Kelp {
 
-/// Cuts the fraction off. What no int can hold (too large, infinite, not a number) gives INT_MIN, as an x86-64 processor's
-/// own conversion does; C++ leaves it undefined.
+/// Drops the fraction. A value that does not fit an int (too large, infinite, NaN), for which C++ leaves the conversion
+/// undefined, gives INT_MIN, as x86-64 processors do.
 constexpr int truncateToInt(double value) {
     return value > INT_MIN - 1.0 && value < INT_MAX + 1.0 ? static_cast<int>(value) : INT_MIN;
 }

@@ -60,7 +60,7 @@ static int real(const char* name, void* function, size_t size) {
     return found != NULL;
 }
 
-int open(const char* path, int flags, ...) {
+int open(const char* path, int flags, ...) { /* NOLINT(readability-inconsistent-declaration-parameter-name) */
     int (*next)(const char*, int, ...);
     int reason = (flags & O_CREAT) != 0 ? before("open") : 0;
     unsigned int mode = 0;
@@ -87,7 +87,7 @@ int renameat2(int from_folder, const char* from, int to_folder, const char* to, 
     return next(from_folder, from, to_folder, to, flags);
 }
 
-int fsync(int descriptor) {
+int fsync(int descriptor) { /* NOLINT(readability-inconsistent-declaration-parameter-name) */
     int (*next)(int);
     const int reason = before("fsync");
     if (reason != 0 || !real("fsync", &next, sizeof next)) {
@@ -97,7 +97,7 @@ int fsync(int descriptor) {
     return next(descriptor);
 }
 
-int unlink(const char* path) {
+int unlink(const char* path) { /* NOLINT(readability-inconsistent-declaration-parameter-name) */
     int (*next)(const char*);
     const int reason = before("unlink");
     if (reason != 0 || !real("unlink", &next, sizeof next)) {

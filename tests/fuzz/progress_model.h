@@ -33,7 +33,7 @@ inline std::string tenths(double number) {
     return text;
 }
 
-/// Adds mark by mark and blank by blank, up to the length of a line.
+/// Builds the body of the bar one character at a time, up to the length of a line.
 inline std::string body(int width, double ratio) {
     std::string text;
     const double filled = width * ratio;

@@ -5,7 +5,8 @@ run_screens.py PROGRAM          compares; the exit status is 1 if anything diffe
 run_screens.py PROGRAM --write  rewrites the screens; read them before committing them
 
 A screen file shows every byte: \\e is the escape character, \\t a tab, \\r a carriage return, \\\\ a backslash and \\xHH
-any other invisible byte. "$" marks the end of each line. The last line is the exit status.
+any other invisible byte. "$" marks the end of each line. The last line is the exit status. The scenarios themselves print the
+lines in brackets: each pause, the exit handlers and, after an exception, the end of the stack's unwinding.
 """
 
 import difflib
@@ -43,6 +44,8 @@ def screen_of(program, scenario):
 
 
 def main():
+    if len(sys.argv) < 2:
+        sys.exit(__doc__)
     program, write = sys.argv[1], "--write" in sys.argv[2:]
     _, output, _ = programs.run(program)
     scenarios = output.decode().split()

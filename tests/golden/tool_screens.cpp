@@ -12,7 +12,7 @@ Kelp::Option outputOption() {
     return {"-o", "--output", "the result", false};
 }
 
-// --- A tool with -o and -v, constructed with the short constructor ---
+// A tool with -o and -v, constructed with the short constructor.
 
 void startSmallTool(const CommandLine& row) {
     Arguments line(row.tokens);
@@ -30,7 +30,7 @@ void addSmallTool(Scenarios& scenarios) {
         {"help.slash_h", {"tool", "/h"}},
         {"help.slash_help", {"tool", "/Help"}},
         {"help.slash_question_mark", {"tool", "/?"}},
-        {"help.behind_other_tokens", {"tool", "a", "-o=x", "-h"}},
+        {"help.after_other_tokens", {"tool", "a", "-o=x", "-h"}},
         {"help.before_invalid_flags", {"tool", "-x", "-h"}},
         {"help_hidden_at_program_path.question_marks", {"/?", "/?"}},
         {"help_hidden_at_program_path.slash_h", {"/h", "/help"}},
@@ -59,7 +59,7 @@ void addSmallTool(Scenarios& scenarios) {
     addRows(scenarios, rows, startSmallTool);
 }
 
-// --- A tool with -o, -Number and -v and the arguments "input" and "more", constructed with the full constructor ---
+// A tool with -o, -Number and -v and the arguments "input" and "more", constructed with the full constructor.
 
 struct FullCommandLine {
     const char* name;
@@ -99,7 +99,7 @@ void addFullTool(Scenarios& scenarios) {
     addRows(scenarios, rows, startFullTool);
 }
 
-// --- Help for other options ---
+// Help for other options.
 
 struct OptionsRow {
     const char* name;
@@ -143,7 +143,7 @@ void usageWithLateRegistrations() {
     tool.printUsage();
 }
 
-// --- Checks ---
+// Checks.
 
 void refuseVerboseFlag() {
     Arguments line{"tool", "-v"};
@@ -178,7 +178,7 @@ void addMandatoryArguments(Scenarios& scenarios) {
     addRows(scenarios, rows, checkMandatoryArguments);
 }
 
-// --- A tool that is initialized again with another command line ---
+// A tool that is initialized again with another command line.
 
 struct SecondCommandLine {
     const char* name;

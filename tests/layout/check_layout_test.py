@@ -15,7 +15,8 @@ def found(path, text, listed=LISTED, **others):
 class LayoutCheck(unittest.TestCase):
     def test_accepts_what_is_allowed(self):
         for path, text in [
-                ("src/frame/a.cpp", '#include "frame/flag_key.h"\n#include "util/b.h"\n#include "platform/platform.h"\n'),
+                ("src/command_line/a.cpp", '#include "command_line/flag_key.h"\n#include "util/b.h"\n#include "platform/platform.h"\n'),
+                ("src/tool/a.cpp", '#include "command_line/flag_check.h"\n'),
                 ("src/util/a.cpp", '#include <kelplib/Kelp.h>\n#include "util/b.h"\n#include "platform/platform.h"\n'),
                 ("src/platform/a.cpp", "#include <windows.h>\n#ifdef _WIN32\n#endif\n"),
                 ("src/convert/a.cpp", "// calls strcpy( only in this comment\nstd::snprintf(text, size, format);\n"),
@@ -29,8 +30,9 @@ class LayoutCheck(unittest.TestCase):
             self.assertEqual(found(path, text), [], path)
 
     def test_finds_wrong_includes(self):
-        for path, header in [("src/frame/a.cpp", "convert/number_reading.h"), ("src/console/a.cpp", "frame/flag_key.h"),
-                             ("src/util/a.cpp", "frame/flag_key.h"), ("src/platform/a.cpp", "util/ascii_fold.h"),
+        for path, header in [("src/command_line/a.cpp", "convert/number_reading.h"), ("src/tool/a.cpp", "console/bar.h"),
+                             ("src/command_line/a.cpp", "tool/b.h"), ("src/console/a.cpp", "command_line/flag_key.h"),
+                             ("src/util/a.cpp", "command_line/flag_key.h"), ("src/platform/a.cpp", "util/ascii_fold.h"),
                              ("src/path/a.cpp", "console/bar.h")]:
             self.assertEqual(found(path, f'#include "{header}"\n'), [f'{path}: "{header}" is private to its folder'])
         self.assertEqual(found("include/kelplib/Kelp.h", '#include "util/b.h"\n'),
@@ -67,6 +69,10 @@ class LayoutCheck(unittest.TestCase):
     def test_finds_unlisted_sources(self):
         self.assertEqual(found("src/util/c.cpp", ""), ["src/util/c.cpp: is not built"])
         self.assertEqual(found("src/util/a.cpp", "", "a.cpp file(GLOB x)"), ["CMake: sources must be listed by name"])
+
+    def test_finds_sources_outside_the_rooms(self):
+        for path in ("src/frame/a.cpp", "src/a.cpp"):
+            self.assertEqual(found(path, ""), [f"{path}: is in no room"])
 
     def test_finds_long_sources(self):
         self.assertEqual(found("src/util/a.cpp", "\n" * 200), [])

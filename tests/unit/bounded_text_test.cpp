@@ -182,7 +182,7 @@ TEST(BoundedText, WritesTheLargestNumberWithAllItsDigits) {
     }
 }
 
-// --- Numbers with one decimal ---
+// Numbers with one decimal.
 
 // appendTenths is meant to give the texts of printf, which are the expected ones here.
 

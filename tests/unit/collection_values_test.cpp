@@ -42,7 +42,7 @@ void expectValues(const Case<T> (&cases)[count]) {
     }
 }
 
-// --- Lists and sets ---
+// Lists and sets.
 
 TEST(CollectionValues, StringListTakesThePiecesBetweenCommas) {
     expectValues<Strings>({{"", {"old"}, {}},
@@ -136,7 +136,7 @@ TEST(CollectionValues, DoubleListIsReadOverTheOldElements) {
                            {"1e400:-1e400", {}, {largest, -largest}}});
 }
 
-// --- Pairs and triples ---
+// Pairs and triples.
 
 TEST(CollectionValues, UnsignedPairIsOrdered) {
     expectValues<UnsignedPair>({{"9:2", {7, 6}, {2, 9}},
@@ -203,7 +203,7 @@ TEST(CollectionValues, TripleKeepsTheWrittenOrder) {
                                   {"1,2,3", {7, 6, 5}, {7, 6, 5}}});
 }
 
-// --- Under a global locale ---
+// Under a global locale.
 
 TEST(CollectionValuesUnderALocale, TakeItsDecimalPointAndGroups) {
     const ScopedGlobalLocale scope(new Punctuation("\3"));
@@ -242,7 +242,7 @@ TEST(CollectionValuesUnderALocale, CallItsNumberReader) {
     EXPECT_EQ(readOver<FloatPair>({7.0F, 6.0F}, "1: "), FloatPair(0.0F, 77.0F));
 }
 
-// --- Every short text ---
+// Every short text.
 
 // Reads every text of up to five characters over several old contents. The models repeat the rules in the simplest way
 // and read numbers with a string stream: the streams of all standard libraries agree on this alphabet.

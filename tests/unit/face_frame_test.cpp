@@ -25,7 +25,7 @@ std::string finishedFrame(const Kelp::FaceState& state, const char* eyes = "   /
     return std::string(frame.view());
 }
 
-// --- Whole frames ---
+// Whole frames.
 
 TEST(FaceFrame, ShowsLabelPercentageBarAndTimeLeft) {
     EXPECT_EQ(runningFrame({25.0, 200.0, 20, "Reading files", 1000.0, 1010.0}),
@@ -131,7 +131,7 @@ TEST(FaceFrame, IsRunningBelowARatioOfOne) {
     }
 }
 
-// --- Single lines ---
+// Single lines.
 
 /// Returns one line of a frame without its line end. The first is 0.
 std::string lineOf(const std::string& frame, int number) {

@@ -34,7 +34,7 @@ protected:
     }
 };
 
-// --- The whole path ---
+// The whole path.
 
 TEST_F(FilePathIn, AnEmptyPathHasNoParts) {
     const FilePath file;
@@ -148,7 +148,7 @@ TEST_F(FilePathIn, IsAPlainValue) {
     EXPECT_EQ(parts(moved), "/a/|b.c");
 }
 
-// --- Its parts ---
+// Its parts.
 
 using FilePathParts = FilePathIn;
 

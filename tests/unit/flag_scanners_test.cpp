@@ -8,11 +8,11 @@
 #include "arguments.h"
 #include "bit_pattern.h"
 #include "captured_output.h"
+#include "command_line/argv_tokens.h"
 #include "flush_recorder.h"
 #include "scanner_answers.h"
 #include "scoped_locale.h"
 #include "test_locale.h"
-#include "util/tokens.h"
 
 namespace {
 

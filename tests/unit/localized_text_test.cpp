@@ -19,7 +19,7 @@ namespace {
 using number_model::extractedOver;
 using number_model::streamsStopWhereTheNumberStops;
 
-// --- Every short text ---
+// Every short text.
 
 /// Compares all texts with a stream where streams follow the standard. Returns the digest of the values, which is the same
 /// on every system.
@@ -55,7 +55,7 @@ TEST(LocalizedText, ReadsSignsThatAreSeparatorsAsAStreamDoes) {
     EXPECT_EQ(compareAllTexts<double>("10-+e "), 7748225021676417679U);
 }
 
-// --- Single texts ---
+// Single texts.
 
 TEST(LocalizedText, ReadsExponentsOfEitherCase) {
     const ScopedGlobalLocale scope(new Punctuation("\3"));
@@ -122,7 +122,7 @@ TEST(LocalizedText, StopsAtTheEndOfItsPiece) {
     EXPECT_EQ(integers, (std::vector<int>{1, 0, 2}));
 }
 
-// --- Locales whose characters differ ---
+// Locales whose characters differ.
 
 /// Widens one character to "~".
 class Tilde : public std::ctype<char> {

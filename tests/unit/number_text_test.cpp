@@ -25,7 +25,7 @@ std::string textOf(double number) {
     return kept ? buffer.substr(0, length) : buffer;
 }
 
-// --- Typed-out texts ---
+// Typed-out texts.
 
 struct Case {
     double number;
@@ -109,7 +109,7 @@ TEST(NumberText, OfInfinityAndNotANumberIsAWord) {
     });
 }
 
-// --- The whole range of double, compared with both notations made in the simplest way ---
+// The whole range of double, compared with both notations made in the simplest way.
 
 void expectExact(double number) {
     const std::string text = textOf(number);

@@ -92,7 +92,7 @@ TEST_F(ProgressBar, MovesNoCursorAndNeverPauses) {
     EXPECT_TRUE(fake_platform::state().sleepsMilliseconds.empty());
 }
 
-// --- The clock, sleep and the cursor ---
+// The clock, sleep and the cursor.
 
 TEST_F(ProgressBar, ReturnsTheClock) {
     for (const double seconds : {0.0, 12.5, 1e15}) {

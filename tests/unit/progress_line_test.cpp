@@ -18,7 +18,7 @@ std::string line(double value, double total, int width, const char* label, doubl
     return std::string(text.view());
 }
 
-// --- Without the time ---
+// Without the time.
 
 TEST(ProgressLine, ShowsLabelPercentageAndBar) {
     const struct {
@@ -125,7 +125,7 @@ TEST(ProgressLine, IsCutWhereItsRoomEnds) {
     }
 }
 
-// --- The time left and the time spent ---
+// The time left and the time spent.
 
 std::string timedLine(double value, double startTime, double now) {
     return line(value, 2.0, 4, "x", startTime, now);

@@ -1,4 +1,4 @@
-#include "convert/real_reading.h"
+#include "convert/number_reading.h"
 
 #include <gtest/gtest.h>
 
@@ -14,7 +14,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-// --- Form ---
+// Form.
 
 struct RealCase {
     std::string_view text;
@@ -163,7 +163,7 @@ TEST(RealReading, BalancesLongDigitsWithLongExponents) {
     });
 }
 
-// --- Rounding ---
+// Rounding.
 
 struct RoundingCase {
     std::string_view text;
@@ -333,7 +333,7 @@ TEST(RealRounding, TooSmallNumbersAreNotClampedInAnyRoundingMode) {
     }
 }
 
-// --- The fallback to the C library's conversion ---
+// The fallback to the C library's conversion.
 
 // convertReal calls from_chars where the standard library has it for real numbers. Elsewhere it is convertWithC, and the
 // digests check that it gives the results of from_chars.
@@ -349,7 +349,7 @@ std::uint64_t bitsWithC(const std::string& text) {
 
 template <class T>
 std::uint64_t bitsWithFromChars(const std::string& text) {
-    return bitsOf(Kelp::convertReal<T>(realText(text), 0));
+    return bitsOf(Kelp::convertReal<T>(realText(text)));
 }
 
 /// A sequence of texts of real numbers, the same on every system.

@@ -94,7 +94,7 @@ TEST(ScalarValues, StringDoubleStartsEmpty) {
     EXPECT_EQ(value, 2.0);
 }
 
-// --- The types that stringToValue accepts ---
+// The types that stringToValue accepts.
 
 template <class T, class = void>
 constexpr bool convertible = false;

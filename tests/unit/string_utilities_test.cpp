@@ -16,7 +16,7 @@ using namespace std::string_literals;
 using namespace std::string_view_literals;
 using Strings = std::vector<std::string>;
 
-// --- Cutting ---
+// Cutting.
 
 struct SplitCase {
     std::string text;
@@ -99,7 +99,7 @@ TEST(StringUtilities, TokenizeCutsAtEveryRunOfDelimiters) {
     }
 }
 
-// --- Lower case ---
+// Lower case.
 
 TEST(StringUtilities, ToLowerFoldsEveryByte) {
     EXPECT_EQ(Kelp::toLower(""), "");
@@ -125,7 +125,7 @@ TEST(StringUtilities, ToLowerFollowsTheCLocale) {
     EXPECT_EQ(Kelp::toLower("x\xC4\xE4y"), "x\xE4\xE4y");
 }
 
-// --- File extensions ---
+// File extensions.
 
 TEST(StringUtilities, ReplacesWhatFollowsTheLastDot) {
     const struct {
@@ -184,7 +184,7 @@ TEST(StringUtilities, TakesAnyTextForTheExtension) {
     }
 }
 
-// --- Numbered names ---
+// Numbered names.
 
 struct NameCase {
     unsigned long long index;
@@ -327,7 +327,7 @@ TEST(FragmentName, LosesAZeroJustBelowLargePowersOfTen) {
     });
 }
 
-// --- Every short text, cut ---
+// Every short text, cut.
 
 constexpr auto letters = ";a \0"sv;
 constexpr std::size_t longest = 6;

@@ -14,7 +14,7 @@ constexpr int leastInt = -2147483647 - 1;
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
-// --- Units ---
+// Units.
 
 TEST(TimeLeft, ChoosesTheUnitOfATime) {
     const struct {
@@ -54,7 +54,7 @@ TEST(TimeLeft, ConvertsTimesWithFractions) {
     EXPECT_EQ(5400.0 * Kelp::unitFor(5400.0).perSecond, 1.5);
 }
 
-// --- Estimates ---
+// Estimates.
 
 /// A moment of some work: the seconds since its start, the progress in percent, and the estimated seconds left.
 struct Moment {
@@ -136,7 +136,7 @@ TEST(TimeLeft, FitsUpToTheLargestInt) {
     EXPECT_EQ(Kelp::estimateLeftSeconds(-1001.0, 0.0, 50.0), 850);  // 850.85
 }
 
-// --- From double to int ---
+// From double to int.
 
 static_assert(Kelp::truncateToInt(-7.9) == -7, "evaluated at compile time");
 

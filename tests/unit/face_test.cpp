@@ -40,9 +40,9 @@ constexpr char closedCheer[] =
 
 /// A display set up at 1000 s with a total of 2. Records every pause and every cursor movement, each after the text that
 /// had reached standard output by then.
-class Smiley : public ProgressTest {
+class Face : public ProgressTest {
 protected:
-    Smiley() {
+    Face() {
         KELP_progress_global_init(2.0, 4, "x", 1);
         fake_platform::state().onSleep = [this](unsigned int milliseconds) {
             note("pause " + std::to_string(milliseconds));
@@ -86,26 +86,26 @@ private:
     Events events;
 };
 
-// --- Frames ---
+// Frames.
 
-TEST_F(Smiley, DrawsItsFrameAndReturnsToItsTop) {
+TEST_F(Face, DrawsItsFrameAndReturnsToItsTop) {
     KELP_GlobalProgress.last_blink = 1008.0;
     EXPECT_EQ(eventsOf(1.0, 1010.0), (Events{openEyes, "up 6", "end"}));
     EXPECT_EQ(KELP_GlobalProgress.last_blink, 1008.0);
 }
 
-TEST_F(Smiley, ClosesItsEyesFirstWhenItBlinks) {
+TEST_F(Face, ClosesItsEyesFirstWhenItBlinks) {
     EXPECT_EQ(eventsOf(1.0, 1010.0), (Events{closedEyes, "pause 75", "up 6", openEyes, "up 6", "end"}));
     EXPECT_EQ(KELP_GlobalProgress.last_blink, 1010.0);
     EXPECT_EQ(fake_platform::state().seconds, 1010.075);
 }
 
-TEST_F(Smiley, CheersInThreeFramesAndStays) {
+TEST_F(Face, CheersInThreeFramesAndStays) {
     EXPECT_EQ(eventsOf(2.0, 1010.0),
               (Events{happyCheer, "pause 150", "up 6", closedCheer, "pause 150", "up 6", happyCheer, "end"}));
 }
 
-TEST_F(Smiley, CheersForWhateverIsNotBelowTheWhole) {
+TEST_F(Face, CheersUnlessTheValueIsBelowTheTotal) {
     const Events cheer = {happyCheer, "pause 150", "up 6", closedCheer, "pause 150", "up 6", happyCheer, "end"};
     EXPECT_EQ(eventsOf(2.0000000000000004, 1010.0), cheer);
     EXPECT_EQ(eventsOf(500.0, 1010.0), cheer);
@@ -118,7 +118,7 @@ TEST_F(Smiley, CheersForWhateverIsNotBelowTheWhole) {
     EXPECT_EQ(eventsOf(-2.0, 1010.0), cheer) << "negative total";
 }
 
-TEST_F(Smiley, DrawsNegativeProgress) {
+TEST_F(Face, DrawsNegativeProgress) {
     KELP_GlobalProgress.last_blink = 1008.0;
     EXPECT_EQ(eventsOf(-1.0, 1000.0), (Events{"     _____\n"
                                               "    /     \\         x\n"
@@ -129,13 +129,13 @@ TEST_F(Smiley, DrawsNegativeProgress) {
                                               "up 6", "end"}));
 }
 
-TEST_F(Smiley, ShowsTheTimeAtWhichItWasCalled) {
+TEST_F(Face, ShowsTheTimeAtWhichItWasCalled) {
     const Events cheer = eventsOf(2.0, 1059.9);
     EXPECT_NE(cheer.front().find("time spent:  59 secs      \n"), std::string::npos);
     EXPECT_EQ(cheer.at(6), cheer.front()) << "after 0.3 s of cheering";
 }
 
-TEST_F(Smiley, ReturnsTheCharactersOfItsLastFrame) {
+TEST_F(Face, ReturnsTheCharactersOfItsLastFrame) {
     eventsOf(1.0, 1010.0);
     EXPECT_EQ(result, 141);
     eventsOf(1.0, 1011.0);
@@ -147,13 +147,13 @@ TEST_F(Smiley, ReturnsTheCharactersOfItsLastFrame) {
     EXPECT_EQ(result, 142);
 }
 
-TEST_F(Smiley, ReportsThatStandardOutputFails) {
+TEST_F(Face, ReportsThatStandardOutputFails) {
     EXPECT_EQ(resultOnFailingOutput(1.0, 1010.0), -1) << "with a blink";
     EXPECT_EQ(resultOnFailingOutput(1.0, 1010.0), -1);
     EXPECT_EQ(resultOnFailingOutput(2.0, 1010.0), -1);
 }
 
-TEST_F(Smiley, DrawsWhetherTheCursorMovesOrNot) {
+TEST_F(Face, DrawsWhetherTheCursorMovesOrNot) {
     KELP_GlobalProgress.last_blink = 1008.0;
     for (const int moved : {-1, 0, 1}) {
         fake_platform::state().rewindResult = moved;
@@ -162,7 +162,7 @@ TEST_F(Smiley, DrawsWhetherTheCursorMovesOrNot) {
     }
 }
 
-TEST_F(Smiley, ChangesOnlyTheLastBlinkOfTheDisplay) {
+TEST_F(Face, ChangesOnlyTheLastBlinkOfTheDisplay) {
     KELP_GlobalProgress.smile = 0;
     for (const double value : {1.0, 2.0}) {
         KELP_GlobalProgress.last_blink = 99.0;
@@ -174,9 +174,9 @@ TEST_F(Smiley, ChangesOnlyTheLastBlinkOfTheDisplay) {
     }
 }
 
-// --- Blinks ---
+// Blinks.
 
-class SmileyBlink : public Smiley {
+class FaceBlink : public Face {
 protected:
     /// Returns whether a call at `now` blinks.
     bool blinks(double now) {
@@ -186,7 +186,7 @@ protected:
     }
 };
 
-TEST_F(SmileyBlink, BlinksWhenTheLastBlinkIsMoreThanFourSecondsAgo) {
+TEST_F(FaceBlink, BlinksWhenTheLastBlinkIsMoreThanFourSecondsAgo) {
     const struct {
         double last;
         double now;
@@ -208,7 +208,7 @@ TEST_F(SmileyBlink, BlinksWhenTheLastBlinkIsMoreThanFourSecondsAgo) {
 }
 
 // The monotonic clock may start at 0, as on a system that has just booted.
-TEST_F(SmileyBlink, TheFirstCallBlinksOnceTheClockIsPastFourSeconds) {
+TEST_F(FaceBlink, TheFirstCallBlinksOnceTheClockIsPastFourSeconds) {
     for (const double now : {0.0, 3.9, 3.9999999999999996, 4.0}) {
         ASSERT_EQ(KELP_GlobalProgress.last_blink, 0.0);
         EXPECT_FALSE(blinks(now)) << now;
@@ -220,14 +220,14 @@ TEST_F(SmileyBlink, TheFirstCallBlinksOnceTheClockIsPastFourSeconds) {
     }
 }
 
-TEST_F(SmileyBlink, BlinksAtMostOnceInFourSecondsOfALongRun) {
+TEST_F(FaceBlink, BlinksAtMostOnceInFourSecondsOfALongRun) {
     // Ten minutes, four calls a second: every 17th call is the first that is more than 4 s after a blink.
     for (int call = 0; call < 2400; ++call) {
         EXPECT_EQ(blinks(1000.0 + call * 0.25), call % 17 == 0) << call;
     }
 }
 
-TEST_F(SmileyBlink, ShowsOneTimeInBothFrames) {
+TEST_F(FaceBlink, ShowsOneTimeInBothFrames) {
     const std::string line = "time remaining: 8 secs ";
     const Events blink = eventsOf(1.0, 1010.55);
     EXPECT_EQ(fake_platform::state().sleepsMilliseconds, std::vector<unsigned int>{75});
@@ -238,7 +238,7 @@ TEST_F(SmileyBlink, ShowsOneTimeInBothFrames) {
     EXPECT_NE(later[0].find("time remaining: 9 secs "), std::string::npos) << "9 s are left when the blink ends";
 }
 
-TEST_F(SmileyBlink, CountsItsCheerAsABlinkWhenOneIsDue) {
+TEST_F(FaceBlink, CountsItsCheerAsABlinkWhenOneIsDue) {
     KELP_GlobalProgress.last_blink = 1006.0;
     eventsOf(2.0, 1010.0);
     EXPECT_EQ(KELP_GlobalProgress.last_blink, 1006.0) << "4 s are not more than 4 s";

@@ -5,11 +5,11 @@
 
 namespace {
 
-/// The banner's line under the tool's name, for tools that bring none of their own.
+/// The banner's line under the tool's name, for tools that do not give one.
 constexpr char copyrightLine[] = "     Copyright (c) 2026 The kelplib authors, MIT licence";
 static_assert(sizeof copyrightLine - 1 == 56, "the banner is laid out for a line of 56 characters");
 
-/// The short constructors skip the file check, the full one makes it.
+/// Only the full constructor checks the input file.
 constexpr bool withoutFileCheck = true;
 constexpr bool withFileCheck = false;
 
@@ -25,7 +25,7 @@ void checkFlags(CommandLineTool& tool) {
     tool.checkForInvalidFlags();
 }
 
-/// What init does, on a reader that has just been built from the same argv and need not be built again.
+/// What init() does, with a reader that already holds the tokens.
 void startUp(CommandLineTool& tool, bool noFileCheck) {
     checkFileAndHelp(tool, noFileCheck);
     checkFlags(tool);
@@ -33,42 +33,42 @@ void startUp(CommandLineTool& tool, bool noFileCheck) {
 
 }  // namespace
 
-CommandLineTool::CommandLineTool(int argc, char** argv, std::string about)
-    : description(std::move(about)), header(copyrightLine), reader(argc, argv) {
+CommandLineTool::CommandLineTool(int argc, char** argv, std::string description)
+    : description(std::move(description)), header(copyrightLine), reader(argc, argv) {
     startUp(*this, withoutFileCheck);
 }
 
-CommandLineTool::CommandLineTool(int argc, char** argv, std::string about, const Kelp::Option& option)
-    : description(std::move(about)), header(copyrightLine), reader(argc, argv) {
+CommandLineTool::CommandLineTool(int argc, char** argv, std::string description, const Kelp::Option& option)
+    : description(std::move(description)), header(copyrightLine), reader(argc, argv) {
     registerOption(option);
     startUp(*this, withoutFileCheck);
 }
 
-CommandLineTool::CommandLineTool(int argc, char** argv, std::string about, const Kelp::Option& first,
+CommandLineTool::CommandLineTool(int argc, char** argv, std::string description, const Kelp::Option& first,
                                  const Kelp::Option& second)
-    : description(std::move(about)), header(copyrightLine), reader(argc, argv) {
+    : description(std::move(description)), header(copyrightLine), reader(argc, argv) {
     registerOption(first);
     registerOption(second);
     startUp(*this, withoutFileCheck);
 }
 
-CommandLineTool::CommandLineTool(int argc, char** argv, std::string about, std::vector<Kelp::Option>& accepted)
-    : description(std::move(about)), header(copyrightLine), reader(argc, argv) {
-    registerOptions(accepted);
+CommandLineTool::CommandLineTool(int argc, char** argv, std::string description, std::vector<Kelp::Option>& options)
+    : description(std::move(description)), header(copyrightLine), reader(argc, argv) {
+    registerOptions(options);
     startUp(*this, withoutFileCheck);
 }
 
-CommandLineTool::CommandLineTool(int argc, char** argv, std::string about, std::string usageText,
-                                 std::string exampleText, std::string bannerLine, std::vector<Kelp::Option>& accepted,
+CommandLineTool::CommandLineTool(int argc, char** argv, std::string description, std::string usage, std::string example,
+                                 std::string header, std::vector<Kelp::Option>& options,
                                  std::vector<Kelp::Argument>& arguments)
-    : description(std::move(about)),
-      usage(std::move(usageText)),
-      example(std::move(exampleText)),
-      header(std::move(bannerLine)),
+    : description(std::move(description)),
+      usage(std::move(usage)),
+      example(std::move(example)),
+      header(std::move(header)),
       reader(argc, argv),
-      optionList(accepted),
+      optionList(options),
       argumentList(arguments) {
-    registerOptions(accepted);
+    registerOptions(options);
     startUp(*this, withFileCheck);
 }
 
@@ -82,12 +82,12 @@ void CommandLineTool::init(int argc, char** argv, bool noFileCheck) {
 
 void CommandLineTool::registerOption(Kelp::Option option) {
     optionWidth = std::max(optionWidth, option.longFlag.size());
-    // Made before the option is moved from: the key is the first thing in the map's entry.
+    // The key is copied before the option is moved: it is the first member of the map's entry.
     options.try_emplace(option.shortFlag, std::move(option));
 }
 
-void CommandLineTool::registerOptions(std::vector<Kelp::Option>& accepted) {
-    for (const Kelp::Option& option : accepted) {
+void CommandLineTool::registerOptions(std::vector<Kelp::Option>& newOptions) {
+    for (const Kelp::Option& option : newOptions) {
         optionWidth = std::max(optionWidth, option.longFlag.size());
         options.try_emplace(option.shortFlag, option);
     }

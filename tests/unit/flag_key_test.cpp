@@ -1,8 +1,6 @@
-#include "frame/token_mark.h"
+#include "command_line/flag_key.h"
 
 #include <gtest/gtest.h>
-
-#include "frame/flag_key.h"
 
 namespace {
 

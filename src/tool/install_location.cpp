@@ -8,11 +8,12 @@ namespace {
 
 constexpr char configuration[] = "cove//skein//SkeinStore//kelplib//tools_configuration.txt";
 
-/// How many characters of an entry lie below the folder that holds the configuration, whatever the entry is.
+/// The number of characters cut from the end of an entry, whatever they are. They are the way from the installation's folder
+/// to the entry.
 constexpr std::size_t cutCharacters = 10;
 
-/// The configuration of the installation that an entry of PATH belongs to.
-std::string configurationBeside(const std::string& entry) {
+/// Returns the configuration of the installation that an entry of PATH belongs to.
+std::string configurationFor(const std::string& entry) {
     return entry.substr(0, entry.size() < cutCharacters ? entry.size() : entry.size() - cutCharacters) + configuration;
 }
 
@@ -28,7 +29,7 @@ std::string getFilePath() {
     for (const std::string& entry : Kelp::split(path, ';')) {
         if (entry.find("tarn") != std::string::npos) {
             Kelp::standardOutput() << "tarn location: " << entry << std::endl;
-            result = configurationBeside(entry);
+            result = configurationFor(entry);
         }
     }
     if (result.empty()) {

@@ -1,4 +1,4 @@
-#include "console/standard_output.h"
+#include "console/write_at_once.h"
 
 #include <cstdio>
 

@@ -18,7 +18,7 @@ namespace {
 constexpr unsigned int pollMilliseconds = 100;
 constexpr unsigned long long pollsPerSecond = 10;
 
-/// The readers that wait for a key, in the order of their calls: a reader that its call has left takes an earlier key.
+/// The threads that wait for a key. They take keys in the order of their calls, even those whose call has timed out.
 struct ReaderQueue {
     std::mutex mutex;
     std::condition_variable moved;
@@ -26,10 +26,11 @@ struct ReaderQueue {
     unsigned long long front = 0;  ///< the place of the reader that takes the next key
 };
 
-/// Never destroyed: readers wait longer than static objects live.
+/// Never destroyed: readers may wait until after static objects are destroyed.
 std::atomic<ReaderQueue*> sharedQueue = nullptr;
 
-/// The readers stay in the parent. A reader of the child that waited for them would wait forever.
+/// Called in the child of a fork, where the parent's readers do not exist. In the old queue the child's readers would wait for
+/// them forever.
 void startNewQueue() {
     new (sharedQueue.load()) ReaderQueue();
 }
@@ -48,19 +49,19 @@ ReaderQueue& readerQueue() {
 
 enum class Key { none, pressed, endOfInput, failedInput };
 
-/// What a call shares with its reader, which may outlive it.
+/// Shared by a call and its reader, which may outlive the call.
 using SharedKey = std::shared_ptr<std::atomic<Key>>;
 
-/// Reads from a buffer of the tool's own, or what std::cin has already.
+/// Reads from the tool's own stream buffer, or a character that std::cin has buffered.
 void ignoreOne(std::istream& input) {
     try {
         input.ignore();
     } catch (...) {
-        // Where reading throws, be it for the end of the input, there is no key to wait for.
+        // Input that throws, even at its end, has no key to wait for.
     }
 }
 
-/// Reads from the buffer alone: the stream would first flush the one that it is tied to, which another thread may be using.
+/// Reads from the buffer without the stream, which would first flush the stream it is tied to. Another thread may use that one.
 Key takeFromBuffer(std::streambuf* buffer) {
     if (buffer == nullptr) {
         return Key::failedInput;
@@ -114,7 +115,7 @@ std::thread startReader(InputSource source, const SharedKey& key) {
     return reader;
 }
 
-/// The reader of one call. A call that ends without a key, or whose thread is cancelled, leaves the reader to itself.
+/// The reader of one call. It is detached if the call ends without a key or its thread is cancelled.
 class Reader {
 public:
     Reader() : thread(startReader(standardInputSource(), key)) {}
@@ -140,12 +141,12 @@ public:
     }
 
 private:
-    /// As reading through the stream would have done; only the calling thread uses the stream.
+    /// Marks std::cin as reading through it would have done. Only the calling thread uses the stream.
     static void markInput(std::ios_base::iostate state) {
         try {
             standardInput().setstate(state);
         } catch (const std::ios_base::failure&) {
-            // Where a program lets its input throw, the end of it is still its end.
+            // The program asked for this exception, but a wait does not throw it.
         }
     }
 

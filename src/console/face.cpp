@@ -5,7 +5,7 @@
 #include "console/face_frame.h"
 #include "console/face_rows.h"
 #include "console/label.h"
-#include "console/standard_output.h"
+#include "console/write_at_once.h"
 #include "platform/platform.h"
 
 namespace Kelp {
@@ -15,7 +15,7 @@ namespace {
 constexpr double blinkPeriodSeconds = 4.0;
 constexpr unsigned int blinkMilliseconds = 75;
 
-/// Whether the face blinks now. One that does will not blink again for the period.
+/// Whether the face blinks now. Blinking starts a new period.
 bool takeBlink(double now) {
     if (!(now - KELP_GlobalProgress.last_blink > blinkPeriodSeconds)) {
         return false;
@@ -24,7 +24,7 @@ bool takeBlink(double now) {
     return true;
 }
 
-/// \returns the number of characters of the frame, or EOF
+/// \returns the length of the frame, or EOF
 int drawFrame(const BoundedText& frame) {
     const std::string_view text = frame.view();
     return writeAtOnce(text).whole ? static_cast<int>(text.size()) : EOF;

@@ -4,9 +4,9 @@
 #include <cstdlib>
 #include <type_traits>
 
+#include "command_line/argv_tokens.h"
 #include "platform/standard_streams.h"
 #include "util/leading_int.h"
-#include "util/tokens.h"
 
 namespace Kelp {
 
@@ -26,7 +26,7 @@ bool matches(const std::string& token, const std::string& flag) {
     return !parts.empty() && parts.front() == flag;
 }
 
-/// A quiet tool still gets the line end.
+/// Prints the reason at a high verbosity, and a line end at any.
 int reportNoInt(const std::string& reason) {
     if (verbosity() > verbosityOfScanners) {
         standardOutput() << reason;
@@ -106,7 +106,7 @@ int getIntFlag(int argc, char** argv, std::string flag, int& value, int start) {
     if (position < start) {
         return reportNoInt("Kelp::haveStringFlag no flag found. location: " + std::to_string(start));
     }
-    // Where the search began at 0, nothing found reads as found at the program path.
+    // A search from 0 that finds nothing returns 0, so the program path is read.
     const std::vector<std::string> parts = split(tokenAt(argc, argv, position), '=');
     if (parts.size() != 2) {
         return reportNoInt("Kelp::haveIntFlag token split not 2");

@@ -1,4 +1,4 @@
-#include "util/tokens.h"
+#include "command_line/argv_tokens.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -12,7 +12,7 @@ constexpr char noToken[] = "basic_string: construction from null is not valid";
 }  // namespace
 
 const char* tokenAt(int argc, char** argv, int position) {
-    // argv[argc] is there, though it is null as a rule.
+    // argv[argc] exists, although it is usually null.
     if (position > argc || argv == nullptr || argv[position] == nullptr) {
         throw std::logic_error(noToken);
     }

@@ -21,11 +21,14 @@ int folded(char character) {
 
 namespace Kelp {
 
-Option::Option(std::string shortForm, std::string longForm, std::string helpText, bool mark)
-    : shortFlag(std::move(shortForm)), longFlag(std::move(longForm)), description(std::move(helpText)), marker(mark) {}
+Option::Option(std::string shortFlag, std::string longFlag, std::string description, bool marker)
+    : shortFlag(std::move(shortFlag)),
+      longFlag(std::move(longFlag)),
+      description(std::move(description)),
+      marker(marker) {}
 
-Option::Option(const char* shortForm, const char* longForm, const char* helpText, bool mark)
-    : Option(orEmpty(shortForm), orEmpty(longForm), orEmpty(helpText), mark) {}
+Option::Option(const char* shortFlag, const char* longFlag, const char* description, bool marker)
+    : Option(orEmpty(shortFlag), orEmpty(longFlag), orEmpty(description), marker) {}
 
 Option::Option(const Option&) = default;
 Option::Option(Option&&) noexcept = default;
@@ -38,11 +41,11 @@ void Option::printIndented(std::size_t /*width*/, std::size_t /*lineWidth*/) con
                      << description << "\n\n";
 }
 
-Argument::Argument(std::string shownName, std::string helpText, bool mayRepeat)
-    : name(std::move(shownName)), description(std::move(helpText)), repeated(mayRepeat) {}
+Argument::Argument(std::string name, std::string description, bool repeated)
+    : name(std::move(name)), description(std::move(description)), repeated(repeated) {}
 
-Argument::Argument(const char* shownName, const char* helpText, bool mayRepeat)
-    : Argument(orEmpty(shownName), orEmpty(helpText), mayRepeat) {}
+Argument::Argument(const char* name, const char* description, bool repeated)
+    : Argument(orEmpty(name), orEmpty(description), repeated) {}
 
 Argument::Argument(const Argument&) = default;
 Argument::Argument(Argument&&) noexcept = default;

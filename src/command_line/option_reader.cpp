@@ -1,45 +1,31 @@
 #include <kelplib/Kelp.h>
 
 #include <algorithm>
-#include <cstring>
 #include <fstream>
 
-#include "frame/token_mark.h"
+#include "command_line/flag_key.h"
+#include "command_line/token_record.h"
 #include "platform/standard_streams.h"
 #include "util/ascii_fold.h"
 #include "util/escape_sequences.h"
-#include "util/tokens.h"
 
 namespace Kelp {
 
 namespace {
 
-/// The queries for positional arguments never look at the program path.
+/// The queries for positional arguments skip the program path.
 int skipProgramPath(int start) {
     return start == 0 ? 1 : start;
 }
 
-/// Positions are compared as unsigned numbers: a negative one lies behind every token.
+/// A negative position becomes one after every token.
 std::size_t firstPosition(int start) {
     return static_cast<std::size_t>(start);
 }
 
 }  // namespace
 
-OptionReader::OptionReader(int argc, char** argv) {
-    checkTokens(argc, argv);
-    const auto count = static_cast<std::size_t>(std::max(argc, 0));
-    begins.resize(count + 1);
-    for (std::size_t i = 0; i < count; ++i) {
-        begins[i + 1] = begins[i] + std::strlen(argv[i]) + 1;
-    }
-    tokens.resize(begins[count]);
-    marks.resize(count);
-    for (std::size_t i = 0; i < count; ++i) {
-        std::memcpy(&tokens[begins[i]], argv[i], begins[i + 1] - begins[i]);
-        marks[i] = tokenMark(argv[i]);
-    }
-}
+OptionReader::OptionReader(int argc, char** argv) : record(argc, argv) {}
 
 OptionReader::OptionReader(const OptionReader&) = default;
 OptionReader::OptionReader(OptionReader&&) noexcept = default;
@@ -47,16 +33,16 @@ OptionReader& OptionReader::operator=(OptionReader&&) noexcept = default;
 OptionReader::~OptionReader() = default;
 
 OptionReader& OptionReader::operator=(const OptionReader& other) {
-    // Whole or not at all: the members belong together.
+    // Copies all members or none.
     return *this = OptionReader(other);
 }
 
 int OptionReader::hasOption(std::string shortFlag, std::string longFlag, int start) const {
-    const char one = tokenMark(shortFlag.c_str());
-    const char other = tokenMark(longFlag.c_str());
-    for (std::size_t i = firstPosition(start); (i = findMark(marks, one, other, i)) != std::string::npos; ++i) {
-        const char* const found = tokenAt(tokens, begins, i).data();
-        if (equalIgnoringAsciiCase(found, shortFlag.c_str()) || equalIgnoringAsciiCase(found, longFlag.c_str())) {
+    const char mark = tokenMark(shortFlag.c_str());
+    const char otherMark = tokenMark(longFlag.c_str());
+    for (std::size_t i = firstPosition(start); (i = record.find(mark, otherMark, i)) != std::string::npos; ++i) {
+        const char* const token = record.at(i).data();
+        if (equalIgnoringAsciiCase(token, shortFlag.c_str()) || equalIgnoringAsciiCase(token, longFlag.c_str())) {
             return static_cast<int>(i);
         }
     }
@@ -68,16 +54,16 @@ int OptionReader::hasOption(const Option& option, int start) const {
 }
 
 int OptionReader::findValue(const char* shortFlag, const char* longFlag, std::string& text, int start) const {
-    char one = keyMark(shortFlag);
-    char other = keyMark(longFlag);
-    one = one == noMark ? other : one;
-    other = other == noMark ? one : other;
-    const std::size_t i = findMark(marks, one, other, firstPosition(start));
+    char mark = keyMark(shortFlag);
+    char otherMark = keyMark(longFlag);
+    mark = mark == noMark ? otherMark : mark;
+    otherMark = otherMark == noMark ? mark : otherMark;
+    const std::size_t i = record.find(mark, otherMark, firstPosition(start));
     if (i == std::string::npos) {
         return 0;
     }
-    const std::string_view found = tokenAt(tokens, begins, i);
-    text = found.substr(std::min(found.find('='), found.size() - 1) + 1);
+    const std::string_view token = record.at(i);
+    text = token.substr(std::min(token.find('='), token.size() - 1) + 1);
     return static_cast<int>(i) + 1;
 }
 
@@ -87,34 +73,33 @@ template int OptionReader::getValue<std::string>(std::string shortFlag, std::str
                                                  int start);
 
 int OptionReader::getFirstArgument(std::string& argument, int start) const {
-    const std::size_t i = findMark(marks, markOfArgument, markOfSlash, firstPosition(skipProgramPath(start)));
+    const std::size_t i = record.find(argumentMark, slashMark, firstPosition(skipProgramPath(start)));
     if (i == std::string::npos) {
         return 0;
     }
-    argument = tokenAt(tokens, begins, i);
+    argument = record.at(i);
     return static_cast<int>(i);
 }
 
 bool OptionReader::getArguments(std::vector<std::string>& arguments, int start) const {
     const std::size_t before = arguments.size();
-    const std::size_t first = std::min(firstPosition(skipProgramPath(start)), marks.size());
+    const std::size_t first = std::min(firstPosition(skipProgramPath(start)), record.size());
     if (before == 0) {
-        const auto begin = marks.begin() + static_cast<std::ptrdiff_t>(first);
-        arguments.reserve(static_cast<std::size_t>(std::count_if(begin, marks.end(), isArgumentMark)));
+        arguments.reserve(record.countArguments(first));
     }
-    for (std::size_t i = first; i < marks.size(); ++i) {
-        if (isArgumentMark(marks[i])) {
-            arguments.emplace_back(tokenAt(tokens, begins, i));
+    for (std::size_t i = first; i < record.size(); ++i) {
+        if (record.isArgument(i)) {
+            arguments.emplace_back(record.at(i));
         }
     }
     return arguments.size() > before;
 }
 
-void OptionReader::getOptions(std::vector<std::string>& out) {
-    out.clear();
-    out.reserve(marks.size());
-    for (std::size_t i = 0; i < marks.size(); ++i) {
-        out.emplace_back(tokenAt(tokens, begins, i));
+void OptionReader::getOptions(std::vector<std::string>& tokens) {
+    tokens.clear();
+    tokens.reserve(record.size());
+    for (std::size_t i = 0; i < record.size(); ++i) {
+        tokens.emplace_back(record.at(i));
     }
 }
 
@@ -144,7 +129,7 @@ bool OptionReader::getVerbose() const {
 }
 
 std::string OptionReader::getNameTool() const {
-    return marks.empty() ? std::string() : std::string(tokenAt(tokens, begins, 0));
+    return record.size() == 0 ? std::string() : std::string(record.at(0));
 }
 
 }  // namespace Kelp

@@ -10,7 +10,7 @@
 
 namespace {
 
-// Colour numbers of the screens, as getColoredString takes them.
+// Graphic renditions, as getColoredString takes them.
 constexpr int blue = 34;
 constexpr int cyan = 36;
 constexpr int white = 37;
@@ -20,6 +20,27 @@ static_assert(sizeof rule - 1 == 36, "the banner's rule is 36 characters wide");
 
 constexpr std::size_t lineWidth = 79;
 constexpr unsigned int pauseMilliseconds = 500;
+
+void printHeading(std::ostream& out, const std::string& heading) {
+    out << getColoredString(heading, cyan) << std::endl;
+}
+
+/// Prints the usage of a tool that does not describe it.
+void printDefaultUsage(std::ostream& out, const std::vector<Kelp::Argument>& arguments) {
+    out << " [OPTIONS] ";
+    for (const Kelp::Argument& argument : arguments) {
+        out << argument.name << (argument.repeated ? "..." : "") << " ";
+    }
+    out << std::endl;
+}
+
+/// Ends the process. A console that closes with it stays readable for half a second; a program that reads the screen from a
+/// pipe gets all of it before the pause.
+[[noreturn]] void endAfterPause(std::ostream& out) {
+    out.flush();
+    Kelp::platform::sleepMilliseconds(pauseMilliseconds);
+    std::exit(0);
+}
 
 }  // namespace
 
@@ -39,50 +60,39 @@ std::string CommandLineTool::getToolName() const {
 }
 
 void CommandLineTool::printHeader() const {
-    Kelp::standardOutput() << std::endl;
-    Kelp::standardOutput() << getColoredString(rule, blue) << std::endl;
-    Kelp::standardOutput() << getColoredString("\t" + getToolName(), white) << std::endl;
-    Kelp::standardOutput() << getColoredString(header, white) << std::endl;
-    Kelp::standardOutput() << getColoredString(rule, blue) << std::endl;
-    Kelp::standardOutput() << std::endl;
+    std::ostream& out = Kelp::standardOutput();
+    out << std::endl;
+    out << getColoredString(rule, blue) << std::endl;
+    out << getColoredString("\t" + getToolName(), white) << std::endl;
+    out << getColoredString(header, white) << std::endl;
+    out << getColoredString(rule, blue) << std::endl;
+    out << std::endl;
 }
 
 void CommandLineTool::help() const {
-    const auto printHeading = [](const char* heading) {
-        Kelp::standardOutput() << getColoredString(heading, cyan) << std::endl;
-    };
-
-    Kelp::standardOutput() << getColoredString(description, cyan) << std::endl;
-    printHeading("Usage:");
-    if (!usage.empty()) {
-        Kelp::standardOutput() << "  " << getToolName() << " " << usage << std::endl;
+    std::ostream& out = Kelp::standardOutput();
+    printHeading(out, description);
+    printHeading(out, "Usage:");
+    out << "  " << getToolName();
+    if (usage.empty()) {
+        printDefaultUsage(out, argumentList);
     } else {
-        Kelp::standardOutput() << "  " << getToolName() << " [OPTIONS] ";
-        for (const Kelp::Argument& argument : argumentList) {
-            Kelp::standardOutput() << argument.name << (argument.repeated ? "..." : "") << " ";
-        }
-        Kelp::standardOutput() << std::endl;
+        out << " " << usage << std::endl;
     }
-    Kelp::standardOutput() << "\n";
-    printHeading("Options:");
+    out << "\n";
+    printHeading(out, "Options:");
     for (const auto& [key, option] : options) {
         option.printIndented(optionWidth, lineWidth);
     }
-    Kelp::standardOutput() << "\n";
-    printHeading("Arguments:");
+    out << "\n";
+    printHeading(out, "Arguments:");
     for (const Kelp::Argument& argument : argumentList) {
         argument.printIndented(optionWidth, lineWidth);
     }
-    Kelp::standardOutput() << "\n";
-    printHeading("Example:");
-    Kelp::standardOutput() << "  " << Kelp::escape::blue << getToolName() << Kelp::escape::reset << " " << example
-                           << std::endl;
-
-    // The pause keeps a console that closes with the process readable. A reader at the other end of a pipe has the whole
-    // screen before it begins.
-    Kelp::standardOutput().flush();
-    Kelp::platform::sleepMilliseconds(pauseMilliseconds);
-    std::exit(0);
+    out << "\n";
+    printHeading(out, "Example:");
+    out << "  " << Kelp::escape::blue << getToolName() << Kelp::escape::reset << " " << example << std::endl;
+    endAfterPause(out);
 }
 
 void CommandLineTool::printUsage() const {
