@@ -1,8 +1,8 @@
-# The HTML documentation: the public headers and all pages. The target "docs" builds it; the test "docs_reference" tries it
-# wherever Doxygen is there.
+# The HTML documentation: the public headers and all pages. The target "docs" builds it, and so does the test "docs_reference" if
+# Doxygen is installed.
 option(KELPLIB_BUILD_DOCS "Build the HTML documentation (target docs)" OFF)
 
-# The look of the pages, from the package doxygen-awesome-css. Without it they look as Doxygen makes them.
+# The style of the pages, from the package doxygen-awesome-css. Without it they have Doxygen's default look.
 find_file(KELPLIB_DOCS_THEME doxygen-awesome.css PATH_SUFFIXES share/doxygen-awesome-css)
 set(KELPLIB_DOCS_STYLE)
 if(KELPLIB_DOCS_THEME)
@@ -11,7 +11,7 @@ endif()
 set(KELPLIB_DOCS_DIR ${CMAKE_CURRENT_BINARY_DIR}/html)
 configure_file(cmake/Doxyfile.in Doxyfile @ONLY)
 
-# Doxygen finds no page that another one links to below such a folder.
+# In a folder with a blank in its path, Doxygen (seen with 1.9.4) does not find the pages that links point to.
 if(CMAKE_CURRENT_SOURCE_DIR MATCHES " ")
     set(KELPLIB_DOXYGEN_FOLDER OFF)
 else()

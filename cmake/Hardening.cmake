@@ -16,8 +16,7 @@ endif()
 option(KELPLIB_HARDENING "Stack protector, checked calls, marked jump targets, read-only relocations" ${unless_sanitized})
 
 # -fstack-protector needs __stack_chk_fail. mingw-w64's C library has it from release 11 (Debian 13) on. Before that only
-# gcc's libssp has it: as one more DLL beside every tool or, linked statically, with a start under wine that takes 40 ms
-# longer.
+# gcc's libssp has it, which would add a DLL beside every tool or, linked statically, 40 ms to each start under wine.
 if(WIN32)
     check_cxx_source_compiles("extern \"C\" void __stack_chk_fail(); int main() { __stack_chk_fail(); }" KELPLIB_HAS_STACK_GUARD)
 else()

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""pages_listed.py FOLDER PAGE...: checks that the given pages, which the tests run, are all pages of the project."""
+"""pages_listed.py FOLDER PAGE...: checks that the tests run every page of the project: none is missing from the list."""
 
 import pathlib
 import sys
