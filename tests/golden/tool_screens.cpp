@@ -17,7 +17,7 @@ Kelp::Option outputOption() {
 void startSmallTool(const CommandLine& row) {
     Arguments line(row.tokens);
     const CommandLineTool tool(line.argc(), line.argv(), "Does a job", outputOption(),
-                               Kelp::Option("-v", "--verbose", "tells more", false));
+                               Kelp::Option("-v", "--verbose", "prints more", false));
     std::cout << "[running]\n";
 }
 
@@ -69,7 +69,7 @@ struct FullCommandLine {
 
 void startFullTool(const FullCommandLine& row) {
     Arguments line(row.tokens);
-    Options options{outputOption(), {"-Number", "", "how many", true}, {"-v", "--verbose", "tells more", false}};
+    Options options{outputOption(), {"-Number", "", "how many", true}, {"-v", "--verbose", "prints more", false}};
     Positionals arguments{{"input", "what is read", false}, {"more", "", true}};
     const CommandLineTool tool(line.argc(), line.argv(), "Does a job", row.usage, "-o=b a", "\tMade for tests", options,
                                arguments);
