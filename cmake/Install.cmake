@@ -1,5 +1,6 @@
-# Installs kelplib with find_package(kelplib) for CMake and kelplib.pc for other build systems. No installed file contains
-# the installation path, so an installation can be moved.
+# Installs kelplib with find_package(kelplib) for CMake and kelplib.pc for other build systems, and the kit with
+# find_package(kelplib COMPONENTS kit) and kelpkit.pc. No installed file contains the installation path, so an installation can
+# be moved.
 include(CMakePackageConfigHelpers)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/kelplib)
 set(binary_dir ${CMAKE_CURRENT_BINARY_DIR})
@@ -19,8 +20,20 @@ file(RELATIVE_PATH prefix_seen_from_pc ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${
 configure_file(cmake/packages/kelplib.pc.in kelplib.pc @ONLY)
 install(FILES ${binary_dir}/kelplib.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
 
+if(KELPLIB_BUILD_KIT)
+    # The kit has an export set of its own, because it is installed apart from the library.
+    set_target_properties(kelplib_kit PROPERTIES EXPORT_NAME kit)
+    install(TARGETS kelplib_kit EXPORT kelplibKitTargets ARCHIVE COMPONENT kit FILE_SET HEADERS COMPONENT kit)
+    install(EXPORT kelplibKitTargets NAMESPACE kelplib:: DESTINATION ${package_dir} COMPONENT kit)
+    configure_file(cmake/packages/kelpkit.pc.in kelpkit.pc @ONLY)
+    install(FILES ${binary_dir}/kelpkit.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT kit)
+endif()
+
 install(FILES README.md CHANGELOG.md CONTRIBUTING.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation)
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation
     FILES_MATCHING PATTERN *.md PATTERN *.svg)
 # The pages link to the headers and the examples.
 install(DIRECTORY include examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation)
+if(KELPLIB_BUILD_KIT)
+    install(DIRECTORY kit/include DESTINATION ${CMAKE_INSTALL_DOCDIR}/kit COMPONENT documentation)
+endif()

@@ -6,6 +6,9 @@ set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR}/packages)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_COMPONENTS_ALL runtime development documentation)
+if(KELPLIB_BUILD_KIT)
+    list(APPEND CPACK_COMPONENTS_ALL kit)
+endif()
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 # All files get the same date, so that the packages are reproducible.
@@ -45,6 +48,15 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS libkelplib-doc)
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "The headers, and the files with which CMake and pkg-config
 link a tool with the shared library.")
 
+set(CPACK_DEBIAN_KIT_PACKAGE_NAME kelplib-kit)
+set(CPACK_DEBIAN_KIT_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_KIT_PACKAGE_DEPENDS "libkelplib-dev (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_KIT_PACKAGE_SUGGESTS libkelplib-doc)
+set(CPACK_DEBIAN_KIT_DESCRIPTION "A strict command line, output files that appear whole or not at all, and
+progress on the console, on top of the shared library.
+This package contains a static library, its headers, and the files with
+which CMake and pkg-config link a tool with it.")
+
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_NAME libkelplib-doc)
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SECTION doc)
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
@@ -63,8 +75,8 @@ configure_file(cmake/packages/debian-copyright.in debian/copyright @ONLY)
 add_custom_command(OUTPUT debian/changelog.gz DEPENDS ${CMAKE_CURRENT_BINARY_DIR}/debian/changelog
     COMMAND ${KELPLIB_GZIP} -9 -n -c debian/changelog > debian/changelog.gz VERBATIM)
 add_custom_target(debian_changelog ALL DEPENDS debian/changelog.gz)
-foreach(component IN ITEMS RUNTIME DEVELOPMENT DOCUMENTATION)
-    string(TOLOWER ${component} component_name)
+foreach(component_name IN LISTS CPACK_COMPONENTS_ALL)
+    string(TOUPPER ${component_name} component)
     install(FILES ${CMAKE_CURRENT_BINARY_DIR}/debian/copyright ${CMAKE_CURRENT_BINARY_DIR}/debian/changelog.gz
         DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/${CPACK_DEBIAN_${component}_PACKAGE_NAME}
         COMPONENT ${component_name} EXCLUDE_FROM_ALL)

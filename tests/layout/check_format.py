@@ -6,6 +6,6 @@ import subprocess
 import sys
 
 root = pathlib.Path(sys.argv[1])
-files = [str(path) for folder in ("include", "src", "examples", "tests", "benchmarks")
+files = [str(path) for folder in ("include", "src", "kit", "examples", "tests", "benchmarks")
          for path in sorted((root / folder).rglob("*")) if path.suffix in (".cpp", ".h", ".c")]
 sys.exit(subprocess.call(["clang-format", "--dry-run", "--Werror", *files]) if files else 1)

@@ -3,10 +3,13 @@
 
 - A private header is included only from its own folder, unless it is in src/util or src/platform. Besides, tool may include
   the headers of command_line. util includes only itself and platform, platform only itself.
-- Examples, their tests and benchmarks include only the library's public headers.
+- The kit includes the public headers of the library and of the kit, its own private headers and C++'s standard headers. The
+  library includes nothing of the kit.
+- Examples, their tests and benchmarks include only public headers, those of the library and of the kit.
 - Headers do not include each other in a cycle.
-- Only src/platform uses system headers and macros (besides the export macro in Export.h). The examples' common/*_posix and
-  common/*_windows may include system headers, too, and so may tests and benchmarks.
+- Only src/platform uses system headers and macros (besides the export macro in Export.h). The kit's *_posix.cpp and
+  *_windows.cpp and *_posix and *_windows of examples/flat_progress may include system headers, too, and so may tests and
+  benchmarks.
 - Functions that write without a bound, or that no library should call, are not used.
 - Every source is listed in the build by name, without file(GLOB). A source has at most 200 lines, except for tests and for
   public headers, which are mostly documentation.
@@ -20,10 +23,13 @@ MOST_LINES = 200
 ROOMS = ("tool", "command_line", "convert", "path", "console", "util", "platform")
 PUBLIC_ONLY = ("examples/", "tests/examples/", "benchmarks/")
 SYSTEM_HEADERS = re.compile(r"<(windows\.h|direct\.h|io\.h|conio\.h|unistd\.h|fcntl\.h|time\.h|pthread\.h|sys/[^>]*)>")
-SYSTEM_SOURCES = re.compile(r"(src/platform|tests|benchmarks)/.*|examples/common/\w+_(posix|windows)\.(c|cpp)")
+SYSTEM_SOURCES = re.compile(r"(src/platform|tests|benchmarks)/.*|examples/(?:common|flat_progress)/\w+_(posix|windows)\.(c|cpp)"
+                            r"|kit/src/(\w+/)*\w+_(posix|windows)\.cpp")
 SYSTEM_CHECKS = re.compile(r"^\s*#\s*(?:el)?if.*\b(_WIN32|_WIN64|__linux__|__unix__|__APPLE__|__MINGW\w*)\b", re.M)
 FORBIDDEN = re.compile(r"(?<![\w.>])(?:std::)?(sprintf|vsprintf|strcpy|strncpy|strcat|strncat|gets|strtok|system|scanf|"
                        r"sscanf|alloca|rand)\s*\(")
+# C++'s standard headers are the only ones without an extension.
+KIT_HEADERS = re.compile(r"<((kelplib|kelpkit)/\w+\.h|\w+)>")
 INCLUDE = re.compile(r'^\s*#\s*include\s+(["<][^">]+[">])', re.M)
 
 
@@ -45,15 +51,34 @@ def may_include(path, header):
     return other == "util" and own != "platform"
 
 
-def wrong_includes(path, text):
+def wrong_kit_include(path, quoted, files):
+    """Returns what is wrong with an include in the kit, or with an include of the kit in the library; otherwise nothing."""
+    name = quoted[1:-1]
+    if path.startswith(("src/", "include/")):
+        return "the library knows nothing of the kit" if name.startswith(("kelpkit/", "kit/")) else None
+    if not path.startswith("kit/"):
+        return None
+    if quoted[0] == "<":
+        known = KIT_HEADERS.fullmatch(quoted) or SYSTEM_SOURCES.fullmatch(path)
+        return None if known else "the kit includes only public and standard headers"
+    if path.startswith("kit/include/"):
+        return "a public header includes only public ones"
+    return None if f"kit/src/{name}" in files else "is no private header of the kit"
+
+
+def wrong_includes(path, text, files):
     for quoted in INCLUDE.findall(text):
         name = quoted[1:-1]
-        if SYSTEM_HEADERS.fullmatch(quoted) and not SYSTEM_SOURCES.fullmatch(path):
+        if SYSTEM_HEADERS.fullmatch(quoted) and not path.startswith("kit/") and not SYSTEM_SOURCES.fullmatch(path):
             yield f"{path}: {quoted} belongs in src/platform"
         if quoted[0] == '"' and path.startswith("src/") and not may_include(path, name):
             yield f"{path}: {quoted} is private to its folder"
         if quoted[0] == '"' and path.startswith("include/"):
             yield f"{path}: a public header includes only public ones"
+        if problem := wrong_kit_include(path, quoted, files):
+            yield f"{path}: {quoted}: {problem}"
+        if path.startswith(PUBLIC_ONLY) and "kit/" in name and not name.startswith("kelpkit/"):
+            yield f"{path}: {quoted} is private to the kit"
         if path.startswith(PUBLIC_ONLY) and room(name) in ROOMS:
             yield f"{path}: {quoted} is private to the library"
 
@@ -61,15 +86,16 @@ def wrong_includes(path, text):
 def wrong_text(path, text):
     if SYSTEM_CHECKS.search(text) and not path.startswith("src/platform/") and path != "include/kelplib/Export.h":
         yield f"{path}: tests for a system outside src/platform"
-    if path.startswith(("src/", "include/", "examples/")):
+    if path.startswith(("src/", "include/", "kit/", "examples/")):
         for name in FORBIDDEN.findall(text):
             yield f"{path}: calls {name}"
 
 
 def cycles(files):
-    """Yields headers of src that include themselves through others."""
-    edges = {path.removeprefix("src/"): [name[1:-1] for name in INCLUDE.findall(text)]
-             for path, text in files.items() if path.startswith("src/") and path.endswith(".h")}
+    """Yields headers of the library and of the kit that include themselves through others."""
+    headers = {path: re.fullmatch(r"(?:src|include|kit/src|kit/include)/(.*\.h)", path) for path in files}
+    names = {match[1]: path for path, match in headers.items() if match}
+    edges = {name: [quoted[1:-1] for quoted in INCLUDE.findall(files[path])] for name, path in names.items()}
     for start in edges:
         seen, rest = set(), list(edges[start])
         while rest:
@@ -78,18 +104,18 @@ def cycles(files):
                 seen.add(name)
                 rest.extend(edges.get(name, []))
         if start in seen:
-            yield f"src/{start}: includes itself through others"
+            yield f"{names[start]}: includes itself through others"
 
 
 def findings(files, listed):
     """Yields the violations in the files, a dictionary from path to text. `listed` is the text of all CMake files."""
     for path, whole in files.items():
         text = without_comments(whole)
-        yield from wrong_includes(path, text)
+        yield from wrong_includes(path, text, files)
         yield from wrong_text(path, text)
         if path.startswith("src/") and room(path) not in ROOMS:
             yield f"{path}: is in no room"
-        if whole.count("\n") > MOST_LINES and not path.startswith(("include/", "tests/")):
+        if whole.count("\n") > MOST_LINES and not path.startswith(("include/", "kit/include/", "tests/")):
             yield f"{path}: more than {MOST_LINES} lines"
         if path.endswith((".cpp", ".c")) and path.rsplit("/", 1)[1] not in listed:
             yield f"{path}: is not built"
@@ -100,7 +126,7 @@ def findings(files, listed):
 
 def main():
     root = pathlib.Path(sys.argv[1])
-    folders = ("include", "src", "examples", "tests", "benchmarks")
+    folders = ("include", "src", "kit", "examples", "tests", "benchmarks")
     files = {path.relative_to(root).as_posix(): path.read_text(encoding="utf-8")
              for folder in folders for path in sorted((root / folder).rglob("*")) if path.suffix in (".cpp", ".h", ".c")}
     cmake_files = [root / "CMakeLists.txt", *root.glob("cmake/*.cmake"),

@@ -12,8 +12,13 @@ ROOT = HERE.parent.parent
 NUMBERS = "-n=1:2.5"
 TOOL_OUTPUT = "1, 2.5\ncaught\nfrom the tool  50.0% ## |\r\n"
 FLAT_OUTPUT = "from C  50.0% ## |\r\n"
+# What the tool made with the kit prints for "-n=5", and how the lines begin that it prints for "-n=3x".
+KIT_OUTPUT = "5\n"
+KIT_REFUSAL = "caught kit_tool: -n=3x: "
+LIBRARY_HEADERS = [f"include/kelplib/{name}.h" for name in ("CommandLineTool", "Export", "FilePath", "Kelp", "KelpProgress")]
 # Files that a build of the library without tests needs.
-SOURCES = ("CMakeLists.txt", "cmake", "include", "src", "README.md", "CHANGELOG.md", "CONTRIBUTING.md", "LICENSE", "docs", "examples")
+SOURCES = ("CMakeLists.txt", "cmake", "include", "src", "kit", "README.md", "CHANGELOG.md", "CONTRIBUTING.md", "LICENSE", "docs",
+           "examples")
 
 
 def output(*command, **environment):
@@ -53,8 +58,20 @@ def copy_of_sources(folder):
     return folder
 
 
+def kit_files(library_folder):
+    """Returns the names of the installed files of the kit, besides those with the settings of one build type."""
+    headers = sorted(path.name for path in (ROOT / "kit" / "include" / "kelpkit").iterdir())
+    return [*(f"include/kelpkit/{name}" for name in headers),
+            *(f"{library_folder}/{name}" for name in (
+                "cmake/kelplib/kelplibKitTargets.cmake", "libkelpkit.a", "pkgconfig/kelpkit.pc"))]
+
+
 class InOneFolder(unittest.TestCase):
     """Tests that share a temporary folder."""
+
+    def check_kit_tool(self, program, **environment):
+        self.assertEqual(output(program, "-n=5", **environment), KIT_OUTPUT)
+        self.assertTrue(refusal(program, "-n=3x", **environment).startswith(KIT_REFUSAL))
 
     @classmethod
     def setUpClass(cls):

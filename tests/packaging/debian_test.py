@@ -11,10 +11,10 @@ import subprocess
 import sys
 import unittest
 
-from consumers import FLAT_OUTPUT, HERE, NUMBERS, TOOL_OUTPUT, InOneFolder, built, output
+from consumers import FLAT_OUTPUT, HERE, LIBRARY_HEADERS, NUMBERS, TOOL_OUTPUT, InOneFolder, built, kit_files, output, refusal
 
 PACKAGES = pathlib.Path(sys.argv.pop(1))
-NAMES = ["libkelplib-dev", "libkelplib-doc", "libkelplib1"]
+NAMES = ["kelplib-kit", "libkelplib-dev", "libkelplib-doc", "libkelplib1"]
 
 
 class DebianPackages(InOneFolder):
@@ -27,7 +27,7 @@ class DebianPackages(InOneFolder):
             (database / folder).mkdir(parents=True)
         # This machine's packages count as installed, without their files. An older kelplib does not.
         known = pathlib.Path("/var/lib/dpkg/status").read_text(encoding="utf-8").split("\n\n")
-        others = [entry for entry in known if not re.match(r"Package: libkelplib", entry)]
+        others = [entry for entry in known if not re.match(r"Package: (lib)?kelplib", entry)]
         (database / "status").write_text("\n\n".join(others), encoding="utf-8")
 
     def dpkg(self, *arguments):
@@ -42,22 +42,50 @@ class DebianPackages(InOneFolder):
     def test_install_use_purge(self):
         packages = sorted(PACKAGES.glob("*.deb"))
         self.assertEqual([path.name.split("_")[0] for path in packages], NAMES)
-        # The development package depends on the library of the same version.
-        refused = subprocess.run(["dpkg", f"--root={self.root}", "-i", packages[0]], stdout=subprocess.PIPE,
-                                 stderr=subprocess.STDOUT, check=False, encoding="utf-8")
-        self.assertIn("libkelplib-dev depends on libkelplib1 (= 1.0.0)", refused.stdout)
-        self.dpkg("-i", *packages)
+        # Each package depends on the one below it of the same version.
+        kit, development, documentation, runtime = packages
+        for package, reason in ((kit, "kelplib-kit depends on libkelplib-dev (= 1.0.0)"),
+                                (development, "libkelplib-dev depends on libkelplib1 (= 1.0.0)")):
+            refused = subprocess.run(["dpkg", f"--root={self.root}", "-i", package], stdout=subprocess.PIPE,
+                                     stderr=subprocess.STDOUT, check=False, encoding="utf-8")
+            self.assertIn(reason, refused.stdout)
+            self.dpkg("--purge", package.name.split("_")[0])
+        self.dpkg("-i", runtime, development, documentation)
         self.use()
+        self.assertIn("The component kit of kelplib is not installed:", refusal(
+            "cmake", "-G", "Ninja", "-S", HERE / "find_package_kit", "-B", self.folder / "kit missing",
+            f"-DCMAKE_PREFIX_PATH={self.root / 'usr'}"))
+        self.dpkg("-i", kit)
+        self.use_kit()
         self.dpkg("--purge", *NAMES)
         self.assertEqual(self.files(), [])
 
+    def contents(self, name):
+        """Returns the names of a package's files below /usr."""
+        package = next(PACKAGES.glob(f"{name}_*.deb"))
+        lines = output("dpkg-deb", "--contents", package).splitlines()
+        return sorted(line.split(" -> ")[0].split(" ./usr/")[1] for line in lines if not line.endswith("/"))
+
+    def test_contents(self):
+        library = next(name for name in self.contents("libkelplib1") if name.endswith("/libkelplib.so.1")).rsplit("/", 1)[0]
+        self.assertRegex(library, r"^lib/\w+-linux-gnu$")
+        for package, files in (
+                ("libkelplib1", [f"{library}/libkelplib.so.1", f"{library}/libkelplib.so.1.0.0"]),
+                ("libkelplib-dev", [*LIBRARY_HEADERS, f"{library}/libkelplib.so", f"{library}/pkgconfig/kelplib.pc", *(
+                    f"{library}/cmake/kelplib/kelplib{name}.cmake"
+                    for name in ("Config", "ConfigVersion", "Targets", "Targets-release"))]),
+                ("kelplib-kit", [*kit_files(library), f"{library}/cmake/kelplib/kelplibKitTargets-release.cmake"])):
+            texts = [f"share/doc/{package}/{name}" for name in ("changelog.gz", "copyright")]
+            self.assertEqual(self.contents(package), sorted([*files, *texts]))
+        documentation = self.contents("libkelplib-doc")
+        for name in documentation:
+            self.assertRegex(name, r"^share/doc/(lib)?kelplib(-doc)?/")
+        for name in ("libkelplib-doc/copyright", "libkelplib-doc/changelog.gz", "kelplib/README.md",
+                     "kelplib/kit/include/kelpkit/Tool.h"):
+            self.assertIn(f"share/doc/{name}", documentation)
+
     def use(self):
         library_folder = next(self.root.rglob("libkelplib.so.1")).parent
-        self.assertRegex(library_folder.as_posix(), r"/usr/lib/\w+-linux-gnu$")
-        for name in NAMES:
-            for file in ("copyright", "changelog.gz"):
-                self.assertIn(f"usr/share/doc/{name}/{file}", self.files())
-        self.assertIn("usr/share/doc/kelplib/README.md", self.files())
         search = {"LD_LIBRARY_PATH": str(library_folder)}
         folder = built("find_package", self.root.parent / "build", f"-DCMAKE_PREFIX_PATH={self.root / 'usr'}")
         self.assertEqual(output(folder / "tool", NUMBERS), TOOL_OUTPUT)
@@ -65,6 +93,15 @@ class DebianPackages(InOneFolder):
                        PKG_CONFIG_PATH=str(library_folder / "pkgconfig")).split()
         output("cc", HERE / "consumer" / "flat.c", "-o", self.root.parent / "flat", *flags)
         self.assertEqual(output(self.root.parent / "flat", **search), FLAT_OUTPUT)
+
+    def use_kit(self):
+        library_folder = next(self.root.rglob("libkelpkit.a")).parent
+        folder = built("find_package_kit", self.folder / "build kit", f"-DCMAKE_PREFIX_PATH={self.root / 'usr'}")
+        self.check_kit_tool(folder / "kit_tool")
+        flags = output("pkg-config", "--cflags", "--libs", "kelpkit",
+                       PKG_CONFIG_PATH=str(library_folder / "pkgconfig")).split()
+        output("c++", "-std=c++17", HERE / "consumer" / "kit_tool.cpp", "-o", self.folder / "kit tool", *flags)
+        self.check_kit_tool(self.folder / "kit tool", LD_LIBRARY_PATH=str(library_folder))
 
 
 if __name__ == "__main__":

@@ -43,6 +43,17 @@ class Refusals(unittest.TestCase):
         printed = refusal("cmake", f"-Dkelplib_DIR={package}", "-P", script)
         self.assertIn("kelplib needs CMake 3.23 or newer; this is 3.22.9.", printed)
 
+    def test_an_unknown_component_is_named(self):
+        output("cmake", "--install", BUILD, "--prefix", self.folder / "prefix")
+        self.file("project/CMakeLists.txt", "cmake_minimum_required(VERSION 3.25)\nproject(consumer LANGUAGES CXX)\n"
+                                            "find_package(kelplib OPTIONAL_COMPONENTS forest)\n"
+                                            "message(STATUS \"found=${kelplib_FOUND},${kelplib_forest_FOUND}.\")\n"
+                                            "find_package(kelplib REQUIRED COMPONENTS kit kelp)\n")
+        printed = refusal("cmake", "-G", "Ninja", "-S", self.folder / "project", "-B", self.folder / "build",
+                          f"-DCMAKE_PREFIX_PATH={self.folder / 'prefix'}", f"-DCMAKE_CXX_COMPILER={CXX_COMPILER}")
+        self.assertRegex(printed, "found=(1|TRUE),FALSE[.]")
+        self.assertIn("kelplib has no component kelp; its only component is kit.", printed)
+
     def test_an_old_compiler_does_not_build_it(self):
         self.file("old/filesystem", '#error "not in this library"\n')
         for way in ("add_subdirectory", "fetch_content"):

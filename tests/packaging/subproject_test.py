@@ -2,14 +2,14 @@
 """Builds kelplib inside another project: subproject_test.py WAY CXX_COMPILER BUILD_TYPE [LIBRARY]
 
 WAY is add_subdirectory or fetch_content. The project uses a copy of kelplib in a folder with a blank in its name. LIBRARY
-comes from kelplib's own build of the same type; the project has to build an identical file.
+comes from kelplib's own build of the same type, with the kit; the project has to build an identical file, without the kit.
 """
 
 import pathlib
 import sys
 import unittest
 
-from consumers import NUMBERS, TOOL_OUTPUT, InOneFolder, built, copy_of_sources, output
+from consumers import LIBRARY_HEADERS, NUMBERS, ROOT, TOOL_OUTPUT, InOneFolder, built, copy_of_sources, kit_files, output
 
 WAY, CXX_COMPILER, BUILD_TYPE, *LIBRARY = sys.argv[1:]
 del sys.argv[1:]
@@ -39,7 +39,7 @@ class Subproject(InOneFolder):
         if WAY == "add_subdirectory":
             self.assertIn("Total Tests: 0", output("ctest", "--test-dir", self.build, "--show-only"))
         targets = output("cmake", "--build", self.build, "--target", "help")
-        for name in ("unit_tests", "fragment", "guard_operations", "package:"):
+        for name in ("unit_tests", "fragment", "guard_operations", "kelplib_kit", "package:"):
             self.assertNotIn(f"\n{name}", targets)
 
     def test_the_project_installs_kelplib_only_when_asked(self):
@@ -50,6 +50,23 @@ class Subproject(InOneFolder):
             self.assertIn("bin/tool", files)
             self.assertEqual(len([name for name in files if name.endswith("/libkelplib.so.1.0.0")]), 1)
             self.assertIn("include/kelplib/Kelp.h", files)
+            self.assertEqual([name for name in files if "kit" in name.lower() and "share/doc" not in name], [])
+
+    def test_the_project_gets_the_kit_only_when_asked(self):
+        self.addCleanup(output, "cmake", "-DKELPLIB_BUILD_KIT=OFF", "-DKELPLIB_INSTALL=OFF", self.build)
+        library = next(self.build.rglob("libkelplib.so.1.0.0"))
+        names_without_kit, without_kit = output("nm", "-D", "--defined-only", library), library.read_bytes()
+        output("cmake", "-DKELPLIB_BUILD_KIT=ON", "-DKELPLIB_INSTALL=ON", self.build)
+        output("cmake", "--build", self.build, "--parallel", "2")
+        self.check_kit_tool(self.build / "kit_tool")
+        self.assertEqual(output("nm", "-D", "--defined-only", library), names_without_kit)
+        self.assertTrue(library.read_bytes() == without_kit, f"the kit changes {library}")
+        prefix = self.folder / "with kit"
+        files = self.installed(prefix)
+        library_folder = next(prefix.rglob("libkelpkit.a")).parent.relative_to(prefix).as_posix()
+        self.assertEqual([name for name in kit_files(library_folder) if name not in files], [])
+        for name in LIBRARY_HEADERS:
+            self.assertEqual((prefix / name).read_bytes(), (ROOT / name).read_bytes(), name)
 
 
 if __name__ == "__main__":

@@ -10,7 +10,7 @@ import unittest
 import zipfile
 
 import programs
-from consumers import FLAT_OUTPUT, HERE, NUMBERS, TOOL_OUTPUT, InOneFolder, built, output
+from consumers import FLAT_OUTPUT, HERE, KIT_OUTPUT, KIT_REFUSAL, NUMBERS, TOOL_OUTPUT, InOneFolder, built, kit_files, output
 
 BUILD, TOOLCHAIN, C_COMPILER = sys.argv[1:]
 del sys.argv[1:]
@@ -33,13 +33,21 @@ class WindowsZip(InOneFolder):
 
     def test_everything_is_in_it(self):
         for name in ("bin/kelplib.dll", "lib/libkelplib.dll.a", "lib/cmake/kelplib/kelplibConfig.cmake",
-                     "lib/pkgconfig/kelplib.pc", "include/kelplib/Kelp.h", "share/doc/kelplib/LICENSE"):
+                     "lib/pkgconfig/kelplib.pc", "include/kelplib/Kelp.h", "share/doc/kelplib/LICENSE", *kit_files("lib")):
             self.assertIn(f"{self.prefix.name}/{name}", self.names)
 
     def test_by_find_package(self):
         folder = built("find_package", self.folder / "build", f"-DCMAKE_TOOLCHAIN_FILE={TOOLCHAIN}",
                        f"-Dkelplib_DIR={self.prefix}/lib/cmake/kelplib")
         self.assertEqual(self.outcome(folder / "tool.exe", NUMBERS), (0, TOOL_OUTPUT))
+
+    def test_the_kit_by_find_package(self):
+        folder = built("find_package_kit", self.folder / "build kit", f"-DCMAKE_TOOLCHAIN_FILE={TOOLCHAIN}",
+                       f"-Dkelplib_DIR={self.prefix}/lib/cmake/kelplib")
+        self.assertEqual(self.outcome(folder / "kit_tool.exe", "-n=5"), (0, KIT_OUTPUT))
+        status, text, problem = programs.run(folder / "kit_tool.exe", "-n=3x")
+        self.assertEqual(status, 2)
+        self.assertTrue(" ".join((text + problem).decode().split()).startswith(KIT_REFUSAL), problem)
 
     def test_by_a_c_compiler_alone(self):
         program = self.folder / "flat.exe"

@@ -89,6 +89,10 @@ class Terminal:
             return list(rows_by_themselves(self._tmux("capture-pane", "-p", "-e").split("\n")[:-1]))
         return self._tmux("capture-pane", "-p").split("\n")[:-1]
 
+    def rows_with_history(self):
+        """The rows that have left the screen at its top, and the screen. A terminal that becomes narrower may move rows there."""
+        return self._tmux("capture-pane", "-p", "-S", "-").split("\n")[:-1]
+
     def cursor(self):
         """Column and row of the cursor, counted from 0."""
         column, row = self._ask("#{cursor_x} #{cursor_y}").split()
@@ -101,6 +105,10 @@ class Terminal:
     def type(self, text):
         """Types a text into the terminal."""
         self._tmux("send-keys", "-l", text)
+
+    def resize(self, columns, rows):
+        """Changes the size of the terminal."""
+        self._tmux("resize-window", "-x", str(columns), "-y", str(rows))
 
     def wait_for(self, condition, what):
         """Waits until condition() is true. `what` names the condition in the failure message."""

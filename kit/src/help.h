@@ -1,0 +1,24 @@
+#ifndef KELPKIT_HELP_H
+#define KELPKIT_HELP_H
+
+#include <kelpkit/Definition.h>
+
+namespace Kelpkit {
+
+/// Whether a token asks for the help screen: "-h", "--help", "/h", "/help" or "/?", in any letter case.
+bool asksForHelp(int argc, char** argv);
+
+/// Whether a token is "--version" or the short form that is registered with it, and the tool has a version.
+bool asksForVersion(const Definition& definition, int argc, char** argv);
+
+/// Returns the usage line for the library's help screen, whose own one knows no optional arguments. Empty if that one suits the
+/// tool.
+std::string usageOf(const Definition& definition);
+
+/// Prints the help screen of the library, with its pause, and ends the process with exit status 0. Shows the defined name if the
+/// library cannot use the program path.
+[[noreturn]] void showHelp(const Definition& definition, const std::string& programPath);
+
+}  // namespace Kelpkit
+
+#endif

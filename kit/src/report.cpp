@@ -1,0 +1,37 @@
+#include <kelpkit/Definition.h>
+
+#include "rules.h"
+
+namespace Kelpkit {
+
+namespace {
+
+rules::Tool described(const Definition& definition) {
+    rules::Tool tool;
+    tool.name = definition.name;
+    tool.description = definition.description;
+    for (const Kelp::Option& option : definition.options) {
+        tool.options.push_back({option.shortFlag, option.longFlag, option.description, option.marker});
+    }
+    for (const Kelp::Argument& argument : definition.arguments) {
+        tool.arguments.push_back({argument.name, argument.description, argument.repeated});
+    }
+    tool.example = definition.example;
+    tool.usage = definition.usage;
+    tool.banner = definition.banner;
+    tool.version = definition.version;
+    tool.optionalArguments = definition.optionalArguments;
+    return tool;
+}
+
+}  // namespace
+
+std::string report(const Definition& definition) {
+    std::string text;
+    for (const rules::Finding& finding : rules::check(described(definition))) {
+        text += rules::lineOf(finding) + "\n";
+    }
+    return text;
+}
+
+}  // namespace Kelpkit
