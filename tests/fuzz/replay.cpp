@@ -32,6 +32,7 @@ constexpr Named targets[] = {
     {"labels", fuzz::labels},
     {"progress", fuzz::progress},
     {"install_location", fuzz::install_location},
+    {"kit_line", fuzz::kit_line},
 };
 
 std::string current;

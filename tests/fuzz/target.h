@@ -23,6 +23,7 @@ Target strings;
 Target labels;
 Target progress;
 Target install_location;
+Target kit_line;
 
 }  // namespace fuzz
 
