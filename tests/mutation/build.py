@@ -14,7 +14,8 @@ OPTIONS = ("-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_C_COMPILER=gcc", "-DCMAKE_CXX_CO
 # that does not fit. Uninitialised variables are not zero.
 FLAGS = ("-O1 -w -D_GLIBCXX_ASSERTIONS -ftrivial-auto-var-init=pattern -fsanitize-undefined-trap-on-error "
          "-fsanitize=unreachable,return,bounds,float-cast-overflow,signed-integer-overflow,integer-divide-by-zero")
-TARGETS = ("unit_tests", "tests/golden/all", "tests/contract/all")
+TARGETS = ("unit_tests", "tests/golden/all", "tests/contract/all", "tests/kit/all")
+SOURCES = ("include/", "src/", "kit/include/", "kit/src/")
 CAPACITY = 8192  # of switch.h
 ERROR = re.compile(r"^(?P<path>/[^:\n]+):(?P<line>\d+):\d+: error: ", re.M)
 
@@ -55,7 +56,7 @@ class Build:
             self.write_sources()
 
     def copy(self):
-        for name in ("cmake", "tests", "include", "src"):
+        for name in ("cmake", "tests", "include", "src", "kit"):
             present = set()
             for path in sorted((self.root / name).rglob("*")):
                 relative = path.relative_to(self.root)
@@ -63,7 +64,7 @@ class Build:
                     continue
                 target = self.tree / relative
                 present.add(target)
-                if name in ("include", "src"):
+                if relative.as_posix().startswith(SOURCES) and path.suffix in (".h", ".cpp"):
                     self.sources[relative.as_posix()] = path.read_text(encoding="utf-8")
                 elif not target.exists() or target.read_bytes() != path.read_bytes():
                     target.parent.mkdir(parents=True, exist_ok=True)
@@ -71,7 +72,8 @@ class Build:
             for old in {path for path in (self.tree / name).rglob("*") if path.is_file()} - present:
                 if "__pycache__" not in old.parts:
                     old.unlink()
-        write_if_changed(self.tree / "CMakeLists.txt", (self.root / "CMakeLists.txt").read_text(encoding="utf-8"))
+        for name in ("CMakeLists.txt", "docs/kit-rules.md"):
+            write_if_changed(self.tree / name, (self.root / name).read_text(encoding="utf-8"))
 
     def write_sources(self):
         for mutant in self.mutants:

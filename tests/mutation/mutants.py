@@ -94,7 +94,8 @@ class Finder:
             constant = cursor.spelling + ("()" if cursor.kind != Kind.VAR_DECL else "")
         if cursor.kind in FUNCTIONS or owner is None and cursor.kind in VARIABLES:
             owner = names(cursor)
-        for start, end, text, kind in self.changes(cursor, parent):
+        # libclang does not show variable templates, whose values the compiler needs.
+        for start, end, text, kind in self.changes(cursor, parent) if owner else ():
             array = cursor.kind == Kind.STRING_LITERAL and parent.kind == Kind.VAR_DECL and "[" in parent.type.spelling
             self.found.setdefault((start, end, text), Mutant(
                 self.file, start, end, text, self.source.count("\n", 0, start) + 1, owner, " ".join(kind.split()),
@@ -179,7 +180,7 @@ class Finder:
 
     def returns_reference(self, cursor):
         before = self.source[:cursor.extent.start.offset]
-        signature = re.findall(r"^(\S.*)\{$", before, re.M)
+        signature = re.findall(r"^ *((?!(?:if|for|while|switch|else|do|try|\})\b)\w.*)\{$", before, re.M)
         return bool(signature) and "& " in signature[-1].split("(")[0]
 
     def label(self, cursor):
@@ -207,7 +208,7 @@ def names(cursor):
     while parent is not None and parent.kind in CLASSES:
         scope, parent = f"{parent.spelling}::{scope}", parent.semantic_parent
     spelling = re.sub(r"<.*", "", cursor.spelling) if cursor.kind in (Kind.CONSTRUCTOR, Kind.DESTRUCTOR) else cursor.spelling
-    types = ", ".join(re.sub(r"\bKelp::|\bstd::", "", argument.type.spelling) for argument in cursor.get_arguments() or ())
+    types = ", ".join(re.sub(r"\bKelp::|\bKelpkit::|\bstd::", "", argument.type.spelling) for argument in cursor.get_arguments() or ())
     return scope + spelling, f"{scope}{spelling}({types})" if cursor.kind in FUNCTIONS else scope + spelling
 
 
@@ -222,7 +223,8 @@ def mutants_of(root, file):
     """All mutants of one file, in the order of the text. They have no keys yet."""
     source = (root / file).read_text(encoding="ascii")
     unit = Index.create().parse(str(root / file), args=[
-        "-x", "c++", "-std=c++17", "-DKELPLIB_BUILDING", f"-I{root}/include", f"-I{root}/src"])
+        "-x", "c++", "-std=c++17", "-DKELPLIB_BUILDING", f"-I{root}/include", f"-I{root}/src",
+        f"-I{root}/kit/include", f"-I{root}/kit/src"])
     errors = [str(problem) for problem in unit.diagnostics if problem.severity >= 3]
     if errors:
         raise SystemExit(f"libclang cannot read {file}: {errors[0]}")

@@ -1,4 +1,4 @@
-"""Changes kelplib's sources in one place at a time and checks that a test notices; see scripts/mutate --help."""
+"""Changes the sources of kelplib and its kit in one place at a time and checks that a test notices; see scripts/mutate --help."""
 
 import argparse
 import collections
@@ -20,8 +20,9 @@ from suites import Suites, stop_all
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 FOLDER = ROOT / "build" / "mutation"
 LIST = ROOT / "tests" / "mutation" / "survivors.txt"
-LIBRARY = ("include", "src")
-NOT_BUILT = {"src/platform/platform_windows.cpp", "src/platform/standard_streams_plain.cpp"}
+LIBRARY = ("include", "src", "kit/include", "kit/src")
+NOT_BUILT = {"src/platform/platform_windows.cpp", "src/platform/standard_streams_plain.cpp",
+             *(path.relative_to(ROOT).as_posix() for path in (ROOT / "kit/src").glob("*_windows.cpp"))}
 
 
 def note(text):
@@ -184,7 +185,7 @@ def main():
         if not outdated:
             print(f"all {len(reasons)} entries match one of the {len(mutants)} changes")
         return 1 if outdated else 0
-    results = Results(FOLDER / "results.jsonl", digest((*LIBRARY, "tests", "cmake")))
+    results = Results(FOLDER / "results.jsonl", digest(("include", "src", "kit", "tests", "cmake")))
     chosen = choose(mutants, arguments, results, reasons)
     if arguments.list:
         for mutant in chosen:

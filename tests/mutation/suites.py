@@ -12,6 +12,7 @@ import subprocess
 import tempfile
 import time
 
+GOOGLE_TESTS = ("unit", "kit", "kit_new_file", "kit_progress", "kit_report")
 QUICK_SECONDS = 0.05
 MEMORY_BYTES = 2 << 30
 FILE_BYTES = 64 << 20
@@ -71,10 +72,10 @@ class Suites:
         listing = subprocess.run(["ctest", "--test-dir", out, "--show-only=json-v1"], check=True, text=True,
                                  stdout=subprocess.PIPE).stdout
         tests = {test["name"]: self.from_ctest(test) for test in json.loads(listing)["tests"] if "command" in test}
-        self.unit = tests["unit"]
-        self.scripts = [tests[name] for name in ("golden", *sorted(tests)) if name == "golden" or
-                        name.startswith("contract_")]
-        self.units = []
+        self.programs = [test for name, test in tests.items() if name in GOOGLE_TESTS]
+        self.scripts = [test for name, test in sorted(tests.items())
+                        if name not in GOOGLE_TESTS and name.startswith(("golden", "contract_", "kit_"))]
+        self.units = {}
         self.noticed = collections.Counter()
 
     def from_ctest(self, test):
@@ -82,23 +83,25 @@ class Suites:
         environment = dict(line.split("=", 1) for line in properties.get("ENVIRONMENT", []))
         return Test(test["name"], test["command"], environment)
 
-    def unit_names(self):
-        listing = subprocess.run([self.unit.command[0], "--gtest_list_tests"], check=True, text=True,
+    @staticmethod
+    def cases(program):
+        """Yields each case of a program of GoogleTest as a test of its own."""
+        listing = subprocess.run([program.command[0], "--gtest_list_tests"], check=True, text=True,
                                  stdout=subprocess.PIPE).stdout
         group = ""
         for line in listing.splitlines():
             words = line.split("#")[0].rstrip()
             if words.startswith("  "):
-                yield group + words.strip()
+                name = group + words.strip()
+                yield Test(name, [program.command[0], f"--gtest_filter={name}"], program.environment)
             elif words.endswith("."):
                 group = words
 
     def trace(self, jobs, folder, note):
         """Runs every test on the unchanged library and notes what it reaches."""
-        self.units = [Test(name, [self.unit.command[0], f"--gtest_filter={name}"], self.unit.environment)
-                      for name in self.unit_names()]
+        self.units = {program.name: list(self.cases(program)) for program in self.programs}
         # The scripts take longest, so they start first.
-        tests = [*self.scripts, *self.units]
+        tests = [*self.scripts, *(case for cases in self.units.values() for case in cases)]
         with multiprocessing.pool.ThreadPool(jobs) as pool:
             for index, failed in enumerate(pool.imap_unordered(lambda test: self.look(test, folder), tests)):
                 note(f"running each test on the unchanged library: {index + 1} of {len(tests)}")
@@ -120,14 +123,15 @@ class Suites:
     def noticed_by(self, numbers, environment, folder, room):
         """Returns the first test that reaches one of the mutants and fails, and how; None when all of them pass. Scripts
         that have noticed many mutants of the same source folder (room) run first."""
-        units = [test for test in self.units if test.reached & numbers]
         for slow in (False, True):
-            chosen = [test for test in units if (test.seconds >= QUICK_SECONDS) == slow]
-            limit = 2 + 5 * sum(test.seconds for test in chosen)
-            command = [self.unit.command[0], "--gtest_fail_fast", "--gtest_brief=1"]
-            names = {**self.unit.environment, **environment, "GTEST_FILTER": ":".join(test.name for test in chosen)}
-            if failed := chosen and failure(command, names, limit, folder):
-                return f"unit: {failed}"
+            for program in self.programs:
+                chosen = [test for test in self.units[program.name]
+                          if test.reached & numbers and (test.seconds >= QUICK_SECONDS) == slow]
+                limit = 2 + 5 * sum(test.seconds for test in chosen)
+                command = [program.command[0], "--gtest_fail_fast", "--gtest_brief=1"]
+                names = {**program.environment, **environment, "GTEST_FILTER": ":".join(test.name for test in chosen)}
+                if failed := chosen and failure(command, names, limit, folder):
+                    return f"{program.name}: {failed}"
         for test in sorted(self.scripts, key=lambda script: (-self.noticed[room, script.name], script.seconds)):
             if test.reached & numbers and (failed := failure(
                     test.command, {**test.environment, **environment}, 5 + 5 * test.seconds, folder)):
