@@ -91,7 +91,8 @@ def compile_seconds(sources, effort):
             log(f"  round {turn + 1} of {effort.compilations}")
             for name in sources if turn % 2 == 0 else reversed(sources):
                 times[name].append(processor_seconds(
-                    ["g++", "-std=c++17", "-O2", f"-I{ROOT}/include", "-c", sources[name], "-o", f"{folder}/object.o"]))
+                    ["g++", "-std=c++17", "-O2", f"-I{ROOT}/include", f"-I{ROOT}/kit/include", "-c", sources[name],
+                     "-o", f"{folder}/object.o"]))
     return {name: statistics.median(list_of_times) for name, list_of_times in times.items()}
 
 

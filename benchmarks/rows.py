@@ -167,3 +167,33 @@ def redraw(measured, effort):
     table.remark(f"Goal: no allocation: {'reached' if allocations == 0 else f'**missed** ({allocations:g} a redraw)'}. "
                  f"Goal: 100 times cheaper than tqdm: {'reached' if ratio >= 100 else '**missed**'} ({ratio:.0f} times).")
     return [table]
+
+
+def kit(measured, effort):
+    """Compares the tool of start() with one that reads the same options strictly."""
+    programs = {KELPLIB: "kelplib", "kit": "kit"}
+    seconds = measuring.compile_seconds(
+        {name: measuring.ROOT / f"benchmarks/start/tool_{program}.cpp" for name, program in programs.items()}, effort)
+    floor = callgrind.of_process(str(measuring.PROGRAMS / "start_nothing"))
+    count = {name: callgrind.of_process(str(measuring.PROGRAMS / f"start_{program}"), *SHORT_WORDS) - floor
+             for name, program in programs.items()}
+    size = {name: measuring.stripped_size(f"start_{program}") for name, program in programs.items()}
+    table = Table(
+        "A tool with the kit",
+        "The tool with ten options, written with the library alone and with the kit, whose code is part of the tool: start, time "
+        "to compile and size as above.",
+        ["", "instructions of the start", "time to compile", "program"])
+    for name in programs:
+        table.add("**with the kit**" if name == "kit" else "without the kit", f"{count[name]:,}", time_text(seconds[name]),
+                  f"{size[name]:,} bytes")
+    table.add("goal", judged(count["kit"] / count[KELPLIB], 1.15, times), judged(seconds["kit"] / seconds[KELPLIB], 1.5, times),
+              judged(size["kit"] - size[KELPLIB], 60000, "{:,} bytes more".format))
+    measured.run("kit_advance", ["advance"])
+    goal = 50e-9
+    costs = Table("Progress that draws nothing", "One call of `Kelpkit::Progress::advance`; reading the clock, for comparison.",
+                  ["", "into a file", "on a console, nothing due"])
+    advance = [measured[f"advance/{place}"].seconds for place in ("file", "console")]
+    costs.add("**advance**", *map(time_text, advance))
+    costs.add("goal", *(judged(cost, goal, time_text) for cost in advance))
+    costs.add("the clock", "", time_text(measured["advance/clock"].seconds))
+    return [table, costs]
