@@ -1,18 +1,16 @@
-#include "bins.h"
+#include <kelplib/Kelp.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
-#include <functional>
 #include <stdexcept>
+
+#include "histogram.h"
 
 namespace histogram {
 
 namespace {
-
-constexpr int digitsOfDouble = 17;
 
 /// Returns the number rounded to significant digits, so that an edge is 0.3 and not 0.30000000000000004.
 double rounded(double number, int digits) {
@@ -21,51 +19,43 @@ double rounded(double number, int digits) {
     return std::strtod(text.data(), nullptr);
 }
 
-/// Returns a number of digits with which rounding moves no edge by more than about a thousandth of a bin.
-int digitsFor(double from, double to, double width) {
-    const double digits = std::ceil(std::log10(std::max(std::abs(from), std::abs(to)) / width)) + 3;
-    return static_cast<int>(std::clamp(digits, 1.0, static_cast<double>(digitsOfDouble)));
-}
+}  // namespace
 
 std::vector<double> equalEdges(double from, double to, int bins) {
+    const std::string range = "the range " + std::to_string(std::make_tuple(from, to));
     const double width = (to - from) / bins;
     if (!std::isfinite(width)) {
-        throw std::runtime_error("the range " + std::to_string(std::make_tuple(from, to)) + " is too wide");
+        throw std::runtime_error(range + " is too wide");
     }
-    const int digits = digitsFor(from, to, width);
+    // So many digits that rounding moves no edge by more than about a thousandth of a bin.
+    const double digits = std::ceil(std::log10(std::max(std::abs(from), std::abs(to)) / width)) + 3;
     std::vector<double> edges{from};
     for (int i = 1; i < bins; ++i) {
         const double edge = from + width * i;
-        edges.push_back(std::abs(edge) < width / 1000 ? 0.0 : rounded(edge, digits));
+        const bool isZero = std::abs(edge) < width / 1000;
+        edges.push_back(isZero ? 0.0 : rounded(edge, static_cast<int>(std::clamp(digits, 1.0, 17.0))));
     }
     edges.push_back(to);
     if (std::adjacent_find(edges.begin(), edges.end(), std::greater_equal<>()) != edges.end()) {
-        throw std::runtime_error("the range " + std::to_string(std::make_tuple(from, to)) + " is too narrow for " +
-                                 std::to_string(bins) + " bins");
+        throw std::runtime_error(range + " is too narrow for " + std::to_string(bins) + " bins");
     }
     return edges;
 }
 
-}  // namespace
-
-std::vector<double> requestedEdges(const Request& request) {
-    if (request.range) {
-        return equalEdges(std::get<0>(*request.range), std::get<1>(*request.range), request.bins);
+void Tally::add(std::optional<double> field) {
+    if (!field) {
+        ++texts;
+    } else if (std::isnan(*field)) {
+        ++nan;
+    } else if (*field < edges.front()) {
+        ++below;
+    } else if (*field > edges.back()) {
+        ++above;
+    } else {
+        const auto upper = std::upper_bound(edges.begin() + 1, edges.end() - 1, *field);
+        ++bins[static_cast<std::size_t>(upper - edges.begin() - 1)];
+        ++inside;
     }
-    return request.edges;
-}
-
-std::vector<double> edgesAround(double lowest, double highest, int bins) {
-    if (lowest == highest) {
-        const double margin = std::max(0.5, std::abs(lowest) / 1000);
-        return equalEdges(lowest - margin, highest + margin, bins);
-    }
-    return equalEdges(lowest, highest, bins);
-}
-
-std::size_t binOf(double number, const std::vector<double>& edges) {
-    const auto above = std::upper_bound(edges.begin(), edges.end() - 1, number);
-    return static_cast<std::size_t>(std::max<std::ptrdiff_t>(above - edges.begin() - 1, 0));
 }
 
 }  // namespace histogram

@@ -1,83 +1,92 @@
-#include "fields.h"
-
+#include <kelpkit/Files.h>
 #include <kelplib/Kelp.h>
 
+#include <cstdlib>
 #include <limits>
-#include <utility>
 
-#include "../common/numbers.h"
+#include "histogram.h"
 
 namespace histogram {
 
 namespace {
 
+/// The memory for the file, however large it is.
+constexpr std::size_t bufferBytes = 65536;
+
 /// No double needs more than 767 significant digits, so a longer field is not meant as a number.
-constexpr std::size_t maxBytes = 1000;
+constexpr std::size_t longestField = 1000;
 
-constexpr int lastColumn = std::numeric_limits<int>::max();
+/// Splits a text of any length. Commas, semicolons and blanks separate fields. An empty field, as between two commas, counts as
+/// a column but is not a field.
+class Splitter {
+public:
+    explicit Splitter(const std::set<int>& columns) : wanted(columns) {}
 
-bool isBlank(char character) {
-    return character == ' ' || (character >= '\t' && character <= '\r' && character != '\n');
+    /// Takes the next byte, at the end a line end. Returns whether it completes a field.
+    bool take(char character) {
+        if (character == ' ' || (character >= '\t' && character <= '\r' && character != '\n')) {
+            isClosed = !current.empty();
+            return false;
+        }
+        const bool separates = character == ',' || character == ';' || character == '\n';
+        const bool isField = (separates || isClosed) && complete();
+        column = character == '\n' ? 1 : column;
+        if (!separates && current.size() <= longestField) {
+            current += character;
+        }
+        return isField;
+    }
+
+    const std::string& field() const {
+        return finished;
+    }
+
+private:
+    bool complete() {
+        const bool isField = !current.empty() && (wanted.empty() || wanted.count(column) != 0);
+        finished.swap(current);
+        current.clear();
+        isClosed = false;
+        column += column < std::numeric_limits<int>::max() ? 1 : 0;
+        return isField;
+    }
+
+    const std::set<int>& wanted;
+    std::string current;
+    std::string finished;
+    int column = 1;
+    bool isClosed = false;  ///< a blank has ended the current field
+};
+
+std::optional<double> numberIn(const std::string& field) {
+    const std::string name = Kelp::toLower(field.substr(field.find_first_not_of("+-") == 1 ? 1 : 0));
+    const bool hasName = name == "nan" || name == "inf" || name == "infinity";
+    const bool hasDigits = field.find_first_not_of("0123456789+-.eE") == std::string::npos;
+    char* end = nullptr;
+    const double number = std::strtod(field.c_str(), &end);
+    const bool isWhole = end == field.c_str() + field.size() && field.size() <= longestField;
+    return (hasName || hasDigits) && isWhole ? std::optional(number) : std::nullopt;
 }
 
 }  // namespace
 
-Fields::Fields(std::set<int> columns) : wanted(std::move(columns)) {}
-
-bool Fields::take(char character) {
-    if (isBlank(character)) {
-        isClosed = !current.empty();
-        return false;
+void forEachField(const std::string& file, const std::set<int>& columns, Kelpkit::Progress& progress,
+                  const std::function<void(std::optional<double>)>& use) {
+    Kelpkit::InputFile input(file, std::ios::binary);
+    Splitter splitter(columns);
+    std::string buffer(bufferBytes, '\0');
+    while (input.stream()) {
+        const auto count = static_cast<std::size_t>(input.stream().read(buffer.data(), bufferBytes).gcount());
+        for (std::size_t i = 0; i < count; ++i) {
+            if (splitter.take(buffer[i])) {
+                use(numberIn(splitter.field()));
+            }
+        }
+        progress.advance(count);
     }
-    if (character == ',' || character == ';' || character == '\n') {
-        const bool isField = complete();
-        column = character == '\n' ? 1 : column;
-        return isField;
+    if (splitter.take('\n')) {
+        use(numberIn(splitter.field()));
     }
-    if (isClosed) {
-        const bool isField = complete();
-        append(character);
-        return isField;
-    }
-    append(character);
-    return false;
-}
-
-void Fields::append(char character) {
-    if (current.size() < maxBytes) {
-        current += character;
-    } else if (current.size() == maxBytes) {
-        current += "...";
-    }
-}
-
-bool Fields::complete() {
-    const bool isField = !current.empty() && (wanted.empty() || wanted.count(column) != 0);
-    finished.swap(current);
-    current.clear();
-    isClosed = false;
-    column += column < lastColumn ? 1 : 0;
-    return isField;
-}
-
-const std::string& Fields::text() const {
-    return finished;
-}
-
-std::optional<double> numberIn(const std::string& field) {
-    if (const std::optional<double> number = common::decimalNumber(field)) {
-        return number;
-    }
-    const bool hasSign = !field.empty() && (field.front() == '-' || field.front() == '+');
-    const std::string name = Kelp::toLower(field.substr(hasSign ? 1 : 0));
-    if (name == "nan") {
-        return std::numeric_limits<double>::quiet_NaN();
-    }
-    if (name == "inf" || name == "infinity") {
-        const double infinite = std::numeric_limits<double>::infinity();
-        return field.front() == '-' ? -infinite : infinite;
-    }
-    return std::nullopt;
 }
 
 }  // namespace histogram

@@ -1,11 +1,8 @@
-#include "time_column.h"
+#include <kelpkit/Values.h>
 
 #include <algorithm>
-#include <array>
-#include <cmath>
-#include <string>
 
-#include "../common/numbers.h"
+#include "slice.h"
 
 namespace slice {
 
@@ -16,138 +13,105 @@ constexpr std::size_t maxBytes = 100;
 
 constexpr std::string_view blanks = " \t";
 constexpr std::string_view ends = " \t\r,;]";
+constexpr std::string_view digits = "0123456789";
 
-bool isDigit(char character) {
-    return character >= '0' && character <= '9';
-}
+using Numbers = std::array<int, 3>;
 
-/// Removes `count` digits from the beginning of the text. Returns their number; none if there are fewer digits or the number
-/// exceeds `largest`.
-std::optional<int> takeDigits(std::string_view& text, std::size_t count, int largest) {
-    if (text.size() < count || !std::all_of(text.begin(), text.begin() + count, isDigit)) {
-        return std::nullopt;
+/// Removes a text of this shape, in which "0" is any digit, from the beginning. Returns its numbers; none if the text begins
+/// otherwise, and then leaves it unchanged.
+std::optional<Numbers> take(std::string_view& text, std::string_view shape) {
+    Numbers numbers{};
+    std::size_t index = 0;
+    for (std::size_t i = 0; i < shape.size(); ++i) {
+        const bool isDigit = i < text.size() && digits.find(text[i]) != std::string_view::npos;
+        if (i == text.size() || (shape[i] == '0' ? !isDigit : text[i] != shape[i])) {
+            return std::nullopt;
+        }
+        if (isDigit) {
+            numbers.at(index) = 10 * numbers.at(index) + (text[i] - '0');
+        } else {
+            ++index;
+        }
     }
-    int number = 0;
-    for (const char digit : text.substr(0, count)) {
-        number = 10 * number + (digit - '0');
-    }
-    text.remove_prefix(count);
-    return number <= largest ? std::optional<int>(number) : std::nullopt;
-}
-
-bool take(std::string_view& text, char character) {
-    if (text.empty() || text.front() != character) {
-        return false;
-    }
-    text.remove_prefix(1);
-    return true;
+    text.remove_prefix(shape.size());
+    return numbers;
 }
 
 bool isEnd(std::string_view text) {
     return text.empty() || ends.find(text.front()) != std::string_view::npos;
 }
 
-int daysOfMonth(int year, int month) {
-    constexpr std::array<int, 12> days{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-    return month == 2 && leap ? 29 : days.at(static_cast<std::size_t>(month - 1));
-}
-
-/// Returns the days from the beginning of 1970 to the beginning of the year; negative before 1970.
-long long daysToYear(int year) {
-    const auto leapYears = [](int before) { return before / 4 - before / 100 + before / 400; };
-    return 365LL * (year - 1970) + leapYears(year - 1) - leapYears(1969);
+/// Returns the days from the beginning of 1970 to the beginning of the month; 13 is January of the next year.
+long long daysTo(int year, int month) {
+    // Years that begin in March have their leap day at the end.
+    const int months = 12 * year + month - 3;
+    const int years = months / 12;
+    return 365LL * years + years / 4 - years / 100 + years / 400 + (153 * (months % 12) + 2) / 5 - 719468;
 }
 
 /// Removes yyyy-mm-dd. Returns the days since the beginning of 1970.
 std::optional<long long> takeDate(std::string_view& text) {
-    const std::optional<int> year = takeDigits(text, 4, 9999);
-    const bool firstDash = take(text, '-');
-    const std::optional<int> month = takeDigits(text, 2, 12);
-    const bool secondDash = take(text, '-');
-    const std::optional<int> day = takeDigits(text, 2, 31);
-    if (!year || !firstDash || !month || !secondDash || !day || *year < 1 || *month < 1 || *day < 1 ||
-        *day > daysOfMonth(*year, *month)) {
+    const auto [year, month, day] = take(text, "0000-00-00").value_or(Numbers{});
+    if (year < 1 || month < 1 || month > 12 || day < 1 || day > daysTo(year, month + 1) - daysTo(year, month)) {
         return std::nullopt;
     }
-    long long days = daysToYear(*year) + *day - 1;
-    for (int before = 1; before < *month; ++before) {
-        days += daysOfMonth(*year, before);
-    }
-    return days;
+    return daysTo(year, month) + day - 1;
 }
 
 /// Removes h:mm:ss or hh:mm:ss. Returns the seconds since midnight.
 std::optional<int> takeClock(std::string_view& text) {
-    const std::size_t hourDigits = text.size() > 1 && text[1] == ':' ? 1 : 2;
-    const std::optional<int> hours = takeDigits(text, hourDigits, 23);
-    const bool firstColon = take(text, ':');
-    const std::optional<int> minutes = takeDigits(text, 2, 59);
-    const bool secondColon = take(text, ':');
-    const std::optional<int> seconds = takeDigits(text, 2, 60);  // 60 is a leap second
-    if (!hours || !firstColon || !minutes || !secondColon || !seconds) {
+    std::optional<Numbers> clock = take(text, "00:00:00");
+    clock = clock ? clock : take(text, "0:00:00");
+    // A minute with a leap second has a second 60.
+    if (!clock || (*clock)[0] > 23 || (*clock)[1] > 59 || (*clock)[2] > 60) {
         return std::nullopt;
     }
-    return 3600 * *hours + 60 * *minutes + *seconds;
+    return 3600 * (*clock)[0] + 60 * (*clock)[1] + (*clock)[2];
 }
 
-/// Removes and returns "." and the digits after it. Returns an empty text if there is no ".", none if it has no digits.
-std::optional<std::string> takeFraction(std::string_view& text) {
-    std::string fraction;
-    if (take(text, '.')) {
-        const auto length =
-            static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isDigit) - text.begin());
-        if (length == 0) {
-            return std::nullopt;
-        }
-        fraction = "." + std::string(text.substr(0, length));
-        text.remove_prefix(length);
-    }
+/// Removes and returns "." and the digits after it; an empty text if there are none.
+std::string takeFraction(std::string_view& text) {
+    std::string_view rest = text;
+    std::string fraction(text.substr(0, take(rest, ".0") ? text.find_first_not_of(digits, 1) : 0));
+    text.remove_prefix(fraction.size());
     return fraction;
 }
 
 /// Removes Z, +hh:mm, +hhmm or +hh. Returns the seconds that the offset is ahead of UTC; 0 if there is no offset.
 std::optional<int> takeOffset(std::string_view& text) {
-    const bool east = !text.empty() && text.front() == '+';
-    const bool west = !text.empty() && text.front() == '-';
-    if (!east && !west) {
-        take(text, 'Z');
+    const bool east = take(text, "+").has_value();
+    if (!east && !take(text, "-")) {
+        take(text, "Z");
         return 0;
     }
-    text.remove_prefix(1);
-    const std::optional<int> hours = takeDigits(text, 2, 23);
-    const bool colon = take(text, ':');
-    const bool hasMinutes = colon || !isEnd(text);
-    const std::optional<int> minutes = hasMinutes ? takeDigits(text, 2, 59) : 0;
-    if (!hours || !minutes) {
+    const std::optional<Numbers> hours = take(text, "00");
+    const bool hasMinutes = take(text, ":") || !isEnd(text);
+    const std::optional<Numbers> minutes = hasMinutes ? take(text, "00") : Numbers{};
+    if (!hours || hours->front() > 23 || !minutes || minutes->front() > 59) {
         return std::nullopt;
     }
-    const int seconds = 3600 * *hours + 60 * *minutes;
+    const int seconds = 3600 * hours->front() + 60 * minutes->front();
     return east ? seconds : -seconds;
 }
 
-/// Returns the double closest to seconds plus fraction, which compares equal to the same text in a range.
-double withFraction(long long seconds, const std::string& fraction) {
-    const auto whole = static_cast<double>(seconds);
-    if (fraction.empty()) {
-        return whole;
-    }
-    if (seconds < 0) {
-        return whole + common::decimalNumber("0" + fraction).value_or(0.0);
-    }
-    return common::decimalNumber(std::to_string(seconds) + fraction).value_or(whole);
+std::optional<double> decimalNumber(const std::string& text) {
+    const auto number = Kelpkit::readValue(text, Kelpkit::Type<double>{});
+    return number ? std::optional(number.value()) : std::nullopt;
 }
 
 /// Reads a clock time, alone or after a date that is `days` days after the beginning of 1970.
 std::optional<double> readClock(std::string_view text, std::optional<long long> days) {
     const std::optional<int> clock = takeClock(text);
-    const std::optional<std::string> fraction = takeFraction(text);
+    const std::string fraction = takeFraction(text);
     const std::optional<int> offset = days ? takeOffset(text) : 0;
-    take(text, ':');  // as in "12:34:56: message"
-    if (!clock || !fraction || !offset || !isEnd(text)) {
+    take(text, ":");  // as in "12:34:56: message"
+    if (!clock || !offset || !isEnd(text)) {
         return std::nullopt;
     }
-    return withFraction(86400 * days.value_or(0) + *clock - *offset, *fraction);
+    const long long seconds = 86400 * days.value_or(0) + *clock - *offset;
+    // The double closest to the whole text compares equal to the same text in a range.
+    return seconds < 0 ? static_cast<double>(seconds) + decimalNumber("0" + fraction).value_or(0.0)
+                       : decimalNumber(std::to_string(seconds) + fraction);
 }
 
 std::optional<double> readDate(std::string_view text) {
@@ -156,7 +120,7 @@ std::optional<double> readDate(std::string_view text) {
         return std::nullopt;
     }
     std::string_view clock = text;
-    if (take(clock, 'T') || take(clock, ' ')) {
+    if (take(clock, "T") || take(clock, " ")) {
         const std::optional<double> time = readClock(clock, days);
         // A date with an invalid clock time after it is not midnight.
         if (time || clock.substr(0, clock.find_first_of(ends)).find(':') != std::string_view::npos) {
@@ -166,18 +130,13 @@ std::optional<double> readDate(std::string_view text) {
     return isEnd(text) ? std::optional<double>(static_cast<double>(86400 * *days)) : std::nullopt;
 }
 
-std::optional<double> readNumber(std::string_view text) {
-    const std::optional<double> number = common::decimalNumber(std::string(text.substr(0, text.find_first_of(ends))));
-    return number && std::isfinite(*number) ? number : std::nullopt;
-}
-
 }  // namespace
 
 std::optional<double> timeOf(std::string_view line) {
     std::string_view text = line.substr(0, maxBytes);
     const auto skipBlanks = [&text] { text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size())); };
     skipBlanks();
-    take(text, '[');
+    take(text, "[");
     skipBlanks();
     if (const std::optional<double> date = readDate(text)) {
         return date;
@@ -185,7 +144,7 @@ std::optional<double> timeOf(std::string_view line) {
     if (const std::optional<double> clock = readClock(text, std::nullopt)) {
         return clock;
     }
-    return readNumber(text);
+    return decimalNumber(std::string(text.substr(0, text.find_first_of(ends))));
 }
 
 }  // namespace slice

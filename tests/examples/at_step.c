@@ -19,22 +19,7 @@
 #include <sys/types.h>
 #include <unistd.h>
 
-/* Whether this is the selected call or, with and_later, a later one. */
-static int is_due(const char* name, int and_later) {
-    static long done = 0;
-    const char* step = getenv("KELPLIB_STEP");
-    const size_t length = strlen(name);
-    if (step == NULL) {
-        return 0;
-    }
-    if (strncmp(step, name, length) == 0 && step[length] == ' ') {
-        step += length;
-    } else if (*step < '0' || *step > '9') {
-        return 0;
-    }
-    ++done;
-    return and_later ? done >= strtol(step, NULL, 10) : done == strtol(step, NULL, 10);
-}
+#include "../support/selected_step.h"
 
 /* Acts if the call is selected. Returns 0, or the errno value with which the call has to fail. */
 static int before(const char* name) {

@@ -1,6 +1,6 @@
-"""The files that the example tools write while other programs change the same folder, or while the process is killed.
+"""The files that the fragment tool writes while other programs change the same folder, or while the process is killed.
 
-Most tests cut a file with fragment; all tools write their files with the same code. Set KELPLIB_PAIRS to run more pairs of
+Set KELPLIB_PAIRS to run more pairs of
 tools at the same time.
 """
 
@@ -22,9 +22,9 @@ OLD = {"in": b"1234", "q_.count": b"old count", "q_0": b"old 0", "q_1": b"old 1"
 NAMES = ["q_.count", "q_0", "q_1"]
 CUT = ["-n=2", "-o=q_", "in"]
 
-# The number of calls that create, rename, synchronise or remove files. A cut into 3 files creates and renames each. With -f it
-# also renames 3 old files before, synchronises the new files and the folder, and removes the old files.
-STEPS = 3 + 3
+# The number of calls that create, rename, synchronise or remove files. A cut into 3 files creates, synchronises and renames each.
+# With -f it also renames 3 old files before, synchronises the folder, and removes the old files.
+STEPS = 3 + 3 + 3
 STEPS_WITH_FORCE = 3 + 3 + 2 * 3 + 1 + 3
 
 

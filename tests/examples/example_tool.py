@@ -2,13 +2,14 @@
 
 import concurrent.futures
 import os
-import pathlib
+import pty
 import re
 import subprocess
 import sys
-import tempfile
+import termios
 import unittest
 
+import folder
 import programs
 
 PROGRAM = sys.argv.pop()
@@ -34,31 +35,10 @@ def pseudo_random(size):
     return b"".join(words)[:size]
 
 
-class ToolTestCase(unittest.TestCase):
+class ToolTestCase(folder.FolderTestCase):
     """Runs the tool in a new folder for every test."""
 
     tool_name = os.path.basename(PROGRAM).removesuffix(".exe")
-
-    maxDiff = None
-
-    def setUp(self):
-        temporary = tempfile.TemporaryDirectory()
-        self.addCleanup(temporary.cleanup)
-        self.folder = pathlib.Path(temporary.name).resolve()
-
-    def write(self, name, data):
-        (self.folder / name).write_bytes(data)
-
-    def contents(self):
-        """Everything in the folder by name: the bytes of a file, the target of a link, None for a folder."""
-        found = {}
-        for path in sorted(self.folder.rglob("*")):
-            name = path.relative_to(self.folder).as_posix()
-            if path.is_symlink():
-                found[name] = os.readlink(path)
-            else:
-                found[name] = None if path.is_dir() else path.read_bytes()
-        return found
 
     def tool(self, *arguments, **options):
         """Runs the tool by its plain name. Returns exit status, output and errors, with "<here>" in place of the folder."""
@@ -79,20 +59,38 @@ class ToolTestCase(unittest.TestCase):
         """Checks that the tool succeeds and prints exactly this."""
         self.assertEqual((0, expected_output, b""), self.tool(*arguments))
 
-    def check_refusal(self, problem, *arguments, **options):
+    def check_refusal(self, problem, *arguments, status=1, **options):
         """Checks that the tool fails with exactly this message and leaves the folder unchanged."""
         before = self.contents()
-        self.assertEqual((1, b"", self.tool_name.encode() + b": " + problem + b"\n"), self.tool(*arguments, **options))
+        self.assertEqual((status, b"", self.tool_name.encode() + b": " + problem + b"\n"), self.tool(*arguments, **options))
         self.assertEqual(before, self.contents())
 
-    def check_screens(self, screens, screen):
-        """Checks help screens of the library. `screens` lists arguments and the message above the help screen."""
+    def check_usage(self, problem, *arguments):
+        """Checks that the tool refuses the command line with exactly this message and a hint, and leaves the folder unchanged."""
+        self.check_refusal(problem + b" (see " + self.tool_name.encode() + b" --help)", *arguments, status=2)
+
+    def check_help(self, screen, *lines):
+        """Checks that each of the lists of arguments gives the help screen."""
         # All at once: the library pauses for half a second after each screen.
-        with concurrent.futures.ThreadPoolExecutor(len(screens)) as pool:
-            results = list(pool.map(lambda case: self.tool(*case[0]), screens))
-        for (arguments, message), result in zip(screens, results):
+        with concurrent.futures.ThreadPoolExecutor(len(lines)) as pool:
+            results = list(pool.map(lambda arguments: self.tool(*arguments), lines))
+        for arguments, result in zip(lines, results):
             with self.subTest(arguments=arguments):
-                self.assertEqual((0, message + screen, b""), result)
+                self.assertEqual((0, screen, b""), result)
+
+    def start_in_terminal(self, *arguments, **options):
+        """Starts the tool with a new terminal as standard output. Returns the process, which ends with the test, and a file
+        descriptor to read the output from."""
+        reader, terminal = pty.openpty()
+        self.addCleanup(os.close, reader)
+        termios.tcsetwinsize(terminal, (24, 80))
+        tool = subprocess.Popen([PROGRAM, *arguments], cwd=self.folder, stdin=subprocess.DEVNULL, stdout=terminal,
+                                stderr=subprocess.PIPE, **options)
+        os.close(terminal)
+        self.addCleanup(tool.wait)
+        self.addCleanup(tool.stderr.close)
+        self.addCleanup(tool.kill)
+        return tool, reader
 
     def tool_on_full_disk(self, *arguments):
         """Runs the tool with a standard output that cannot be written. Returns exit status and errors."""

@@ -1,12 +1,14 @@
 """The histogram tool: its help screen, counting and drawing, refusals, and errors of the system."""
 
 import os
+import re
 import signal
 import subprocess
+import tempfile
 import unittest
 
 import programs
-from example_tool import PROGRAM, ToolTestCase, native_only
+from example_tool import PROGRAM, ToolTestCase, native_only, preloaded
 
 if not programs.ON_WINDOWS:
     import resource
@@ -47,17 +49,6 @@ SCREEN = (
     b"\n"
     b"\033[36mExample:\033[0m\n"
     b"  \033[34mhistogram\033[0m -c=2 -r=0:100 -b=20 measured.csv\n")
-
-NO_FILE = b"\n\033[31mFile missing, please insert the name of the file.\033[0m\n\n"
-
-SCREENS = [
-    (["-h", "data"], b""),
-    (["data", "--help", "-r=x"], b""),
-    (["-h"], NO_FILE),
-    ([], NO_FILE),
-    (["nowhere"], b"File nowhere doesn't exist. Please insert a valid file name.\n"),
-    (["-x", "data"], b"Invalid flag -x. List of valid flags: \n"),
-]
 
 # Options, the file, bins and their counts, the summary.
 PLOTS = [
@@ -102,57 +93,66 @@ PLOTS = [
 
 THREE_BINS = b"0:1 1 #\n1:2 0\n2:3 2 ##\n"
 
-REFUSED = [
-    (["-r=1", "data"], b"-r=1: not two numbers as in -r=0.5:12"),
-    (["-r=1:2:3", "data"], b"-r=1:2:3: not two numbers as in -r=0.5:12"),
+RANGE = b": not a range FROM:TO of numbers, the lower one first"
+COLUMNS = b": not whole numbers from 1 to 1000000 separated by \",\""
+
+REFUSED_OPTIONS = [
+    ([], b"FILE is missing"),
+    (["-r=1", "data"], b"-r=1" + RANGE),
+    (["-r=1:2:3", "data"], b"-r=1:2:3" + RANGE),
+    (["-r=5:1", "data"], b"-r=5:1" + RANGE),
+    (["--range=-1:-1.5", "data"], b"--range=-1:-1.5" + RANGE),
+    (["-r=", "data"], b"-r=" + RANGE),
+    (["-r=1:", "data"], b"-r=1:" + RANGE),
+    (["-r=1::2", "data"], b"-r=1::2" + RANGE),
+    (["-r=1:2x", "data"], b"-r=1:2x" + RANGE),
+    (["-r=a:b", "data"], b"-r=a:b" + RANGE),
+    (["-r=nan:1", "data"], b"-r=nan:1" + RANGE),
     (["-r=1:1.0", "data"], b"-r=1:1.0: the range is empty"),
     (["-r=0:-0", "data"], b"-r=0:-0: the range is empty"),
-    (["-r=5:1", "data"], b"-r=5:1: the range ends before it begins"),
-    (["--range=-1:-1.5", "data"], b"-r=-1:-1.5: the range ends before it begins"),
-    (["-r=", "data"], b"-r=: \"\" is not a number"),
-    (["-r=1:", "data"], b"-r=1:: \"\" is not a number"),
-    (["-r=1::2", "data"], b"-r=1::2: \"\" is not a number"),
-    (["-r=1:2x", "data"], b"-r=1:2x: \"2x\" is not a number"),
-    (["-r=a:b", "data"], b"-r=a:b: \"a\" is not a number"),
-    (["-r=nan:1", "data"], b"-r=nan:1: \"nan\" is not a number"),
-    (["-r=0:1e999", "data"], b"-r=0:1e999: \"1e999\" is not a number"),
-    (["-r=-1e308:1e308", "data"], b"the range -1e+308:1e+308 is too wide"),
-    (["-r=1:1.0000000000000002", "data"], b"the range 1:1.0000000000000002 is too narrow for 10 bins"),
+    (["-r=-1e308:1e308", "data"], b"-r=-1e308:1e308: the range -1e+308:1e+308 is too wide"),
+    (["-r=1:1.0000000000000002", "data"],
+     b"-r=1:1.0000000000000002: the range 1:1.0000000000000002 is too narrow for 10 bins"),
     (["-b=0", "data"], b"-b=0: not a whole number from 1 to 1000"),
     (["-b=1001", "data"], b"-b=1001: not a whole number from 1 to 1000"),
     (["-b=ten", "data"], b"-b=ten: not a whole number from 1 to 1000"),
     (["-e=1", "data"], b"-e=1: a list of 2 to 1001 edges is required"),
     (["-e=" + ":".join(str(i) for i in range(1002)), "data"],
-     b"-e=" + b":".join(str(i).encode() for i in range(1002)) + b": a list of 2 to 1001 edges is required"),
+     b"-e=" + b":".join(str(i).encode() for i in range(36)) + b"...: a list of 2 to 1001 edges is required"),
     (["-e=0:1:1", "data"], b"-e=0:1:1: each edge has to be greater than the one before"),
     (["-e=2:1", "data"], b"-e=2:1: each edge has to be greater than the one before"),
-    (["-e=0,1", "data"], b"-e=0,1: \"0,1\" is not a number"),
-    (["-e=0:x:1", "data"], b"-e=0:x:1: \"x\" is not a number"),
-    (["-e=0:1", "-b=2", "data"], b"-b and -e cannot be combined"),
-    (["-e=0:1", "-r=0:1", "data"], b"-r and -e cannot be combined"),
-    (["-c=0", "data"], b"-c=0: \"0\" is not a column number"),
-    (["-c=", "data"], b"-c=: \"\" is not a column number"),
-    (["-c=1,", "data"], b"-c=1,: \"\" is not a column number"),
-    (["-c=1:2", "data"], b"-c=1:2: \"1:2\" is not a column number"),
-    (["-c=-1", "data"], b"-c=-1: \"-1\" is not a column number"),
-    (["-c=1,1000001", "data"], b"-c=1,1000001: \"1000001\" is not a column number"),
-    (["-c=99999999999", "data"], b"-c=99999999999: \"99999999999\" is not a column number"),
-    (["-c", "data"], b"-c: this option needs a value after \"=\""),
-    (["--bens=5", "data"], b"--bens=5: no such option"),
-    (["-f=1", "data"], b"-f=1: this option takes no value"),
-    (["-o=t", "data"], b"-o=t: a name of one character needs its folder, as in ./t"),
+    (["-e=0,1", "data"], b"-e=0,1: not numbers separated by \":\""),
+    (["-e=0:x:1", "data"], b"-e=0:x:1: not numbers separated by \":\""),
+    (["-e=0:1", "-b=2", "data"], b"-b=2: cannot be combined with -e"),
+    (["-e=0:1", "-r=0:1", "data"], b"-r=0:1: cannot be combined with -e"),
+    (["-c=0", "data"], b"-c=0" + COLUMNS),
+    (["-c=", "data"], b"-c=" + COLUMNS),
+    (["-c=1,", "data"], b"-c=1," + COLUMNS),
+    (["-c=1:2", "data"], b"-c=1:2" + COLUMNS),
+    (["-c=-1", "data"], b"-c=-1" + COLUMNS),
+    (["-c=1,1000001", "data"], b"-c=1,1000001" + COLUMNS),
+    (["-c=99999999999", "data"], b"-c=99999999999" + COLUMNS),
+    (["-c", "data"], b"-c needs its value attached: -c=data"),
+    (["--bens=5", "data"], b"--bens: no such option; did you mean --bins?"),
+    (["-x", "data"], b"-x: no such option"),
+    (["-f=1", "data"], b"-f=1: -f takes no value"),
+    (["-o=sub", "data"], b"-o=sub: is a folder, not a file"),
+    (["data", "data"], b"\"data\": one argument too many"),
+]
+
+REFUSED = [
+    (["nowhere"], b"cannot read nowhere: No such file or directory"),
     (["-o=words", "data"], b"<here>/words exists already; -f overwrites it"),
     (["-o=data", "data"], b"<here>/data is an input too; choose another name"),
     (["-o=data", "-f", "data"], b"<here>/data is an input too; choose another name"),
-    (["-o=sub", "data"], b"<here>/sub is a directory"),
     (["-o=left", "-f", "data"], b"<here>/left.unfinished exists already; remove it unless another run is writing it"),
     (["-o=gone/table", "data"], b"cannot create <here>/gone/table: No such file or directory"),
-    (["data", "data"], b"only one file can be counted at a time, not 2"),
     (["*"], b"*: name the file, patterns are not expanded"),
     (["."], b". is a directory"),
     (["empty"], b"empty contains no number"),
     (["-e=0:1", "words"], b"words contains no number"),
     (["-r=0:1", "empty"], b"empty contains no number"),
+    (["infinite"], b"infinite contains no number"),
     (["-c=2", "data"], b"data contains no number in these columns"),
     (["-c=2", "-r=0:1", "-o=table", "data"], b"data contains no number in these columns"),
 ]
@@ -163,11 +163,17 @@ class HistogramTest(ToolTestCase):
         super().setUp()
         (self.folder / "sub").mkdir()
         for name, data in [("data", b"0\n2\n3\n"), ("words", b"no numbers\nbut NaN\n"), ("empty", b""),
+                           ("infinite", b"inf -inf"),
                            ("left.unfinished", b"half")]:
             self.write(name, data)
 
-    def test_library_screens(self):
-        self.check_screens(SCREENS, SCREEN)
+    def test_help(self):
+        self.check_help(SCREEN, ["-h", "data"], ["data", "--help", "-r=x"], ["-h"])
+
+    def test_options(self):
+        for arguments, problem in REFUSED_OPTIONS:
+            with self.subTest(arguments=arguments):
+                self.check_usage(problem, *arguments)
 
     def test_plots(self):
         for options, text, bins, summary in PLOTS:
@@ -223,6 +229,25 @@ class HistogramTest(ToolTestCase):
                            % (numbers, numbers * b"#", numbers, texts), "-e=0:9", "text")
 
 
+class ProgressTest(ToolTestCase):
+    @unittest.skipUnless("KELPLIB_QUICK_CLOCK" in os.environ, "this build cannot load quick_clock.c into the tool")
+    def test_both_passes_count(self):
+        # Two blocks of 65536 bytes, which the tool reads twice unless it knows the range. Every block is drawn.
+        self.write("data", 65536 * b"1 ")
+        shims = tempfile.TemporaryDirectory()
+        self.addCleanup(shims.cleanup)
+        shim = preloaded("KELPLIB_QUICK_CLOCK", shims.name, MSYSTEM="MINGW64")
+        for arguments, percentages in [(["data"], [b"25.0", b"50.0", b"75.0", b"100.0"]),
+                                       (["-r=0:2", "data"], [b"50.0", b"100.0"])]:
+            with self.subTest(arguments=arguments):
+                tool, reader = self.start_in_terminal(*arguments, env=shim)
+                drawn = b""
+                while b"counted:" not in drawn:
+                    drawn += os.read(reader, 4096)
+                self.assertEqual(percentages, re.findall(rb"counting +([0-9.]+)%", drawn))
+                self.assertEqual(0, tool.wait(timeout=60))
+
+
 @native_only
 class SystemErrorTest(ToolTestCase):
     def setUp(self):
@@ -244,7 +269,7 @@ class SystemErrorTest(ToolTestCase):
                            preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (10, 10)), restore_signals=False)
 
     def test_full_standard_output(self):
-        self.assertEqual((1, b"histogram: cannot write standard output: No space left on device\n"),
+        self.assertEqual((1, b"histogram: standard output cannot be written\n"),
                          self.tool_on_full_disk("data"))
 
     def test_reader_that_goes_away(self):

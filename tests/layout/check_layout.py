@@ -23,7 +23,7 @@ MOST_LINES = 200
 ROOMS = ("tool", "command_line", "convert", "path", "console", "util", "platform")
 PUBLIC_ONLY = ("examples/", "tests/examples/", "benchmarks/")
 SYSTEM_HEADERS = re.compile(r"<(windows\.h|direct\.h|io\.h|conio\.h|unistd\.h|fcntl\.h|time\.h|pthread\.h|sys/[^>]*)>")
-SYSTEM_SOURCES = re.compile(r"(src/platform|tests|benchmarks)/.*|examples/(?:common|flat_progress)/\w+_(posix|windows)\.(c|cpp)"
+SYSTEM_SOURCES = re.compile(r"(src/platform|tests|benchmarks)/.*|examples/flat_progress/\w+_(posix|windows)\.(c|cpp)"
                             r"|kit/src/(\w+/)*\w+_(posix|windows)\.cpp")
 SYSTEM_CHECKS = re.compile(r"^\s*#\s*(?:el)?if.*\b(_WIN32|_WIN64|__linux__|__unix__|__APPLE__|__MINGW\w*)\b", re.M)
 FORBIDDEN = re.compile(r"(?<![\w.>])(?:std::)?(sprintf|vsprintf|strcpy|strncpy|strcat|strncat|gets|strtok|system|scanf|"
