@@ -39,6 +39,14 @@ class Reference(unittest.TestCase):
                 with self.subTest(f"{page}: {heading}"):
                     self.assertIn(heading.replace("`", ""), shown)
 
+    def test_every_public_header_has_a_page(self):
+        headers = [path for folder in ("include/kelplib", "kit/include/kelpkit")
+                   for path in sorted((pathlib.Path(PROJECT) / folder).glob("*.h"))]
+        self.assertGreater(len(headers), 5)
+        for path in headers:
+            with self.subTest(path.name):
+                self.assertTrue((pathlib.Path(FOLDER) / f"{path.stem}_8h.html").exists())
+
     def test_comments_for_tests_are_removed(self):
         for page in PAGES:
             with self.subTest(page):

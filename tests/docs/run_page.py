@@ -12,7 +12,8 @@ CXXFLAGS and CFLAGS set the compilers and their options.
 The blocks of a page are used in order:
 - console: lines "$ command", each with its output below. Every command must succeed. Colours are removed; the command itself
   must make other control characters visible.
-- any other block below "`name`:" is that file. C and C++ files are compiled to a program of the same name.
+- any other block below "`name`:" is that file. C and C++ files are compiled to a program of the same name, linked with the
+  library and the kit.
 - a part of a program: a hidden comment above it, "around name.cpp", contains the rest, with @@ in place of the block.
 - a block that is not run: a hidden comment above it contains "not run: " and the reason.
 """
@@ -71,7 +72,7 @@ class Home:
         compiler, flags, standard = COMPILERS[path.suffix]
         output, status = self.run([
             self.environment[compiler], *shlex.split(self.environment.get(flags, "")), standard, *WARNINGS,
-            f"-I{self.prefix}/include", name, "-o", path.stem, f"-L{self.library}", "-lkelplib"])
+            f"-I{self.prefix}/include", name, "-o", path.stem, f"-L{self.library}", "-lkelpkit", "-lkelplib"])
         return output if status else ""
 
 
