@@ -135,7 +135,7 @@ class Comparison(unittest.TestCase):
             ("bar", "outside ASCII: 0", "outside ASCII: 1"), ("bar", "$ flat", "$ ./flat"),
             ("bar", "archive.base64 ", "archive.base64: "), ("face", "remaining", "left"), ("face", "spent: ", "spent:"),
             ("face", "cutting", "Cutting"), ("face", "/  * *", "/  o o"), ("face", "---", "-_-"), ("face", "_ _", "- -"),
-            ("face", "> \\   / <", ">       <"), ("face", "fragments: 10000", "fragments: 9999"),
+            ("face", "> \\   / <", ">       <"), ("face", "fragments: 1000", "fragments: 999"),
             ("face", "   >   _   <", "   >       <"), ("face", "\x1b[6A", "\x1b[5A"), ("face", " secs", " sec"),
         ], True)
 
