@@ -34,7 +34,8 @@ bool isAnswered(const Tool& tool, std::string_view word) {
            (equalIgnoringCase(word, versionForm) || (option != nullptr && equalIgnoringCase(word, option->shortForm)));
 }
 
-/// Whether an option exists, with a value where one is expected. Null stands for no such option.
+/// Returns whether the option exists and the flag has a value exactly if the option takes one. `option` is null if no option has
+/// this name.
 bool fits(const Option* option, std::string_view flag) {
     return option != nullptr && option->takesValue.value_or(hasValue(flag)) == hasValue(flag);
 }

@@ -221,7 +221,7 @@ class CommandLines(unittest.TestCase):
 
     @unittest.skipIf(programs.ON_WINDOWS, "no such terminal there")
     def test_terminal(self):
-        # What stands in the row already, such as a prompt, is not overwritten.
+        # The tool does not overwrite text that the row contains already, such as a prompt.
         for tokens, written in ((["a"], b"[a]\r\n"), (["--version"], b"reader 1.2.3\r\n"), (["-x"], b"")):
             with self.subTest(tokens=tokens):
                 _, output, _ = pty_output.written_to_terminal([TOOL, *tokens], 80, 24, stderr=subprocess.PIPE)

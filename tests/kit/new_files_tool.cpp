@@ -14,7 +14,7 @@
 //     new_files_tool wait NAME TEXT                              as "both", and then waits for a signal
 //     new_files_tool raise NAME TEXT                             raises SIGTERM before it writes the text
 //
-// The text "@N" stands for N times "x". Errors go to standard error; the exit status is 1 then.
+// The tool writes the text "@N" as N times "x". After an error it prints a message on standard error and ends with status 1.
 
 #include <kelpkit/Files.h>
 #include <kelpkit/Interruption.h>

@@ -33,7 +33,7 @@ public:
 ///     --num=3, --nubmer=3   refused: "--num: no such option; did you mean --number?"
 ///     -l=yes, -lv           refused: "-l=yes: -l takes no value", "-lv: one option at a time: -l -v"
 ///     -n=1 -n=2             refused: "-n is given twice: -n=1, -n=2"
-///     --, -                 refused: nothing ends the options, and nothing stands for standard input
+///     --, -                 refused: no token ends the options or means standard input
 ///     -5, -x.txt            refused unless it is an option; the file of this name is given as ./-5
 ///
 /// Messages show a token of more than 100 bytes cut.
