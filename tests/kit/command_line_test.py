@@ -282,7 +282,9 @@ class CommandLines(unittest.TestCase):
             self.skipTest("wine sets the program path")
         for path in ("C:\\ab", ""):
             with self.subTest(path=path):
-                done = subprocess.run([path, "-h"], executable=TOOL, capture_output=True, timeout=60, check=False)
+                # Without a new session, Python 3.13 calls posix_spawn, and refuses an empty path.
+                done = subprocess.run([path, "-h"], executable=TOOL, capture_output=True, timeout=60, check=False,
+                                      start_new_session=True)
                 name = "reader" if path else ""
                 self.assertEqual((done.returncode, done.stderr), (0, b""))
                 self.assertTrue(done.stdout.decode().startswith(HELP.replace("NAME", name)), done.stdout)

@@ -3,6 +3,7 @@ each of the calls that create, write, rename or remove a file; see at_file_step.
 
 import errno
 import os
+import shlex
 import subprocess
 import tempfile
 import unittest
@@ -219,7 +220,8 @@ class StepsTest(FilesTestCase):
                 with self.subTest(options=options, step=step):
                     self.start_with(files)
                     words = " ".join(f"{name} 'other {name}'" for name in NAMES)
-                    second = f"'{PROGRAM}' many {' '.join(options)} {words} 2>{self.scratch}/errors; echo $? >{self.scratch}/status"
+                    second = (f"{shlex.quote(PROGRAM)} many {' '.join(options)} {words} 2>{self.scratch}/errors; "
+                              f"echo $? >{self.scratch}/status")
                     status, errors = self.at(step, second, *options)
                     with open(self.scratch + "/status", encoding="ascii") as other:
                         results = (status, int(other.read()))
