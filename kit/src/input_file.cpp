@@ -9,16 +9,32 @@
 
 namespace Kelpkit {
 
+namespace {
+
+/// Repeats a call that a signal has interrupted, unless the signal asks the tool to end.
+template <class Call>
+auto uninterrupted(const std::string& fileName, Call call) {
+    while (true) {
+        checkInterruption();
+        const auto result = call();
+        if (result != -1) {
+            return result;
+        }
+        if (errno != EINTR) {
+            failOnStream("cannot read " + fileName);
+        }
+    }
+}
+
+}  // namespace
+
 /// Reads with calls of the system, which end when a signal arrives. The file buffer of libstdc++ repeats them, and that of libc++
 /// (seen with 14) reports a failed read as the end of the file.
 class InputBuffer : public std::streambuf {
 public:
     InputBuffer(const std::string& fileName, bool isBinary) : name(fileName) {
         requireNoFolder(name);
-        descriptor = openToRead(pathOf(name), isBinary);
-        if (descriptor == closed) {
-            failOnStream("cannot read " + name);
-        }
+        descriptor = uninterrupted(name, [&] { return openToRead(pathOf(name), isBinary); });
     }
     ~InputBuffer() override {
         close();
@@ -30,7 +46,9 @@ public:
 
 protected:
     int_type underflow() override {
-        const std::ptrdiff_t count = descriptor == closed ? 0 : read();
+        const std::ptrdiff_t count =
+            descriptor == closed ? 0
+                                 : uninterrupted(name, [&] { return readSome(descriptor, area.data(), area.size()); });
         if (count == 0) {
             close();
             return traits_type::eof();
@@ -42,19 +60,6 @@ protected:
 private:
     static constexpr int closed = -1;
 
-    std::ptrdiff_t read() {
-        while (true) {
-            checkInterruption();
-            const std::ptrdiff_t count = readSome(descriptor, area.data(), area.size());
-            if (count != -1) {
-                return count;
-            }
-            if (errno != EINTR) {
-                failOnStream("cannot read " + name);
-            }
-        }
-    }
-
     void close() {
         if (descriptor != closed) {
             closeRead(descriptor);
@@ -63,7 +68,7 @@ private:
     }
 
     std::string name;
-    int descriptor;
+    int descriptor = closed;
     std::array<char, 65536> area;
 };
 

@@ -62,7 +62,10 @@ int openNew(const std::filesystem::path& path) {
     const int moved = fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
     const int reason = errno;
     ::close(descriptor);
-    errno = reason;
+    if (moved == -1) {
+        unlink(path.c_str());
+        errno = reason;
+    }
     return moved;
 }
 

@@ -334,6 +334,14 @@ class FailureTest(FilesTestCase):
             self.assertEqual(0 if closed == "2>&-" else 1, done.returncode, closed)
             self.assertEqual({"a": b""} if closed == "2>&-" else {}, self.contents(), closed)
 
+        def take_all_descriptors():
+            os.close(0)
+            resource.setrlimit(resource.RLIMIT_NOFILE, (3, 3))
+        self.start_with({})
+        done = subprocess.run([PROGRAM, "one", "a", "text"], cwd=self.folder, stderr=subprocess.PIPE,
+                              preexec_fn=take_all_descriptors, timeout=60, check=False)
+        self.assertEqual((1, b"cannot create a: Invalid argument\n", {}), (done.returncode, done.stderr, self.contents()))
+
 
 @native_only
 class SignalTest(FilesTestCase):
@@ -378,22 +386,28 @@ class SignalTest(FilesTestCase):
         tool.send_signal(signal.SIGTERM)
         self.check_ended(tool, signal.SIGTERM)
 
+    def disturb(self, tool):
+        """Sends a waiting tool a signal that asks for no end: the kit handles it, so that a write fails instead."""
+        stat_file = pathlib.Path(f"/proc/{tool.pid}/stat")
+        while stat_file.read_text().rpartition(")")[2].split()[0] != "S":
+            self.assertIsNone(tool.poll())
+        tool.send_signal(signal.SIGXFSZ)
+        # A call that can go on when the signal arrives is not cut short.
+        status_file = pathlib.Path(f"/proc/{tool.pid}/status")
+        while status_file.read_text().split("ShdPnd:")[1].split()[0].strip("0"):
+            time.sleep(0.001)
+
     def test_input_that_goes_on_after_a_signal(self):
         os.mkfifo(self.folder / "pipe")
         tool = self.start("lines", "a", "pipe")
-        with open(self.folder / "pipe", "wb", buffering=0) as writer:
+        while not (self.folder / "a.unfinished").exists():
+            self.assertIsNone(tool.poll())
+        self.disturb(tool)
+        with open(self.folder / "pipe", "r+b", buffering=0) as writer:
             writer.write(b"one\n")
             while struct.unpack("i", fcntl.ioctl(writer, termios.FIONREAD, bytes(4)))[0] > 0:
-                time.sleep(0.001)
-            stat_file = pathlib.Path(f"/proc/{tool.pid}/stat")
-            while stat_file.read_text().rpartition(")")[2].split()[0] != "S":
-                time.sleep(0.001)
-            # The kit handles it, so that a write fails instead. It asks for no end.
-            tool.send_signal(signal.SIGXFSZ)
-            # A read that finds bytes when the signal arrives is not cut short.
-            status_file = pathlib.Path(f"/proc/{tool.pid}/status")
-            while status_file.read_text().split("ShdPnd:")[1].split()[0].strip("0"):
-                time.sleep(0.001)
+                self.assertIsNone(tool.poll())
+            self.disturb(tool)
             writer.write(b"two\n")
         self.assertEqual(0, tool.wait(60))
         self.assertEqual(b"1 one\n2 two\n", (self.folder / "a").read_bytes())
