@@ -15,6 +15,7 @@ import shutil
 import subprocess
 import sys
 import tempfile
+import termios
 import time
 
 import programs
@@ -104,6 +105,9 @@ class Terminal:
 
     def type(self, text):
         """Types a text into the terminal."""
+        if programs.ON_WINDOWS:
+            # Under wine (seen with 8.0) output may come before its console reads the keys. Until then the terminal makes LF of CR.
+            self.wait_for(self._passes_keys_on, "console that reads the keys")
         self._tmux("send-keys", "-l", text)
 
     def resize(self, columns, rows):
@@ -139,6 +143,13 @@ class Terminal:
                 return False
             time.sleep(LOOK_AGAIN_SECONDS)
         return True
+
+    def _passes_keys_on(self):
+        tty = os.open(self._ask("#{pane_tty}"), os.O_RDONLY | os.O_NOCTTY)
+        try:
+            return not termios.tcgetattr(tty)[3] & termios.ICANON
+        finally:
+            os.close(tty)
 
     def _ask(self, question):
         return self._tmux("display-message", "-p", question).rstrip("\n")
