@@ -6,9 +6,9 @@ namespace Kelpkit {
 /// \file
 /// Signals that ask the process to end. Each system has its own implementation.
 
-/// Has noteSignal() called for each signal that asks the process to end and so far does so, and forceEnd() for each but SIGPIPE that
-/// follows. After the first one, forceEnd() is called after two seconds, and every second from then on, unless the tool uses
-/// SIGALRM; not on Windows. To be called once.
+/// Has noteSignal() called for each signal that asks the process to end and still has its default action, and forceEnd() for each
+/// but SIGPIPE that follows. After the first one, forceEnd() is called after two seconds, and every second from then on, unless the
+/// tool uses SIGALRM; not on Windows. To be called once.
 void onEndingSignals();
 
 /// Sets what forceEnd() calls first. It returns whether the process may be ended. Only a tool that writes files contains the code

@@ -28,8 +28,12 @@ bool hasToken(int argc, char** argv, std::initializer_list<std::string_view> for
     return false;
 }
 
-/// Whether the library finds the name of the tool in the program path. It throws for paths such as C:\ab.
+/// Whether the library finds the name of the tool in the program path. It throws for paths such as C:\ab, and takes a path that
+/// begins with "-" for a flag.
 bool hasName(std::string path) {
+    if (!path.empty() && path.front() == '-') {
+        return false;
+    }
     std::array<char*, 1> argv{path.data()};
     try {
         static_cast<void>(CommandLineTool(1, argv.data(), "").getToolName());
@@ -42,18 +46,8 @@ bool hasName(std::string path) {
 }  // namespace
 
 std::string usageOf(const Definition& definition) {
-    if (!definition.usage.empty() || definition.optionalArguments == 0) {
-        return definition.usage;
-    }
-    std::string usage = "[OPTIONS]";
-    const std::size_t count = definition.arguments.size();
-    const std::size_t required = count - std::min(definition.optionalArguments, count);
-    for (std::size_t i = 0; i < count; ++i) {
-        const Kelp::Argument& argument = definition.arguments[i];
-        const std::string name = argument.name + (argument.repeated ? "..." : "");
-        usage += i < required ? " " + name : " [" + name + "]";
-    }
-    return usage;
+    const bool isMade = definition.usage.empty() && definition.optionalArguments > 0;
+    return isMade ? usageFrom(definition.arguments, definition.optionalArguments) : definition.usage;
 }
 
 bool asksForHelp(int argc, char** argv) {

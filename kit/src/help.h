@@ -3,7 +3,21 @@
 
 #include <kelpkit/Definition.h>
 
+#include <algorithm>
+
 namespace Kelpkit {
+
+/// Returns a usage line made from the arguments, the last `optional` of which may be missing: "[OPTIONS] FIRST [OTHER...]".
+template <class Argument>
+std::string usageFrom(const std::vector<Argument>& arguments, std::size_t optional) {
+    std::string usage = "[OPTIONS]";
+    const std::size_t required = arguments.size() - std::min(optional, arguments.size());
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string name = arguments[i].name + (arguments[i].repeated ? "..." : "");
+        usage += i < required ? " " + name : " [" + name + "]";
+    }
+    return usage;
+}
 
 /// Whether a token asks for the help screen: "-h", "--help", "/h", "/help" or "/?", in any letter case.
 bool asksForHelp(int argc, char** argv);

@@ -16,8 +16,9 @@ void OutputBuffer::publish(bool streamIsGood) {
     if (!streamIsGood) {
         // Copying from another stream buffer turns exceptions into a failed state.
         checkInterruption();
-        throw std::runtime_error("cannot write " + name() +
-                                 ": part of the output was dropped by a stream in a failed state");
+        throw std::runtime_error(
+            "cannot write " + name() +
+            ": an input could not be read or was empty, or the output stream was in a failed state");
     }
     complete();
     published = true;
@@ -40,6 +41,12 @@ FileBuffer::int_type FileBuffer::overflow(int_type character) {
         sputc(traits_type::to_char_type(character));
     }
     return traits_type::not_eof(character);
+}
+
+std::streamsize FileBuffer::xsputn(const char* data, std::streamsize count) {
+    // A tool that writes little at a time notices a signal before the buffer is full.
+    checkInterruption();
+    return std::streambuf::xsputn(data, count);
 }
 
 int FileBuffer::sync() {

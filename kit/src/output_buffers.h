@@ -36,6 +36,7 @@ public:
 
 protected:
     int_type overflow(int_type character) override;
+    std::streamsize xsputn(const char* data, std::streamsize count) override;
     int sync() override;
     const std::string& name() const override;
     void requireIntact() const override;

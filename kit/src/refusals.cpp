@@ -108,7 +108,7 @@ void refuseUnknown(const std::string& token, const Definition& definition) {
         throw UsageError("-: no such option; a file of this name is given as ./-");
     }
     if (token == "--") {
-        throw UsageError("--: nothing ends the options; a name that begins with \"-\" is given as ./-NAME");
+        throw UsageError("--: no such option; a name that begins with \"-\" is given as ./-NAME");
     }
     if (form.size() < token.size() && isAnswered(form, definition)) {
         refuseValueOfSwitch(token);

@@ -67,6 +67,15 @@ bool mentions(const std::string& usage, const std::string& name) {
     return false;
 }
 
+/// Returns a usage line without the options that have a value, which do not name arguments.
+std::string withoutValues(const std::string& usage) {
+    std::string rest;
+    for (const std::string& word : usageWords(usage)) {
+        rest += hasValue(word) ? " " : word + " ";
+    }
+    return rest;
+}
+
 std::string withoutDots(std::string word) {
     const std::size_t end = word.find("...");
     return end == std::string::npos ? word : word.substr(0, end);
@@ -112,7 +121,7 @@ void checkUsage(const Tool& tool, std::vector<Finding>& findings) {
         }
     }
     for (const Argument& argument : tool.arguments) {
-        if (!mentions(tool.usage, argument.name)) {
+        if (!mentions(withoutValues(tool.usage), argument.name)) {
             findings.push_back({Id::usageNames, argument.name});
         }
     }

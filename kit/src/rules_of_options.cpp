@@ -53,12 +53,18 @@ void checkForms(const Option& option, std::vector<Finding>& findings) {
     }
 }
 
+/// Whether run() answers the option with the version.
+bool showsVersion(const Tool& tool, const Option& option) {
+    return !tool.version.empty() && !option.takesValue.value_or(true) && equalIgnoringCase(option.shortForm, "-v") &&
+           equalIgnoringCase(option.longForm, "--version");
+}
+
 /// Checks the letters that have a fixed meaning.
-void checkMeaning(const Option& option, std::vector<Finding>& findings) {
+void checkMeaning(const Tool& tool, const Option& option, std::vector<Finding>& findings) {
     if (takes(option, "-h", "--help")) {
         findings.push_back({Id::helpTaken, nameOf(option)});
     }
-    if (takes(option, "-v", "--verbose")) {
+    if (takes(option, "-v", "--verbose") && !showsVersion(tool, option)) {
         findings.push_back({Id::verboseTaken, nameOf(option)});
     }
     if (isOtherOutput(option)) {
@@ -84,7 +90,7 @@ void checkOptions(const Tool& tool, std::vector<Finding>& findings) {
             }
             taken = true;
         }
-        checkMeaning(option, findings);
+        checkMeaning(tool, option, findings);
     }
     if (!letterTaken[static_cast<unsigned char>('h')]) {
         findings.push_back({Id::noHelp, ""});

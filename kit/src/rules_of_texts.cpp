@@ -2,6 +2,7 @@
 #include <set>
 
 #include "ascii_case.h"
+#include "help.h"
 #include "rules.h"
 
 namespace Kelpkit::rules {
@@ -58,18 +59,6 @@ void checkEntry(const std::string& before, const std::string& text, const std::s
     checkLine(before, text, subject, findings);
 }
 
-/// Returns the usage line without the tool's name, as the help screen shows it.
-std::string usageOf(const Tool& tool) {
-    std::string usage = tool.usage;
-    if (usage.empty()) {
-        usage = "[OPTIONS]";
-        for (const Argument& argument : tool.arguments) {
-            usage += " " + argument.name + (argument.repeated ? "..." : "");
-        }
-    }
-    return usage;
-}
-
 }  // namespace
 
 bool isWordCharacter(char character) {
@@ -107,7 +96,7 @@ void checkTexts(const Tool& tool, std::vector<Finding>& findings) {
     }
     const std::string margin = "  " + tool.name + " ";
     checkLine(margin, tool.example, "example", findings);
-    const std::string usage = usageOf(tool);
+    const std::string usage = tool.usage.empty() ? usageFrom(tool.arguments, tool.optionalArguments) : tool.usage;
     // The names in a usage line of the library's have a rule of their own.
     if (!tool.usage.empty() || isPrintable(usage)) {
         checkLine(margin, usage, "usage", findings);

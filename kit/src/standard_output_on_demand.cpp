@@ -2,6 +2,8 @@
 // checked that std::cout can be declared without it.
 #include "standard_output.h"
 
+#include <cstring>
+
 namespace std {
 extern ostream cout;
 }  // namespace std
@@ -14,8 +16,10 @@ std::ostream& standardOutput() {
 }
 
 bool flushStandardOutput() {
-    // While it is synchronised with the C library, std::cout holds nothing back and need not be initialised. "true" changes nothing.
-    return std::ios_base::sync_with_stdio(true) || !std::cout.flush().fail();
+    // A tool that does not use std::cout does not initialise it, so its table of virtual functions is null.
+    const void* table = nullptr;
+    std::memcpy(&table, static_cast<const void*>(&std::cout), sizeof table);
+    return table == nullptr || !std::cout.flush().fail();
 }
 
 }  // namespace Kelpkit

@@ -42,17 +42,16 @@ mode_t permissionsOfNewFiles() {
 }
 
 std::error_code synchroniseDescriptor(int descriptor) {
-    const bool failed = uninterrupted([&] { return fsync(descriptor); }) != 0;
     // EINVAL: this kind of file is not synchronised.
-    return failed && errno != EINVAL ? lastError() : std::error_code();
+    return uninterrupted([&] { return fsync(descriptor); }) != 0 && errno != EINVAL ? lastError() : std::error_code();
 }
 
-/// Returns whether the file has an access control list. Its group permissions are then the most that the list gives to anybody.
+/// Returns whether the file has an access control list. Its group permissions are then the most that the list grants.
 bool hasAccessList(const std::filesystem::path& path) {
     return getxattr(path.c_str(), "system.posix_acl_access", nullptr, 0) != -1;
 }
 
-/// Creates a file and opens it as none of the standard streams, even if one of them is closed: its text must not end up here.
+/// Creates a file, never as one of the standard streams, even if one of them is closed: its text must not end up here.
 int openNew(const std::filesystem::path& path) {
     const int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
     const int descriptor = uninterrupted([&] { return open(path.c_str(), flags, S_IRUSR | S_IWUSR); });
@@ -61,11 +60,11 @@ int openNew(const std::filesystem::path& path) {
     }
     const int moved = fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
     const int reason = errno;
-    ::close(descriptor);
     if (moved == -1) {
         unlink(path.c_str());
-        errno = reason;
     }
+    ::close(descriptor);
+    errno = reason;
     return moved;
 }
 

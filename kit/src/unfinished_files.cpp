@@ -42,7 +42,7 @@ UnfinishedFiles::~UnfinishedFiles() {
             takeBack();
         }
     } catch (const std::exception&) {
-        // There is no memory for the names, so the unfinished files stay under their telling names.
+        // There is no memory for the names, so the unfinished files stay under names that say what they are.
     }
 }
 

@@ -13,7 +13,7 @@ The blocks of a page are used in order:
 - console: lines "$ command", each with its output below. Every command must succeed. Colours are removed; the command itself
   must make other control characters visible.
 - any other block below "`name`:" is that file. C and C++ files are compiled to a program of the same name, linked with the
-  library and the kit.
+  library and the kit. A program of the same name in the folder examples has to have the same text.
 - a part of a program: a hidden comment above it, "around name.cpp", contains the rest, with @@ in place of the block.
 - a block that is not run: a hidden comment above it contains "not run: " and the reason.
 """
@@ -47,6 +47,7 @@ class Home:
         self.work = self.folder / "work"
         self.work.mkdir()
         shutil.copy(project / "LICENSE", self.work)
+        self.examples = project / "examples"
         self.prefix = self.folder / ".local"
         subprocess.run(["cmake", "--install", build, "--prefix", self.prefix], check=True, stdout=subprocess.DEVNULL)
         self.library = next(self.prefix.rglob("libkelplib.so")).parent
@@ -64,11 +65,14 @@ class Home:
         return COLOUR.sub("", output).replace(str(self.folder), SHOWN_HOME), done.returncode
 
     def add(self, name, text):
-        """Writes a file and compiles it if it is a program. Returns the compiler's errors."""
+        """Writes a file and compiles it if it is a program. Returns the compiler's errors, or that an example differs."""
         path = self.work / name
         path.write_text(text, encoding="utf-8")
         if path.suffix not in COMPILERS:
             return ""
+        example = self.examples / name
+        if example.exists() and example.read_text(encoding="utf-8") != text:
+            return f"differs from examples/{name}"
         compiler, flags, standard = COMPILERS[path.suffix]
         output, status = self.run([
             self.environment[compiler], *shlex.split(self.environment.get(flags, "")), standard, *WARNINGS,

@@ -109,7 +109,7 @@ inline Reasons unknown(const std::string& token) {
         return {"-: no such option; a file of this name is given as ./-"};
     }
     if (token == "--") {
-        return {"--: nothing ends the options; a name that begins with \"-\" is given as ./-NAME"};
+        return {"--: no such option; a name that begins with \"-\" is given as ./-NAME"};
     }
     if (form != token && (plainLower(form) == "--help" || plainLower(form) == "-h")) {
         return {shown(token) + ": " + form + " takes no value"};

@@ -75,8 +75,8 @@ REFUSED = [
     (["---number=5", "a"], "---number: no such option; did you mean --number?"),
     (["--number =5", "a"], "--number : no such option; did you mean --number?"),
     (["-", "a"], "-: no such option; a file of this name is given as ./-"),
-    (["--", "a"], "--: nothing ends the options; a name that begins with \"-\" is given as ./-NAME"),
-    (["a", "--", "-l"], "--: nothing ends the options; a name that begins with \"-\" is given as ./-NAME"),
+    (["--", "a"], "--: no such option; a name that begins with \"-\" is given as ./-NAME"),
+    (["a", "--", "-l"], "--: no such option; a name that begins with \"-\" is given as ./-NAME"),
     # Values and switches
     (["-n", "3", "a"], "-n needs its value attached: -n=3"),
     (["--number", "3", "a"], "--number needs its value attached: --number=3"),
@@ -212,6 +212,9 @@ class CommandLines(unittest.TestCase):
         # A line of this length takes no memory with libc++.
         self.assertIn((status, output, errors), [(1, "", "out of memory\n"), (1, "", "reader: out of memory\n")])
 
+    def test_standard_output_that_drops_text(self):
+        self.assertEqual(self.run_tool("-f=dropped", "a"), (1, "", "reader: standard output cannot be written\n"))
+
     @unittest.skipIf(programs.ON_WINDOWS, "no such device there")
     def test_exceptions_of_standard_output(self):
         with open("/dev/full", "wb") as full:
@@ -280,7 +283,7 @@ class CommandLines(unittest.TestCase):
     def test_help_without_a_name(self):
         if programs.ON_WINDOWS:
             self.skipTest("wine sets the program path")
-        for path in ("C:\\ab", ""):
+        for path in ("C:\\ab", "-tool", ""):
             with self.subTest(path=path):
                 # Without a new session, Python 3.13 calls posix_spawn, and refuses an empty path.
                 done = subprocess.run([path, "-h"], executable=TOOL, capture_output=True, timeout=60, check=False,

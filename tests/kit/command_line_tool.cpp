@@ -73,6 +73,9 @@ void fail(const std::string& kind) {
         std::cout.exceptions(std::ios::badbit | std::ios::failbit);
         std::cout << "lost";
     }
+    if (kind == "dropped") {
+        std::cout.setstate(std::ios::failbit);
+    }
     if (kind == "range") {
         throw std::out_of_range("no such element");
     }

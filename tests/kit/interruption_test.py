@@ -57,6 +57,13 @@ class Interruptions(unittest.TestCase):
                 tool.send_signal(signal.SIGTERM)
                 self.check_ended(tool, signal.SIGTERM)
 
+    def test_writing_little(self):
+        tool = self.start_writing("write", "input")
+        tool.send_signal(signal.SIGTERM)
+        self.check_ended(tool, signal.SIGTERM)
+        # In order, not by force.
+        self.assertEqual(tool.stderr.read(), b"interruption_tool: interrupted\n")
+
     def test_without_an_output_file(self):
         tool = self.start("wait", "input")
         self.assertEqual(tool.stdout.readline(), b"ready\n")

@@ -3,10 +3,11 @@
 //     interruption_tool read FILE     writes a file and waits for the input
 //     interruption_tool compute FILE   writes a file and computes
 //     interruption_tool thread FILE   writes a file, and a thread waits for the reader of standard output
+//     interruption_tool write FILE    writes a file, a little at a time
 //     interruption_tool wait FILE     notes signals and waits for the input without an output file
 //     interruption_tool count FILE    counts the lines of standard input
 //
-// The first three write the file "result". They and the fourth print "ready".
+// The first four write the file "result". They and the fifth print "ready".
 
 #include <kelpkit/Tool.h>
 
@@ -34,6 +35,13 @@ void compute() {
 void waitForThread() {
     std::thread writer([] { std::cout << std::string(1'000'000, 'x') << std::flush; });
     writer.join();
+}
+
+void writeLittle(std::ostream& output) {
+    while (true) {
+        output << "a little";
+        std::this_thread::sleep_for(1ms);
+    }
 }
 
 int countLines() {
@@ -66,6 +74,8 @@ int work(Kelpkit::CommandLine& line) {
         readFile(line.arguments().back());
     } else if (how == "compute") {
         compute();
+    } else if (how == "write") {
+        writeLittle(output.stream());
     } else {
         waitForThread();
     }

@@ -96,7 +96,7 @@ class OutputTest(FilesTestCase):
 
     def test_copy_of_an_empty_input(self):
         self.write("in", b"")
-        self.assertEqual((1, b"", b"cannot write out: part of the output was dropped by a stream in a failed state\n"),
+        self.assertEqual((1, b"", b"cannot write out: an input could not be read or was empty, or the output stream was in a failed state\n"),
                          self.tool("copy", "out", "in"))
 
     def test_lines_of_an_input(self):

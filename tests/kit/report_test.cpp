@@ -76,6 +76,10 @@ Change both(const Change& first, const Change& second) {
     };
 }
 
+void oneOptionalArgument(Definition& tool) {
+    tool.optionalArguments = 1;
+}
+
 const std::string sameLetter =
     ": an earlier option has this letter, so this one cannot be used; choose another letter\n";
 const std::string shortForm =
@@ -181,6 +185,11 @@ const Case optionCases[] = {
      ""},
 
     {"verbose-taken", option("-v", "--version"), "warning verbose-taken -v" + verboseTaken},
+    {"verbose-taken", both(option("-V", "--version"), set(&Definition::version, "1.0")), ""},
+    {"verbose-taken", both(option("-V", "--versions"), set(&Definition::version, "1.0")),
+     "warning verbose-taken -V" + verboseTaken},
+    {"verbose-taken", both(option("-v", "--version", takesValue), set(&Definition::version, "1.0")),
+     "warning verbose-taken -v" + verboseTaken},
     {"verbose-taken", option("-v", "--verbose", takesValue), "warning verbose-taken -v" + verboseTaken},
     {"verbose-taken", option("-v", "--verbose"), ""},
     {"verbose-taken", option("-V", "--Verbose"), ""},
@@ -225,6 +234,8 @@ const Case lineCases[] = {
     {"usage-names", both(set(&Definition::usage, "[--version] FILE"), set(&Definition::version, "1.0")), ""},
     {"usage-names", set(&Definition::usage, "[-h|--help|-Q|{--QUIET}]... (-n=1|2|-3) -o=O... - FILE..."), ""},
     {"usage-names", set(&Definition::usage, "[OPTIONS] FILE"), ""},
+    {"usage-names", set(&Definition::usage, "[-n=FILE]"), "warning usage-names FILE" + usageNames},
+    {"usage-names", set(&Definition::usage, "[-n=FILE] FILE"), ""},
     {"usage-names", set(&Definition::usage, "PROFILE FILES"), "warning usage-names FILE" + usageNames},
     {"usage-names", set(&Definition::usage, "FILES... <FILE>"), ""},
     {"usage-names",
@@ -355,6 +366,8 @@ const Case textCases[] = {
     {"too-long", argument(std::string(51, 'x')), ""},
     {"too-long", argument(std::string(49, 'x'), true), "note too-long usage" + tooLong},
     {"too-long", argument(std::string(48, 'x'), true), ""},
+    {"too-long", both(argument(std::string(50, 'x')), oneOptionalArgument), "note too-long usage" + tooLong},
+    {"too-long", both(argument(std::string(49, 'x')), oneOptionalArgument), ""},
     {"too-long", set(&Definition::banner, std::string(80, 'x')), "note too-long banner" + tooLong},
     {"too-long", set(&Definition::version, std::string(69, 'x')), "note too-long version" + tooLong},
     {"too-long", set(&Definition::version, std::string(68, 'x')), ""},

@@ -99,7 +99,7 @@ struct FileIdentity {
 /// access is denied. Throws nothing.
 std::optional<FileIdentity> identityOfTarget(const std::filesystem::path& path);
 
-/// Throws "WHAT: REASON", with the system's reason in English.
+/// Throws "WHAT: REASON", with the system's reason, in English unless the tool sets a locale.
 [[noreturn]] void fail(const std::string& what, std::error_code reason);
 
 /// The same for a stream or a call of the C library that has just failed: the reason is in errno, which has to be set to 0 before

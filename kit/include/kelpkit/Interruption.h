@@ -17,10 +17,10 @@ struct Interruption {
 /// Signals that are ignored or have a handler of their own keep it. Further calls do nothing. The kit calls this before it creates
 /// a file.
 ///
-/// A write that blocks ends within a second after the noted signal. A tool that has not ended after two seconds, for example because
-/// it waits for input, or that gets a second signal, is ended by force as soon as no file is being published: its unfinished files
-/// are removed, but no object is destroyed and nothing is printed. This needs SIGALRM, whose meaning changes once a signal is noted;
-/// if the tool handles or ignores SIGALRM, and on Windows, only a second signal has this effect.
+/// A write that blocks ends within a second after the noted signal. A tool that has not ended after two seconds, for example
+/// because it waits for input, or that gets a second signal, is ended by force as soon as no file is being published: its
+/// unfinished files are removed, but no object is destroyed and nothing is printed. This needs SIGALRM, whose meaning changes once
+/// a signal is noted; if the tool handles or ignores SIGALRM, and on Windows, only a second signal has this effect.
 ///
 /// Call this before starting threads. One copy of the kit in a process can note signals.
 void noteInterruptions();

@@ -4,7 +4,7 @@
 /// \file
 /// Output files that appear whole or not at all.
 ///
-/// Until publish() a file is called NAME.unfinished and lies in the folder of NAME. While it is written, only its owner may read
+/// Until publish() a file is called NAME.unfinished and is in the same folder as NAME. While it is written, only its owner may read
 /// it. While publish() overwrites an old file, the old one is called NAME.replaced until all new files have their names, and
 /// for a moment no file is called NAME. An object that is destroyed before publish(), as by an exception, removes its unfinished
 /// files and changes nothing else. A process that is killed, or ends by std::exit(), which destroys no objects, leaves files with
@@ -94,18 +94,19 @@ public:
     NewFile(NewFile&&) = delete;
     NewFile& operator=(NewFile&&) = delete;
 
-    /// Writes into the unfinished file, byte for byte, or to standard output, in order with std::cout and printf(); on Windows that
-    /// converts line ends. A failed write throws at once from the call that writes, with the reason; it sets badbit as well.
-    /// "stream() << input.rdbuf()" throws nothing: it only sets failbit, and publish() throws the reason. std::endl does not
-    /// write to the disk.
+    /// Writes into the unfinished file, byte for byte, or to standard output, in order with printf(), and with std::cout unless the
+    /// tool calls sync_with_stdio(false). On Windows, standard output converts line ends. A failed write throws at once from the
+    /// call that writes, with the reason; it sets badbit as well. std::endl does not write to the disk.
+    ///
+    /// Do not copy with "stream() << input.rdbuf()": it throws nothing and only sets failbit, also for an empty input, and the
+    /// reason of a failed read is lost. Use read() and write().
     std::ostream& stream();
 
     /// Returns whether the output is a file.
     bool isFile() const;
 
     /// Gives the file its name, or flushes standard output. Throws if anything was not written, also if the stream is in a failed
-    /// state: what is written to it is dropped then. ("stream() << input.rdbuf()" leads there for an empty input.) To be called
-    /// once; writing to the stream afterwards throws std::logic_error.
+    /// state, in which it drops what is written to it. To be called once; writing to the stream afterwards throws std::logic_error.
     void publish();
 
 private:
