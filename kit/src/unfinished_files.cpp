@@ -68,7 +68,10 @@ void UnfinishedFiles::refuseInUse(const std::string& name) const {
 
 void UnfinishedFiles::startNext() {
     finishCurrent();
-    const std::string& name = names.at(states.size());
+    if (states.size() == names.size()) {
+        throw std::out_of_range("startNext() was called after the last name");
+    }
+    const std::string& name = names[states.size()];
     // A signal after the creation must not end the process before the file is removed.
     noteInterruptions();
     const NoForcedEnd untilItIsKnown;
@@ -77,7 +80,7 @@ void UnfinishedFiles::startNext() {
         refuseUnfinished(name);
     }
     if (reason) {
-        fail("cannot create " + name, reason);
+        fail("cannot create " + unfinished(name), reason);
     }
     states.push_back({current.identity()});
     toRemove.add(pathOf(unfinished(name)), current.identity());

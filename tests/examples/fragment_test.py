@@ -116,8 +116,8 @@ REFUSED_FILES = [
     (["-n=1", "-o=folder/taken.", "data.bin"], b"<here>/folder/taken.0 exists already; -f overwrites it"),
     (["-n=1", "-o=fold", "data.bin"], b"<here>/fold0 is a directory"),
     (["-n=1", "-f", "-o=fold", "data.bin"], b"<here>/fold0 is a directory"),
-    (["-n=2", "-o=nowhere/x", "data.bin"], b"cannot create <here>/nowhere/x.count: No such file or directory"),
-    (["-j", "-f", "-o=nowhere/x", "data.bin", "data.bin"], b"cannot create <here>/nowhere/x: No such file or directory"),
+    (["-n=2", "-o=nowhere/x", "data.bin"], b"cannot create <here>/nowhere/x.count.unfinished: No such file or directory"),
+    (["-j", "-f", "-o=nowhere/x", "data.bin", "data.bin"], b"cannot create <here>/nowhere/x.unfinished: No such file or directory"),
 ]
 
 

@@ -146,7 +146,7 @@ REFUSED = [
     (["-o=data", "data"], b"<here>/data is an input too; choose another name"),
     (["-o=data", "-f", "data"], b"<here>/data is an input too; choose another name"),
     (["-o=left", "-f", "data"], b"<here>/left.unfinished exists already; remove it unless another run is writing it"),
-    (["-o=gone/table", "data"], b"cannot create <here>/gone/table: No such file or directory"),
+    (["-o=gone/table", "data"], b"cannot create <here>/gone/table.unfinished: No such file or directory"),
     (["*"], b"*: name the file, patterns are not expanded"),
     (["."], b". is a directory"),
     (["empty"], b"empty contains no number"),

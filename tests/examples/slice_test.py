@@ -262,7 +262,7 @@ REFUSED_FILES = [
     (["-sr=1:2", "-o=left", "table"], b"left.unfinished exists already; remove it unless another run is writing it"),
     (["-sr=1:2", "-f", "-o=left", "table"], b"left.unfinished exists already; remove it unless another run is writing it"),
     (["-sr=1:2", "-o=kept", "table"], b"kept.replaced exists already; move it away first"),
-    (["-sr=1:2", "-o=gone/out", "table"], b"cannot create gone/out: No such file or directory"),
+    (["-sr=1:2", "-o=gone/out", "table"], b"cannot create gone/out.unfinished: No such file or directory"),
 ]
 
 

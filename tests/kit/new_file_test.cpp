@@ -144,7 +144,7 @@ TEST_F(NewFileTest, RefusesUnusableNames) {
         {in("used"), false, in("used") + " exists already; ask the author"},
         {in("left"), true, in("left.unfinished") + " exists already; remove it unless another run is writing it"},
         {in("moved"), true, in("moved.replaced") + " exists already; move it away first"},
-        {in("none/out"), true, "cannot create " + in("none/out") + ": No such file or directory"},
+        {in("none/out"), true, "cannot create " + in("none/out.unfinished") + ": No such file or directory"},
     };
     for (const auto& row : cases) {
         EXPECT_EQ(messageOf([&] { const Kelpkit::NewFile file(row.name, row.mayOverwrite, "ask the author"); }),
@@ -232,7 +232,12 @@ TEST_F(NewFileTest, ALongWriteNeedsNoMemory) {
 TEST_F(NewFileTest, NoNameAfterTheLast) {
     Kelpkit::NewFiles files({in("a")}, false);
     files.startNext();
-    EXPECT_THROW(files.startNext(), std::out_of_range);
+    try {
+        files.startNext();
+        ADD_FAILURE();
+    } catch (const std::out_of_range& error) {
+        EXPECT_STREQ(error.what(), "startNext() was called after the last name");
+    }
 }
 
 TEST_F(NewFileTest, InputsAreFoundUnderAnyName) {

@@ -4,11 +4,12 @@
 /// \file
 /// Output files that appear whole or not at all.
 ///
-/// Until publish() a file is called NAME.unfinished and is in the same folder as NAME. While it is written, only its owner may read
-/// it. While publish() overwrites an old file, the old one is called NAME.replaced until all new files have their names, and
-/// for a moment no file is called NAME. An object that is destroyed before publish(), as by an exception, removes its unfinished
-/// files and changes nothing else. A process that is killed, or ends by std::exit(), which destroys no objects, leaves files with
-/// these names; the next run that needs one of the names refuses to start and prints it.
+/// Until publish() a file is called NAME.unfinished and is in the same folder as NAME, so NAME has to be 11 bytes shorter than
+/// the file system allows, usually 244 bytes at most. While it is written, only its owner may read it. While publish() overwrites
+/// an old file, the old one is called NAME.replaced until all new files have their names, and for a moment no file is called NAME.
+/// An object that is destroyed before publish(), as by an exception, removes its unfinished files and changes nothing else. A
+/// process that is killed, or ends by std::exit(), which destroys no objects, leaves files with these names; the next run that
+/// needs one of the names refuses to start and prints it.
 ///
 /// Files of other programs under these names are not written, followed or removed: creation is exclusive, and names are given by
 /// a rename that does not replace. Only NAME itself is replaced, and only with `mayOverwrite`. A symbolic link called NAME is
