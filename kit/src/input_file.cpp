@@ -32,9 +32,9 @@ auto uninterrupted(const std::string& fileName, Call call) {
 /// (seen with 14) reports a failed read as the end of the file.
 class InputBuffer : public std::streambuf {
 public:
-    InputBuffer(const std::string& fileName, bool isBinary) : name(fileName) {
+    InputBuffer(const std::string& fileName, bool binary) : name(fileName), isBinary(binary) {
         requireNoFolder(name);
-        descriptor = uninterrupted(name, [&] { return openToRead(pathOf(name), isBinary); });
+        descriptor = uninterrupted(name, [this] { return openToRead(pathOf(name)); });
     }
     ~InputBuffer() override {
         close();
@@ -46,9 +46,7 @@ public:
 
 protected:
     int_type underflow() override {
-        const std::ptrdiff_t count =
-            descriptor == closed ? 0
-                                 : uninterrupted(name, [&] { return readSome(descriptor, area.data(), area.size()); });
+        const std::ptrdiff_t count = descriptor == closed ? 0 : uninterrupted(name, [this] { return readBlock(); });
         if (count == 0) {
             close();
             return traits_type::eof();
@@ -60,6 +58,11 @@ protected:
 private:
     static constexpr int closed = -1;
 
+    std::ptrdiff_t readBlock() {
+        return isBinary ? readSome(descriptor, area.data(), area.size())
+                        : readText(descriptor, area.data(), area.size(), holdsReturn);
+    }
+
     void close() {
         if (descriptor != closed) {
             closeRead(descriptor);
@@ -68,6 +71,8 @@ private:
     }
 
     std::string name;
+    bool isBinary;
+    bool holdsReturn = false;
     int descriptor = closed;
     std::array<char, 65536> area;
 };

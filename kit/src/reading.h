@@ -9,12 +9,16 @@
 
 namespace Kelpkit {
 
-/// Opens a file for readSome() and returns its descriptor.
-/// \param isBinary  without it, Windows converts line ends
-int openToRead(const std::filesystem::path& path, bool isBinary);
+/// Opens a file and returns its descriptor.
+int openToRead(const std::filesystem::path& path);
 
 /// Waits until bytes can be read, and returns how many were read, 0 at the end of the file.
 std::ptrdiff_t readSome(int descriptor, char* data, std::size_t count);
+
+/// The same for a text, whose line ends become "\n" on Windows.
+/// \param count        at least 2
+/// \param holdsReturn  whether the last call has kept a "\r", which may begin a line end; at first false
+std::ptrdiff_t readText(int descriptor, char* data, std::size_t count, bool& holdsReturn);
 
 void closeRead(int descriptor);
 

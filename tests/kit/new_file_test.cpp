@@ -10,10 +10,13 @@
 #include <random>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "failing_allocations.h"
 
 namespace {
+
+constexpr bool onWindows = std::filesystem::path::preferred_separator == '\\';
 
 class NewFileTest : public testing::Test {
 protected:
@@ -280,6 +283,52 @@ TEST_F(NewFileTest, InputsAreReadToTheirEnd) {
     std::ofstream(in("input"), std::ios::binary | std::ios::app) << "more";
     lines.stream().clear();
     EXPECT_FALSE(std::getline(lines.stream(), line));
+}
+
+/// Reads the file as a text.
+std::string textOf(const std::string& name) {
+    Kelpkit::InputFile input(name);
+    return {std::istreambuf_iterator<char>(input.stream()), std::istreambuf_iterator<char>()};
+}
+
+TEST_F(NewFileTest, WindowsConvertsLineEndsOfTexts) {
+    const std::pair<std::string, std::string> table[] = {
+        {"", ""},
+        {"\n", "\n"},
+        {"\r", "\r"},
+        {"\r\n", "\n"},
+        {"one\r\ntwo\r\n", "one\ntwo\n"},
+        {"\n\r", "\n\r"},
+        {"a\rb\r\rc", "a\rb\r\rc"},
+        {"a\r\r\nb", "a\r\nb"},
+        {"\r\r\r", "\r\r\r"},
+        {"one\r\n\x1atwo\r\n\x1a", "one\n\x1atwo\n\x1a"},
+    };
+    for (const auto& [bytes, windowsText] : table) {
+        // Around the end of a block of 65536 bytes.
+        for (const std::size_t before : {0U, 65533U, 65534U, 65535U, 65536U, 65537U, 131071U}) {
+            const std::string start(before, 'x');
+            std::ofstream(in("input"), std::ios::binary) << start << bytes;
+            EXPECT_TRUE(textOf(in("input")) == start + (onWindows ? windowsText : bytes))
+                << testing::PrintToString(bytes) << " after " << before;
+            Kelpkit::InputFile input(in("input"), std::ios::binary);
+            EXPECT_TRUE(std::string(std::istreambuf_iterator<char>(input.stream()), {}) == start + bytes)
+                << testing::PrintToString(bytes) << " after " << before;
+        }
+    }
+}
+
+TEST_F(NewFileTest, WindowsConvertsEveryLineEndOfALongText) {
+    std::string lines;
+    std::string returns;
+    for (int i = 0; i < 70000; ++i) {
+        lines += "\r\n";
+        returns += '\r';
+    }
+    std::ofstream(in("input"), std::ios::binary) << 'x' << lines;
+    EXPECT_TRUE(textOf(in("input")) == "x" + (onWindows ? std::string(70000, '\n') : lines));
+    std::ofstream(in("input"), std::ios::binary) << returns;
+    EXPECT_TRUE(textOf(in("input")) == returns);
 }
 
 TEST_F(NewFileTest, InputsThatCannotBeRead) {

@@ -48,7 +48,7 @@ class InputBuffer;
 class InputFile {
 public:
     /// Opens the file. Throws "cannot read NAME: REASON", also if a later read fails; for a folder "NAME is a directory".
-    /// \param mode  std::ios::binary for the bytes as they are; without it, Windows converts line ends
+    /// \param mode  std::ios::binary for the bytes as they are; without it, "\\r\\n" is read as "\\n" on Windows
     explicit InputFile(const std::string& name, std::ios::openmode mode = {});
     /// Closes the file.
     ~InputFile();
