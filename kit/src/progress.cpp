@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "clock_tick.h"
 #include "console_size.h"
 
 namespace Kelpkit {
@@ -13,10 +14,6 @@ namespace {
 
 constexpr double secondsBeforeFirstDraw = 0.5;
 constexpr double secondsBetweenDraws = 0.1;
-
-/// Calls that follow each other within a millisecond read the clock once in 32 times.
-constexpr double quickSuccessionSeconds = 0.001;
-constexpr unsigned int callsPerLook = 32;
 
 /// A longer estimate of the time left is not shown: the library's number of seconds could overflow.
 constexpr double longestEstimateSeconds = 1e9;
@@ -90,8 +87,7 @@ void prepareDisplay(std::uintmax_t total, std::string label) {
 
 Progress::Progress(std::uintmax_t total, const std::string& label)
     : total(total),
-      lastLookSeconds(KELP_time_stamp()),
-      nextDrawSeconds(lastLookSeconds + secondsBeforeFirstDraw),
+      nextDrawSeconds(KELP_time_stamp() + secondsBeforeFirstDraw),
       wanted(isOn && !isTaken && consoleSize().columns > 0) {
     if (wanted) {
         noteInterruptions();
@@ -107,17 +103,17 @@ Progress::~Progress() {
 void Progress::advance(std::uintmax_t amount) {
     checkInterruption();
     done += std::min(amount, total - done);
-    if (callsToSkip > 0) {
-        --callsToSkip;
-    } else if (wanted) {
+    if (!wanted) {
+        return;
+    }
+    if (const std::uint64_t tick = clockTick(); tick != lastTick) {
+        lastTick = tick;
         lookAtClock();
     }
 }
 
 void Progress::lookAtClock() {
     const double now = KELP_time_stamp();
-    callsToSkip = now - lastLookSeconds < quickSuccessionSeconds ? callsPerLook - 1 : 0;
-    lastLookSeconds = now;
     // finish() draws the last frame. The two numbers may be equal as double although more is to be done.
     const auto amount = static_cast<double>(done);
     const auto whole = static_cast<double>(total);

@@ -39,7 +39,7 @@ public:
     Progress& operator=(Progress&&) = delete;
 
     /// Counts an amount as done; what exceeds the total is ignored. Call it for every block of the work, however small: a call
-    /// that draws nothing takes some nanoseconds. To save time, of calls in quick succession, only every 32nd reads the clock.
+    /// that draws nothing takes some nanoseconds.
     /// \throws Interruption  if a signal has asked the process to end, see kelpkit/Interruption.h
     void advance(std::uintmax_t amount);
 
@@ -55,8 +55,7 @@ private:
     std::uintmax_t total;
     std::uintmax_t done = 0;
     std::uintmax_t drawn = 0;
-    unsigned int callsToSkip = 0;
-    double lastLookSeconds;
+    std::uint64_t lastTick = 0;
     double nextDrawSeconds;
     bool wanted;
     bool shown = false;
