@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "unprintable.h"
+
 namespace Kelpkit {
 
 namespace {
@@ -63,14 +65,18 @@ std::string escaped(char character) {
 
 }  // namespace
 
-std::string printable(std::string_view text) {
+std::string replaceUnprintable(std::string_view text, std::string (*replacement)(char byte)) {
     std::string result;
     while (!text.empty()) {
         const std::size_t size = printableSize(text);
-        result += size == 0 ? escaped(text.front()) : std::string(text.substr(0, size));
+        result += size == 0 ? replacement(text.front()) : std::string(text.substr(0, size));
         text.remove_prefix(std::max<std::size_t>(size, 1));
     }
     return result;
+}
+
+std::string printable(std::string_view text) {
+    return replaceUnprintable(text, escaped);
 }
 
 }  // namespace Kelpkit

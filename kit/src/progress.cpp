@@ -7,6 +7,7 @@
 
 #include "clock_tick.h"
 #include "console_size.h"
+#include "unprintable.h"
 
 namespace Kelpkit {
 
@@ -74,13 +75,30 @@ void drawAmount(double amount) {
     KELP_progress_global(amount);
 }
 
-void prepareDisplay(std::uintmax_t total, std::string label) {
-    std::replace_if(
-        label.begin(), label.end(), [](unsigned char byte) { return byte < 0x20 || byte == 0x7f; }, '?');
+/// Replaces the middle of a long label with "...". The library would do so too, even within a character.
+std::string shortened(const std::string& label) {
+    if (label.size() <= labelLength) {
+        return label;
+    }
+    const auto isWithinCharacter = [&label](std::size_t position) {
+        return (static_cast<unsigned char>(label[position]) & 0xC0U) == 0x80U;
+    };
+    std::size_t end = 4;
+    while (isWithinCharacter(end)) {
+        --end;
+    }
+    std::size_t start = label.size() - 6;
+    while (isWithinCharacter(start)) {
+        ++start;
+    }
+    return label.substr(0, end) + "..." + label.substr(start);
+}
+
+void prepareDisplay(std::uintmax_t total, const std::string& name) {
     // The percentage of the bar follows the label directly.
-    label += ' ';
+    const std::string label = shortened(replaceUnprintable(name, [](char) { return std::string("?"); })) + ' ';
     KELP_progress_global_init(static_cast<double>(total), barWidth, label.c_str(), 1);
-    KELP_progress_global_set_text(label.c_str(), labelLength + 2);
+    KELP_progress_global_set_text(label.c_str(), label.size() + 1);
 }
 
 }  // namespace

@@ -488,15 +488,29 @@ TEST_F(KitProgress, AcceptsAnyAmount) {
     }
 }
 
-TEST_F(KitProgress, ShortensLabelsAndReplacesControlCharacters) {
+TEST_F(KitProgress, ShortensLabelsAndReplacesWhatCannotBePrinted) {
     useBar();
     const std::pair<std::string, std::string> table[] = {
         {"", "  50.0% "},
         {"twelve bytes", "twelve bytes  50.0% "},
         {"thirteen byte", "thir...n byte  50.0% "},
         {"a\x1b[2J\n\x7f\tb", "a?[2J???b  50.0% "},
-        {"\xc3\xa4\xff", "\xc3\xa4\xff  50.0% "},
+        {"\xc3\xa4\xff", "\xc3\xa4?  50.0% "},
         {std::string("a\0b", 3), "a?b  50.0% "},
+        {"a\xc2\x9b"
+         "2Jb\xc2\x80\xc2\xa0",
+         "a??2Jb??\xc2\xa0  50.0% "},
+        {"\xc3", "?  50.0% "},
+        // Characters are whole: of "\u00e4" (two bytes), the euro sign (three) and an emoji (four).
+        {"x\u00e4\u00e4\u00e4\u00e4\u00e4\u00e4\u00e4\u00e4\u00e4\u00e4", "x\u00e4...\u00e4\u00e4\u00e4  50.0% "},
+        {"\u00e4\u00e4\u00e4\u00e4\u00e4\u00e4x", "\u00e4\u00e4...\u00e4\u00e4x  50.0% "},
+        {"\u20ac\u20ac\u20ac\u20ac", "\u20ac\u20ac\u20ac\u20ac  50.0% "},
+        {"\u20ac\u20ac\u20ac\u20ac\u20ac", "\u20ac...\u20ac\u20ac  50.0% "},
+        {"x\u20ac\u20ac\u20ac\u20ac\u20ac", "x\u20ac...\u20ac\u20ac  50.0% "},
+        {"ab\u20ac\u20ac\u20ac\u20acx", "ab...\u20acx  50.0% "},
+        {"\U0001f600\U0001f600\U0001f600\U0001f600", "\U0001f600...\U0001f600  50.0% "},
+        {"x\U0001f600\U0001f600\U0001f600xxx", "x...xxx  50.0% "},
+        {"x\U0001f600\U0001f600\U0001f600xx", "x...\U0001f600xx  50.0% "},
     };
     for (const auto& [label, start] : table) {
         const std::string text = written([&label = label] {
