@@ -310,17 +310,22 @@ inline std::string truth(const std::string& text) {
     return word == "no" || word == "off" || word == "false" || word == "0" ? "no" : "";
 }
 
-/// Returns the name completed with the current directory, also if it is a single character.
+constexpr bool onWindows = std::filesystem::path::preferred_separator == '\\';
+
+/// Returns the name completed with the current directory, also if it is a single character. Only Windows uses the fake one.
 inline std::string outputName(const std::string& text, const std::string& directory) {
+    if (!onWindows) {
+        return text.front() == '/' ? text : (std::filesystem::current_path() / "").string() + text;
+    }
     const paths_model::Model model = paths_model::modelOf(text, directory);
     return model.folder + model.name;
 }
 
 inline bool isOutputFile(const std::string& text, const std::string& directory) {
-    if (!isPath(text) || text.back() == '/' || text.back() == '\\') {
+    if (!isPath(text) || text.back() == '/' || (onWindows && text.back() == '\\')) {
         return false;
     }
-    if (text.size() > 1 && text[1] == ':' && text.find('/') == std::string::npos &&
+    if (onWindows && text.size() > 1 && text[1] == ':' && text.find('/') == std::string::npos &&
         text.find('\\') == std::string::npos) {
         return false;
     }

@@ -122,13 +122,11 @@ REFUSED = [
     (["-p=", "a"], "-p=: not a file name"),
     (["-o=", "a"], "-o=: not a file name"),
     (["-o=out/", "a"], "-o=out/: is a folder, not a file"),
+    (["-o=/", "a"], "-o=/: is a folder, not a file"),
     (["-o=.", "a"], "-o=.: is a folder, not a file"),
     (["-o=..", "a"], "-o=..: is a folder, not a file"),
     (["-o=here", "a"], "-o=here: is a folder, not a file"),
     (["-o=here/there", "a"], "-o=here/there: is a folder, not a file"),
-    (["-o=here\\there", "a"], "-o=here\\there: is a folder, not a file"),
-    (["-o=c:x", "a"], "-o=c:x: begins like a drive; write the folder before the name"),
-    (["-o=::", "a"], "-o=::: begins like a drive; write the folder before the name"),
     (["-f=usage", "a"], "-l and -e cannot be combined"),
     # The first problem counts; control characters are escaped.
     (["-x", "-y"], "-x: no such option"),
@@ -167,13 +165,16 @@ class CommandLines(unittest.TestCase):
             with self.subTest(tokens=tokens):
                 self.assertEqual(self.run_tool(*tokens), (0, output, ""))
 
+    def check_refused(self, tokens, message):
+        with self.subTest(tokens=tokens):
+            status, output, errors = self.run_tool(*tokens)
+            self.assertEqual((status, errors), (2, f"reader: {message} (see reader --help)\n"))
+            if "-v" not in tokens:
+                self.assertNotIn("[", output)
+
     def test_refused(self):
         for tokens, message in REFUSED:
-            with self.subTest(tokens=tokens):
-                status, output, errors = self.run_tool(*tokens)
-                self.assertEqual((status, errors), (2, f"reader: {message} (see reader --help)\n"))
-                if "-v" not in tokens:
-                    self.assertNotIn("[", output)
+            self.check_refused(tokens, message)
 
     def test_failures(self):
         for kind, message in FAILED:
@@ -266,8 +267,37 @@ class CommandLines(unittest.TestCase):
                 else:
                     self.assertEqual(shown, "-o " + os.path.realpath(self.folder) + "/" + name)
         self.assertEqual(self.run_tool("-o=/tmp/a:b", "a")[1], "-o /tmp/a:b\n[a]\n")
-        if not programs.ON_WINDOWS:
-            self.assertEqual(self.run_tool("-o=c:/x", "a")[1], "-o c:/x\n[a]\n")
+
+    @unittest.skipUnless(programs.ON_WINDOWS, "delimiters and drives of Windows")
+    def test_output_names_on_windows(self):
+        for name in ("here\\there", "out\\", "\\"):
+            self.check_refused(["-o=" + name, "a"], f"-o={name}: is a folder, not a file")
+        for name in ("c:x", "::", "c:"):
+            self.check_refused(["-o=" + name, "a"], f"-o={name}: begins like a drive; write the folder before the name")
+
+    @unittest.skipIf(programs.ON_WINDOWS, "there they are delimiters and drives")
+    def test_output_names_with_any_character(self):
+        for name in ("here\\there", "out\\", "\\", "c:\\x", "c:x", "c:", "::", "q:/x", "a//b"):
+            with self.subTest(name=name):
+                expected = f"-o {os.path.realpath(self.folder)}/{name}\n[a]\n"
+                self.assertEqual(self.run_tool("-o=" + name, "a"), (0, expected, ""))
+
+    @unittest.skipIf(programs.ON_WINDOWS, "there the library's limit holds")
+    def test_output_names_in_deep_folders(self):
+        folder = os.path.realpath(self.folder)
+        for letter in "abc":
+            folder = os.path.join(folder, letter * 200)
+            os.mkdir(folder)
+            for name in ("r", "sub/r.txt", "/tmp/a.txt"):
+                with self.subTest(depth=letter, name=name):
+                    self.assertEqual(programs.run(TOOL, "-o=" + name, "a", cwd=folder),
+                                     (0, f"-o {os.path.join(folder, name)}\n[a]\n".encode(), b""))
+            os.mkdir(os.path.join(folder, "sub"))
+            self.assertEqual(programs.run(TOOL, "-o=sub", "a", cwd=folder),
+                             (2, b"", b"reader: -o=sub: is a folder, not a file (see reader --help)\n"))
+        done = subprocess.run(["sh", "-c", 'mkdir gone && cd gone && rmdir ../gone && "$0" -o=r a', TOOL], cwd=self.folder,
+                              capture_output=True, timeout=60, check=False)
+        self.assertEqual((done.returncode, done.stdout, done.stderr), (0, b"-o r\n[a]\n", b""))
 
     def test_help(self):
         for tokens in (["-h"], ["--HELP"], ["/h"], ["/Help"], ["/?"], ["a", "-H"], ["--wrong", "-n", "--help", "-l", "-l"],

@@ -66,16 +66,18 @@ public:
     template <class T>
     std::optional<T> value(std::string_view flag, const Choices<T>& choices) const;
 
-    /// Returns the name of an output file, completed with the current directory as a FilePath is, also if it is a single
-    /// character; none if the option is not on the command line. Does not check that the file can be written.
+    /// Returns the name of an output file, completed with the current directory, also if it is a single character; none if the
+    /// option is not on the command line. On Windows a FilePath completes it; elsewhere only "/" is a delimiter, and colons and
+    /// backslashes are ordinary characters. In a current directory that was deleted, a relative name stays as it is. Does not
+    /// check that the file can be written.
     ///
     ///     option          in /home/ann
     ///     -o=r            "/home/ann/r"
     ///     -o=../a.txt     "/home/ann/../a.txt"
     ///     -o=/tmp/a.txt   "/tmp/a.txt"
     ///
-    /// \throws UsageError  for an empty name, a folder ("out/", "..", or an existing folder), and a letter and a colon with no
-    ///                     folder after them ("c:a.txt")
+    /// \throws UsageError  for an empty name, a folder ("out/", "..", or an existing folder), and on Windows a character and a
+    ///                     colon with no folder after them ("c:a.txt")
     std::optional<std::string> outputFile(std::string_view flag) const;
 
     /// Returns the positional arguments in order.
