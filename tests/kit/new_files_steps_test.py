@@ -3,6 +3,7 @@ each of the calls that create, write, rename or remove a file; see at_file_step.
 
 import errno
 import os
+import resource
 import shlex
 import subprocess
 import tempfile
@@ -342,6 +343,15 @@ class StepsTest(FilesTestCase):
         done = subprocess.run(["sh", "-c", 'ulimit -n 12; exec "$0" many -f "$@"', PROGRAM, *words], cwd=self.folder, timeout=60,
                               env=self.doing("forbid", f"{errno.EINVAL} {errno.EPERM} 0"), stderr=subprocess.PIPE, check=False)
         self.assertEqual((0, b""), (done.returncode, done.stderr))
+
+    def test_file_without_a_free_descriptor(self):
+        # A sanitizer's start-up needs more descriptors, so this is no test of new_files_test.py.
+        def close_the_input():
+            os.close(0)
+            resource.setrlimit(resource.RLIMIT_NOFILE, (3, 3))
+        self.assertEqual((1, b"", b"cannot create a.unfinished: Invalid argument\n"),
+                         self.tool("one", "a", "text", preexec_fn=close_the_input))
+        self.assertEqual({}, self.contents())
 
     def test_mask_of_new_files_is_kept(self):
         environment = self.doing(f"umask >{self.scratch}/seen", "renameat2 1")
