@@ -37,6 +37,7 @@ class ChecksumTest(ToolTestCase):
         self.check_refusal(b"cannot read /proc/self/mem: Input/output error", "/proc/self/mem")
 
     @native_only
+    @unittest.skipIf("KELPLIB_DELAYED_SIGNALS" in os.environ, "ThreadSanitizer may delay the signal for ever")
     def test_interrupted_in_a_terminal(self):
         # A file without bytes on the disk, so large that no machine has read it before the signal.
         with open(self.folder / "large", "wb") as file:
