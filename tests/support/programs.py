@@ -30,8 +30,14 @@ def plain_line_ends(output):
 def run(program, *arguments, timeout=60, **options):
     """Runs a program to its end. Returns its exit status and the bytes of its standard output and standard error."""
     options.setdefault("stdin", subprocess.DEVNULL)
-    done = subprocess.run(command(program, *arguments), stdout=subprocess.PIPE, stderr=subprocess.PIPE,
-                          timeout=timeout, check=False, **options)
+
+    def once():
+        return subprocess.run(command(program, *arguments), stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                              timeout=timeout, check=False, **options)
+    done = once()
+    # On a busy machine about one of 1,500 starts of wine (seen with 8.0) ends silently with status 1 before the program runs.
+    if ON_WINDOWS and (done.returncode, done.stdout, done.stderr) == (1, b"", b""):
+        done = once()
     return done.returncode, plain_line_ends(done.stdout), plain_line_ends(done.stderr)
 
 
