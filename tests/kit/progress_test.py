@@ -49,7 +49,6 @@ CASES = [
     ("whole", (60, 24), False, ["later output"]),
     ("whole", (80, 7), False, WHOLE[1:]),
     ("whole", (80, 6), False, ["later output"]),
-    ("quick", (80, 24), False, ["later output"]),
     ("hidden", (80, 24), False, ["later output"]),
     ("failing", (80, 24), False, FAILED),
     ("failing", (61, 7), False, FAILED[1:]),

@@ -113,8 +113,10 @@ class Suites:
         with tempfile.TemporaryDirectory(dir=folder) as own:
             reached = pathlib.Path(own) / "reached"
             reached.write_bytes(bytes(self.count + 1))
+            environment = {**test.environment, "KELPLIB_MUTANTS_REACHED": str(reached)}
             started = time.monotonic()
-            if failure(test.command, {**test.environment, "KELPLIB_MUTANTS_REACHED": str(reached)}, 300, own):
+            # Again, because the build may still keep the disk busy.
+            if failure(test.command, environment, 300, own) and failure(test.command, environment, 300, own):
                 return test.name
             test.seconds = time.monotonic() - started
             test.reached = frozenset(number for number, byte in enumerate(reached.read_bytes()) if byte)
