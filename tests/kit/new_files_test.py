@@ -96,8 +96,8 @@ class OutputTest(FilesTestCase):
 
     def test_copy_of_an_empty_input(self):
         self.write("in", b"")
-        self.assertEqual((1, b"", b"cannot write out: an input could not be read or was empty, or the output stream was in a failed state\n"),
-                         self.tool("copy", "out", "in"))
+        message = b"cannot write out: an input could not be read or was empty, or the output stream was in a failed state\n"
+        self.assertEqual((1, b"", message), self.tool("copy", "out", "in"))
 
     def test_lines_of_an_input(self):
         self.write("in", b"one\r\n\n\x00\xff\r\nend")
