@@ -120,8 +120,15 @@ class Run:
 
     def switch_on(self, mutant):
         with tempfile.TemporaryDirectory(dir=FOLDER) as folder:
-            environment = {"KELPLIB_MUTANT": str(mutant.number)}
-            return mutant, self.suites.noticed_by({mutant.number}, environment, folder, os.path.dirname(mutant.file))
+            return mutant, self.noticed_by(mutant, {mutant.number}, {"KELPLIB_MUTANT": str(mutant.number)}, folder)
+
+    def noticed_by(self, mutant, numbers, environment, folder):
+        room = os.path.dirname(mutant.file)
+        by = self.suites.noticed_by(numbers, environment, folder, room)
+        if by is None and mutant.key not in self.reasons:
+            # Again, because which thread runs first decides whether some changes show.
+            by = self.suites.noticed_by(numbers, environment, folder, room)
+        return by
 
     def try_compiled(self, mutant):
         """Compiles the change and runs the tests that reach anything in its file."""
@@ -132,7 +139,7 @@ class Run:
         if log:
             by = "static_assert" if "static assertion" in log else "compiler"
         else:
-            by = self.suites.noticed_by(numbers, {}, FOLDER, os.path.dirname(mutant.file))
+            by = self.noticed_by(mutant, numbers, {}, FOLDER)
         self.take(mutant, by)
         self.build.write(mutant.file)
 
