@@ -48,7 +48,8 @@ need_for_demo() {
 need_for_tests() {
     need_for_demo
     needs+=("/usr/src/googletest/CMakeLists.txt googletest" "python3 python3" "tmux tmux" "bats bats"
-            "/usr/lib/python3/dist-packages/pyte/__init__.py python3-pyte")
+            "/usr/lib/python3/dist-packages/pyte/__init__.py python3-pyte" "fish fish" "zsh zsh"
+            "/usr/share/bash-completion/bash_completion bash-completion" "shellcheck shellcheck")
 }
 
 # cmake checks for a compiler although the documentation needs none.

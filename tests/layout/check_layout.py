@@ -3,8 +3,8 @@
 
 - A private header is included only from its own folder, unless it is in src/util or src/platform. Besides, tool may include
   the headers of command_line. util includes only itself and platform, platform only itself.
-- The kit includes the public headers of the library and of the kit, its own private headers and C++'s standard headers. The
-  library includes nothing of the kit.
+- The kit includes the public headers of the library and of the kit, its own private headers and C++'s standard headers. Its
+  library knows nothing of its programs. The library includes nothing of the kit.
 - Examples, their tests and benchmarks include only public headers, those of the library and of the kit.
 - Headers do not include each other in a cycle.
 - Only src/platform uses system headers and macros (besides the export macro in Export.h). The kit's *_posix.cpp and
@@ -24,7 +24,7 @@ ROOMS = ("tool", "command_line", "convert", "path", "console", "util", "platform
 PUBLIC_ONLY = ("examples/", "tests/examples/", "benchmarks/")
 SYSTEM_HEADERS = re.compile(r"<(windows\.h|direct\.h|io\.h|conio\.h|unistd\.h|fcntl\.h|time\.h|pthread\.h|sys/[^>]*)>")
 SYSTEM_SOURCES = re.compile(r"(src/platform|tests|benchmarks)/.*|examples/flat_progress/\w+_(posix|windows)\.(c|cpp)"
-                            r"|kit/src/(\w+/)*\w+_(posix|windows)\.cpp")
+                            r"|kit/(src|programs)/(\w+/)*\w+_(posix|windows)\.cpp")
 SYSTEM_CHECKS = re.compile(r"^\s*#\s*(?:el)?if.*\b(_WIN32|_WIN64|__linux__|__unix__|__APPLE__|__MINGW\w*)\b", re.M)
 FORBIDDEN = re.compile(r"(?<![\w.>])(?:std::)?(sprintf|vsprintf|strcpy|strncpy|strcat|strncat|gets|strtok|system|scanf|"
                        r"sscanf|alloca|rand)\s*\(")
@@ -63,7 +63,8 @@ def wrong_kit_include(path, quoted, files):
         return None if known else "the kit includes only public and standard headers"
     if path.startswith("kit/include/"):
         return "a public header includes only public ones"
-    return None if f"kit/src/{name}" in files else "is no private header of the kit"
+    own = {f"kit/src/{name}"} | ({f"kit/programs/{name}"} if path.startswith("kit/programs/") else set())
+    return None if own & files.keys() else "is no private header of the kit"
 
 
 def wrong_includes(path, text, files):
@@ -93,7 +94,7 @@ def wrong_text(path, text):
 
 def cycles(files):
     """Yields headers of the library and of the kit that include themselves through others."""
-    headers = {path: re.fullmatch(r"(?:src|include|kit/src|kit/include)/(.*\.h)", path) for path in files}
+    headers = {path: re.fullmatch(r"(?:src|include|kit/src|kit/include|kit/programs)/(.*\.h)", path) for path in files}
     names = {match[1]: path for path, match in headers.items() if match}
     edges = {name: [quoted[1:-1] for quoted in INCLUDE.findall(files[path])] for name, path in names.items()}
     for start in edges:

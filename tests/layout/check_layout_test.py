@@ -28,6 +28,7 @@ class LayoutCheck(unittest.TestCase):
                 ("kit/src/a.cpp", "#include <kelpkit/Tool.h>\n#include <kelplib/Kelp.h>\n#include <filesystem>\n"),
                 ("kit/include/kelpkit/Tool.h", "#include <kelpkit/Progress.h>\n#include <string>\n" + "\n" * 199),
                 ("kit/src/a_posix.cpp", "#include <sys/stat.h>\n#include <termios.h>\n"),
+                ("kit/programs/a_posix.cpp", "#include <unistd.h>\n"),
                 ("examples/a.cpp", "#include <kelpkit/Tool.h>\n"),
                 ("examples/main.c", "#include <kelplib/KelpProgress.h>\n" + "\n" * 199),
         ]:
@@ -60,6 +61,10 @@ class LayoutCheck(unittest.TestCase):
                 ("include/kelplib/Kelp.h", "<kelpkit/Values.h>", "the library knows nothing of the kit")]:
             self.assertEqual(found(path, f"#include {header}\n", listed="a.cpp a_posix.cpp posix.cpp", **{"kit/src/b.h": ""}),
                              [f"{path}: {header}: {problem}"])
+        self.assertEqual(found("kit/programs/a.cpp", '#include "b.h"\n#include "c.h"\n',
+                               **{"kit/src/b.h": "", "kit/programs/c.h": ""}), [])
+        self.assertEqual(found("kit/src/a.cpp", '#include "c.h"\n', **{"kit/programs/c.h": ""}),
+                         ['kit/src/a.cpp: "c.h": is no private header of the kit'])
         self.assertEqual(found("kit/src/a.cpp", '#include "b.h"\n#include "files/c.h"\n',
                                **{"kit/src/b.h": "", "kit/src/files/c.h": ""}), [])
         for header in ("kit/src/b.h", "../kit/src/b.h"):

@@ -1,0 +1,144 @@
+#include "described_tool.h"
+
+#include <kelpkit/CommandLine.h>
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <stdexcept>
+#include <utility>
+
+#include "ascii_case.h"
+#include "shell_words.h"
+
+namespace Kelpkit::programs {
+
+namespace {
+
+using Values = std::map<std::string, Value>;  ///< by the forms of options in lower case
+
+constexpr std::array<std::pair<const char*, Takes>, 3> kinds{
+    {{":text", Takes::text}, {":file", Takes::file}, {":folder", Takes::folder}}};
+
+/// Returns the value that a hint describes; of no name if there is none.
+Value hintedValue(const std::string& text) {
+    Value value = valueOf(text);
+    for (const auto& [suffix, kind] : kinds) {
+        const std::size_t end = text.rfind(':');
+        if (value.takes != Takes::choice && end != std::string::npos && text.substr(end) == suffix) {
+            return {kind, text.substr(0, end), {}};
+        }
+    }
+    return value;
+}
+
+bool isLetter(char character) {
+    return character > ' ' && character < '\x7f' && character != '-' && character != '=';
+}
+
+Values valuesOf(const HelpScreen& screen, const std::vector<Hint>& hints) {
+    Values values;
+    for (const Hint& hint : hints) {
+        const std::string form = lowerCase(std::string("-") + hint.letter);
+        const auto hasForm = [&form](const HelpScreen::Option& each) { return lowerCase(each.shortForm) == form; };
+        if (std::none_of(screen.options.begin(), screen.options.end(), hasForm)) {
+            throw std::runtime_error("the hint " + std::string(1, hint.letter) + " fits no option of " + screen.name);
+        }
+        if (!values.emplace(form, hint.value).second) {
+            throw std::runtime_error("two hints for " + form);
+        }
+    }
+    return values;
+}
+
+Values valuesIn(const std::string& example) {
+    Values values;
+    for (const std::string& word : shellWords(example)) {
+        const std::size_t equals = word.find('=');
+        if (word.size() > 1 && word.front() == '-') {
+            const Takes takes = equals == std::string::npos ? Takes::nothing : Takes::text;
+            values.try_emplace(lowerCase(word.substr(0, equals)), Value{takes, "", {}});
+        }
+    }
+    return values;
+}
+
+const Value* find(const Values& values, const HelpScreen::Option& option) {
+    for (const std::string& form : {lowerCase(option.shortForm), lowerCase(option.longForm)}) {
+        if (const auto found = values.find(form); found != values.end()) {
+            return &found->second;
+        }
+    }
+    return nullptr;
+}
+
+bool isOutput(const HelpScreen::Option& option) {
+    return lowerCase(option.shortForm) == "-o";
+}
+
+/// Returns what the library's rules say of an option.
+Value ruledValue(const HelpScreen::Option& option) {
+    const std::string shortForm = lowerCase(option.shortForm);
+    const std::string longForm = lowerCase(option.longForm);
+    if ((shortForm == "-h" && longForm == "--help") || (shortForm == "-v" && longForm == "--verbose")) {
+        return {Takes::nothing, "", {}};
+    }
+    return {isOutput(option) ? Takes::text : Takes::unknown, "", {}};
+}
+
+DescribedOption described(const HelpScreen::Option& option, const Value& value) {
+    return {option.shortForm, option.longForm, option.text, value.takes, value.name, value.choices};
+}
+
+/// Returns the value of an output option as a file, unless its name says something else.
+Value asOutput(Value value) {
+    if (value.takes == Takes::text) {
+        value.takes = Takes::file;
+        value.name = value.name.empty() ? "FILE" : value.name;
+    }
+    return value;
+}
+
+/// Returns what the screen and the library's rules say of an option.
+Value shownValue(const HelpScreen::Option& option, const Values& inUsage, const Values& inExample) {
+    const Value* shown = find(inUsage, option);
+    if (shown == nullptr) {
+        shown = find(inExample, option);
+    }
+    const Value value = shown == nullptr ? ruledValue(option) : *shown;
+    return isOutput(option) ? asOutput(value) : value;
+}
+
+}  // namespace
+
+Hint readHint(const std::string& text) {
+    const bool hasValue = text.size() > 2 && text[1] == '=';
+    const Value value = hasValue ? hintedValue(text.substr(2)) : Value{Takes::nothing, "", {}};
+    const bool isNamed = !hasValue || !value.name.empty() || !value.choices.empty();
+    if (text.empty() || !isLetter(text.front()) || (text.size() > 1 && !hasValue) || !isNamed) {
+        throw std::runtime_error("\"" + text +
+                                 "\" is no hint; write l, n=LINES, o=FILE:file, d=DIR:folder or m=fast|exact");
+    }
+    return {text.front(), value};
+}
+
+DescribedTool describe(const HelpScreen& screen, const std::vector<Hint>& hints) {
+    const Values hinted = valuesOf(screen, hints);
+    const UsageLine usage = readUsage(screen.usage);
+    const Values inExample = valuesIn(screen.example);
+    DescribedTool tool{screen.name, screen.banner, screen.description, screen.usage, screen.example, {}, {}};
+    for (const HelpScreen::Option& option : screen.options) {
+        const Value* const hint = find(hinted, option);
+        tool.options.push_back(
+            described(option, hint == nullptr ? shownValue(option, usage.options, inExample) : *hint));
+    }
+    for (const HelpScreen::Argument& argument : screen.arguments) {
+        const auto shown = usage.arguments.find(argument.name);
+        const bool isShown = shown != usage.arguments.end();
+        tool.arguments.push_back(
+            {argument.name, argument.text, isShown && shown->second.repeated, isShown && shown->second.optional});
+    }
+    return tool;
+}
+
+}  // namespace Kelpkit::programs

@@ -1,0 +1,44 @@
+#ifndef KELPKIT_PROGRAMS_RUNNING_TOOL_H
+#define KELPKIT_PROGRAMS_RUNNING_TOOL_H
+
+#include <chrono>
+#include <cstddef>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace Kelpkit::programs {
+
+/// `PROGRAM --help .` in a process of its own, as readHelp() describes it; see running_tool_posix.cpp and
+/// running_tool_windows.cpp. The destructor kills its process group.
+class RunningTool {
+public:
+    /// Starts it.
+    /// \param program  an absolute path
+    /// \throws std::system_error  if it cannot be started
+    RunningTool(const std::filesystem::path& program, const std::string& name, const std::filesystem::path& folder);
+    ~RunningTool();
+    RunningTool(const RunningTool&) = delete;
+    RunningTool& operator=(const RunningTool&) = delete;
+    RunningTool(RunningTool&&) = delete;
+    RunningTool& operator=(RunningTool&&) = delete;
+
+    /// Reads what it prints. Waits up to `longest` milliseconds, or less.
+    /// \returns the number of bytes, 0 at the end of file, or none if nothing has arrived
+    std::optional<std::size_t> read(char* data, std::size_t count, std::chrono::milliseconds longest);
+
+    bool hasEnded() const;
+
+    /// Kills what is left of its process group, and waits for it. To be called once.
+    /// \returns an empty text for exit status 0, otherwise for example "ended with exit status 3"
+    std::string finish();
+
+private:
+    struct Handles;
+    std::unique_ptr<Handles> handles;
+};
+
+}  // namespace Kelpkit::programs
+
+#endif

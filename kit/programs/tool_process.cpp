@@ -1,0 +1,112 @@
+#include "tool_process.h"
+
+#include <kelpkit/Files.h>
+#include <kelpkit/Interruption.h>
+
+#include <array>
+#include <random>
+#include <stdexcept>
+#include <thread>
+
+#include "running_tool.h"
+
+namespace Kelpkit::programs {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+/// A new empty folder that only this user can enter. It is removed with its content.
+class EmptyFolder {
+public:
+    EmptyFolder() {
+        std::random_device random;
+        const std::string name = "kelp-doc-" + std::to_string(random()) + "-" + std::to_string(random());
+        folder = std::filesystem::temp_directory_path() / name;
+        std::error_code reason;
+        if (!std::filesystem::create_directory(folder, reason)) {
+            Kelpkit::fail("cannot create " + folder.u8string(), reason);
+        }
+        std::filesystem::permissions(folder, std::filesystem::perms::owner_all, reason);
+    }
+    ~EmptyFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(folder, ignored);
+    }
+    EmptyFolder(const EmptyFolder&) = delete;
+    EmptyFolder& operator=(const EmptyFolder&) = delete;
+    EmptyFolder(EmptyFolder&&) = delete;
+    EmptyFolder& operator=(EmptyFolder&&) = delete;
+
+    const std::filesystem::path& path() const {
+        return folder;
+    }
+
+private:
+    std::filesystem::path folder;
+};
+
+/// Counts the time down.
+class Deadline {
+public:
+    Deadline(const std::string& program, std::chrono::milliseconds time) : program(program), end(Clock::now() + time) {}
+
+    /// Returns the time that is left. Throws if there is none, or if a signal asked this process to end.
+    std::chrono::milliseconds left() const {
+        checkInterruption();
+        const auto rest = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
+        if (rest.count() <= 0) {
+            throw std::runtime_error(program + " does not end within its time");
+        }
+        return rest;
+    }
+
+private:
+    const std::string& program;
+    Clock::time_point end;
+};
+
+std::string readAll(RunningTool& tool, const Deadline& deadline, std::size_t most) {
+    std::string text;
+    std::array<char, 4096> buffer{};
+    while (text.size() <= most) {
+        const std::optional<std::size_t> count = tool.read(buffer.data(), buffer.size(), deadline.left());
+        if (count == 0U) {
+            break;
+        }
+        text.append(buffer.data(), count.value_or(0));
+    }
+    return text;
+}
+
+void waitForEnd(const RunningTool& tool, const Deadline& deadline) {
+    constexpr std::chrono::milliseconds pause(10);
+    while (!tool.hasEnded()) {
+        std::this_thread::sleep_for(std::min(pause, deadline.left()));
+    }
+}
+
+}  // namespace
+
+std::string readHelp(const std::string& program, const std::string& name, const RunLimits& limits) {
+    noteInterruptions();
+    const Deadline deadline(program, limits.time);
+    const EmptyFolder folder;
+    std::optional<RunningTool> tool;
+    try {
+        tool.emplace(std::filesystem::absolute(pathOf(program)), name, folder.path());
+    } catch (const std::system_error& error) {
+        fail("cannot run " + program, error.code());
+    }
+    std::string text = readAll(*tool, deadline, limits.bytes);
+    if (text.size() > limits.bytes) {
+        throw std::runtime_error(program + " prints more than " + std::to_string(limits.bytes) + " bytes");
+    }
+    waitForEnd(*tool, deadline);
+    if (const std::string problem = tool->finish(); !problem.empty()) {
+        throw std::runtime_error(program + " " + problem);
+    }
+    return text;
+}
+
+}  // namespace Kelpkit::programs

@@ -1,0 +1,346 @@
+#!/usr/bin/env python3
+"""Runs kelp-doc on well-behaved, hostile and odd tools and on saved screens: kelp_doc_test.py KELP_DOC HOSTILE_TOOL DEFINED_TOOL"""
+
+import json
+import os
+import pathlib
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+import programs
+
+KELP_DOC, HOSTILE, DEFINED = sys.argv[1:4]
+NOT_A_SCREEN = ": no help screen: "
+native_only = unittest.skipIf(programs.ON_WINDOWS, "a shell script is no program on Windows")
+
+# Names of the hostile tool, and the message. The exit status is 1.
+INSTALLED = ["share/bash-completion/completions/plain", "share/doc/plain/plain.json", "share/doc/plain/plain.md",
+             "share/fish/vendor_completions.d/plain.fish", "share/zsh/site-functions/_plain"]
+
+REFUSED = [
+    ("silent", NOT_A_SCREEN + "line 1: expected an empty line"),
+    ("status", " ended with exit status 3"),
+    ("twice", NOT_A_SCREEN + "line 17: expected the end of the help screen"),
+    ("before", NOT_A_SCREEN + "line 1: expected an empty line"),
+    ("after", NOT_A_SCREEN + "line 17: expected the end of the help screen"),
+    ("missing", NOT_A_SCREEN + "line 2: expected a blue line of 36 \"#\""),
+    ("large", " prints more than 1000000 bytes"),
+    ("endless", " prints more than 1000000 bytes"),
+    ("other", ' calls itself "another" instead of "other"'),
+    ("path", ' calls itself "../path" instead of "path"'),
+]
+
+ODD_TEXTS = {
+    "quotes": r"""'"`$(touch executed)`touch executed`;|&>executed %s%n \ \n .TH ]]>""",
+    "brackets": "[a](b){c}<d>:e=f,g*h?i~j!k#l@m^n",
+    "letters": "é 日本 😀",
+    "blanks": "  a \t b  ",
+    "words": "w" * 10000,
+    "lines": "a\n\n  b\n.SH c\n",
+}
+
+
+class KelpDocTest(unittest.TestCase):
+    maxDiff = None
+
+    def setUp(self):
+        temporary = tempfile.TemporaryDirectory()
+        self.addCleanup(temporary.cleanup)
+        self.folder = pathlib.Path(temporary.name).resolve()
+        (self.folder / "tmp").mkdir()
+        # Under wine, programs have a folder for temporary files elsewhere, and wine itself would use this one.
+        self.environment = {**os.environ, **({} if programs.ON_WINDOWS else {"TMPDIR": str(self.folder / "tmp")})}
+
+    def doc(self, *arguments, **options):
+        """Returns exit status, output and errors as texts."""
+        status, output, errors = programs.run(KELP_DOC, *arguments, cwd=self.folder, env=self.environment, **options)
+        return status, output.decode(), errors.decode()
+
+    def document(self, *arguments):
+        status, output, errors = self.doc(*arguments)
+        self.assertEqual((status, errors), (0, ""))
+        return output
+
+    def check_refusal(self, status, message, *arguments):
+        """Checks that kelp-doc fails with exactly this message and leaves no file."""
+        self.assertEqual((status, "", "kelp-doc: " + message + "\n"), self.doc(*arguments))
+        self.assertEqual(self.files(), [])
+
+    def files(self):
+        return sorted(path.relative_to(self.folder).as_posix() for path in self.folder.rglob("*") if path.name != "tmp")
+
+    def script(self, *lines):
+        path = self.folder / "tmp" / "script"
+        path.write_text("\n".join(["#!/bin/sh", *lines]) + "\n", encoding="utf-8")
+        path.chmod(0o755)
+        self.addCleanup(path.unlink, missing_ok=True)
+        return "tmp/script"
+
+
+class HostileTools(KelpDocTest):
+    def test_plain(self):
+        for name in ("plain", "complaint", "long"):
+            self.assertEqual(json.loads(self.document("-n=" + name, HOSTILE))["name"], name)
+        self.assertEqual(self.files(), [])
+
+    def test_refused(self):
+        for name, message in REFUSED:
+            with self.subTest(name=name):
+                self.check_refusal(1, HOSTILE + message, "-o=out", "-n=" + name, HOSTILE)
+
+    def test_half_a_screen_and_a_signal(self):
+        status, output, errors = self.doc("-o=out", "-n=fall", HOSTILE)
+        end = "ended with exit status 3" if programs.ON_WINDOWS else f"ended by signal {signal.SIGABRT.value}"
+        self.assertEqual((status, output, errors), (1, "", f"kelp-doc: {HOSTILE} {end}\n"))
+        self.assertEqual(self.files(), [])
+
+    def test_surroundings(self):
+        self.assertEqual(json.loads(self.document("-n=input", HOSTILE))["description"], "no input")
+        description = json.loads(self.document("-n=litter", HOSTILE))["description"]
+        self.assertRegex(description, r"^0 kelp-doc-\d+-\d+$")
+        self.assertEqual(self.files(), [])
+        if programs.ON_WINDOWS:
+            prefix = pathlib.Path(os.environ.get("KELPLIB_WINEPREFIX") or pathlib.Path(
+                os.environ.get("XDG_CACHE_HOME") or pathlib.Path.home() / ".cache", "kelplib-wine"))
+            temporary = list(prefix.glob("drive_c/users/*/Temp"))
+            self.assertNotEqual(temporary, [])
+            self.assertEqual([path for path in temporary if (path / description[2:]).exists()], [])
+
+    def test_start(self):
+        self.check_refusal(1, "cannot run none: No such file or directory", "none")
+        if not programs.ON_WINDOWS:
+            self.check_refusal(1, "cannot run tmp: Permission denied", "tmp")
+
+    def test_names(self):
+        for name in ("", ".hidden", "-x", "../x", "a b", "a/b", "a\\b", "$(x)", "a'b", "a\tb"):
+            shown = name.replace("\t", "\\x09")
+            self.check_refusal(1, f'"{shown}" is not the name of a command; -n=NAME gives another', "-n=" + name, HOSTILE)
+
+    @native_only
+    def test_name_of_the_file(self):
+        script = self.script("exec sh -c 'exec -a \"$0\" true' 2>/dev/null")
+        shutil.copy(HOSTILE, self.folder / "tmp" / "plain.EXE")
+        self.addCleanup((self.folder / "tmp" / "plain.EXE").unlink)
+        self.assertEqual(json.loads(self.document("tmp/plain.EXE"))["name"], "plain")
+        self.assertEqual(self.doc(script)[0], 1)
+
+    @native_only
+    def test_no_terminal_and_signals(self):
+        # The tool has a session of its own and no terminal, and pipes end it as usual.
+        script = self.script("(exec 3</dev/tty) 2>/dev/null && exit 4", "grep -q '^SigIgn:.*[1-9a-f]..$' /proc/$$/status && exit 5",
+                             "exit 6")
+        self.assertEqual(self.doc(script), (1, "", "kelp-doc: tmp/script ended with exit status 6\n"))
+
+    @native_only
+    def test_ten_seconds(self):
+        # One tool sleeps; the other ends, but a process that it has started holds its output open.
+        identity = self.folder / "tmp" / "identity"
+        script = self.script("sleep 120 &", f"echo $! > {identity}", f"exec {HOSTILE}")
+        started = time.monotonic()
+        runs = [subprocess.Popen([KELP_DOC, "-n=" + name, tool], cwd=self.folder, env=self.environment, stdout=subprocess.PIPE,
+                                 stderr=subprocess.PIPE) for name, tool in [("sleeping", HOSTILE), ("plain", script)]]
+        for run, tool in zip(runs, [HOSTILE, script]):
+            output, errors = run.communicate(timeout=60)
+            self.assertEqual((run.returncode, output, errors.decode()),
+                             (1, b"", f"kelp-doc: {tool} does not end within its time\n"))
+        self.assertGreaterEqual(time.monotonic() - started, 10)
+        self.check_ended(int(identity.read_text()))
+        identity.unlink()
+
+    @native_only
+    def test_interrupted(self):
+        identity = self.folder / "tmp" / "identity"
+        script = self.script(f"echo $$ > {identity}.new", f"mv {identity}.new {identity}", "exec sleep 120")
+        run = subprocess.Popen([KELP_DOC, script], cwd=self.folder, env=self.environment, stderr=subprocess.PIPE)
+        while not identity.exists() and run.poll() is None:
+            time.sleep(0.01)
+        run.send_signal(signal.SIGTERM)
+        self.assertEqual((b"kelp-doc: interrupted\n", -signal.SIGTERM), (run.communicate(timeout=60)[1], run.returncode))
+        self.check_ended(int(identity.read_text()))
+        identity.unlink()
+        self.assertEqual([path.name for path in (self.folder / "tmp").iterdir()], ["script"])
+
+    def check_ended(self, process):
+        """Checks that a process is gone or about to go: it has been killed before."""
+        for _ in range(1000):
+            try:
+                with open(f"/proc/{process}/stat", encoding="utf-8") as file:
+                    if file.read().rsplit(")", 1)[1].split()[0] in "ZX":
+                        return
+            except (FileNotFoundError, ProcessLookupError):
+                return
+            time.sleep(0.01)
+        self.fail(f"process {process} is still running")
+
+
+class Definitions(KelpDocTest):
+    """Screens that the library itself prints."""
+
+    def test_odd_texts(self):
+        for name, text in ODD_TEXTS.items():
+            with self.subTest(name=name):
+                tool = json.loads(self.document("-n=" + name, DEFINED))
+                self.assertEqual([tool[member] for member in ("name", "banner", "description", "usage", "example")],
+                                 [name, text, text, text, "on one line" if name == "lines" else text])
+                options = [(each["short"], each["long"], each["text"]) for each in tool["options"]]
+                self.assertCountEqual(options, [("-a", "--" + text, text), (text, text, text)])
+                self.assertEqual([(each["name"], each["text"]) for each in tool["arguments"]], [(text, text)])
+        self.assertEqual(self.files(), [])
+
+    def test_many_options(self):
+        tool = json.loads(self.document("-n=many", DEFINED))
+        self.assertEqual([each["long"] for each in tool["options"]],
+                         [f"--{number}" for number in range(1000, 1500)] + ["--text", "text"])
+
+    def test_none(self):
+        tool = json.loads(self.document("-n=none", DEFINED))
+        self.assertEqual(tool, {"format": 1, "name": "none", "banner": "", "description": "", "usage": "[OPTIONS] ",
+                                "example": "", "options": [], "arguments": []})
+
+    def test_bytes(self):
+        # What is parsed and rendered is what the library prints.
+        for name in [*ODD_TEXTS, "many", "none"]:
+            done = subprocess.run(self.started(name), stdout=subprocess.PIPE, timeout=60, check=True, env=self.environment)
+            screen = self.folder / "saved"
+            screen.write_bytes(done.stdout)
+            visible = self.document("-s", "-f=screen", "saved")
+            screen.unlink()
+            self.assertEqual(visible, self.visible(programs.plain_line_ends(done.stdout).decode()))
+            if not programs.ON_WINDOWS:
+                self.assertEqual(visible, self.document("-n=" + name, "-f=screen", DEFINED))
+
+    def started(self, name):
+        """The command that runs the defined tool under a name."""
+        if programs.ON_WINDOWS:
+            copy = self.folder / "tmp" / (name + ".exe")
+            shutil.copy(DEFINED, copy)
+            shutil.copy(pathlib.Path(DEFINED).with_name("kelplib.dll"), self.folder / "tmp")
+            return programs.command(str(copy), "--help", ".")
+        return ["bash", "-c", 'exec -a "$0" "$1" --help .', name, DEFINED]
+
+    @staticmethod
+    def visible(text):
+        for character, escape in ("\\", "\\\\"), ("\033", "\\e"), ("\t", "\\t"), ("\n", "$\n"):
+            text = text.replace(character, escape)
+        return text
+
+
+class Output(KelpDocTest):
+    def test_file(self):
+        text = self.document("-n=plain", HOSTILE)
+        for _ in range(2):
+            self.assertEqual(self.document("-n=plain", "-o=out.json", HOSTILE), "")
+            self.assertEqual((self.folder / "out.json").read_bytes(), text.encode())
+        self.document("-n=plain", "-f=Markdown", "-o=out.json", HOSTILE)
+        self.assertTrue((self.folder / "out.json").read_bytes().startswith(b"# plain\n"))
+        self.assertEqual(self.files(), ["out.json"])
+
+    def test_old_file_stays(self):
+        (self.folder / "out").write_bytes(b"old")
+        for name, _ in REFUSED:
+            self.assertEqual(self.doc("-n=" + name, "-o=out", HOSTILE)[0], 1)
+            self.assertEqual((self.folder / "out").read_bytes(), b"old")
+
+    def test_all(self):
+        for date in ("0", "1700000000"):
+            self.environment["SOURCE_DATE_EPOCH"] = date
+            for folder in ("in stall", "again"):
+                self.assertEqual(self.document("-a", "-o=" + folder, "-n=plain", HOSTILE), "")
+            for name in INSTALLED:
+                self.assertEqual((self.folder / "in stall" / name).read_bytes(), (self.folder / "again" / name).read_bytes())
+        self.assertEqual([name for name in self.files() if (self.folder / name).is_file()],
+                         [folder + name for folder in ("again/", "in stall/") for name in INSTALLED])
+
+    def test_all_or_nothing(self):
+        blocked = self.folder / "out/share/doc/plain/plain.md"
+        blocked.mkdir(parents=True)
+        status, _, errors = self.doc("-a", "-o=out", "-n=plain", HOSTILE)
+        self.assertEqual((status, errors), (1, "kelp-doc: out/share/doc/plain/plain.md is a directory\n"))
+        self.assertEqual(sorted(blocked.parent.iterdir()), [blocked])
+
+    def test_folder_that_cannot_be_created(self):
+        (self.folder / "file").write_bytes(b"")
+        self.assertEqual(self.doc("-a", "-o=file", "-n=plain", HOSTILE),
+                         (1, "", "kelp-doc: cannot create file/share/bash-completion/completions: Not a directory\n"))
+
+    def test_input_as_output(self):
+        saved = self.folder / "saved"
+        saved.write_text(self.document("-n=plain", "-f=screen", HOSTILE), encoding="utf-8")
+        before = saved.read_bytes()
+        self.assertEqual(self.doc("-s", "-o=saved", "saved")[0], 1)
+        self.assertEqual(saved.read_bytes(), before)
+
+    def test_failed_write(self):
+        self.assertEqual(self.doc("-n=plain", "-o=none/out", HOSTILE)[0], 1)
+        self.assertEqual(self.files(), [])
+
+
+class SavedScreens(KelpDocTest):
+    def test_saved(self):
+        expected = self.document("-n=plain", HOSTILE)
+        visible = self.document("-n=plain", "-f=screen", HOSTILE)
+        raw = visible.replace("$\n", "\n").replace("\\e", "\033").replace("\\t", "\t")
+        for text in (visible, visible.replace("\n", "\r\n"), raw, raw.replace("\n", "\r\n")):
+            (self.folder / "saved").write_bytes(text.encode())
+            self.assertEqual(self.document("-s", "saved"), expected)
+        (self.folder / "saved").write_bytes(raw.replace("plain", "./plain").encode())
+        self.assertEqual(self.document("-s", "-n=plain", "saved"), expected)
+        self.assertEqual(self.doc("-s", "saved"), (1, "", 'kelp-doc: "./plain" is not the name of a command; -n=NAME gives '
+                                                          'another\n'))
+
+    def test_refused(self):
+        saved = self.folder / "saved"
+        for data, message in [(b"", NOT_A_SCREEN + "line 1: expected an empty line"),
+                              (b"$\nx", NOT_A_SCREEN + "line 2: expected $ at the end"),
+                              (b"\n" * 1000000, NOT_A_SCREEN + "line 2: expected a blue line of 36 \"#\""),
+                              (b"\n" * 1000001, " has more than 1000000 bytes")]:
+            saved.write_bytes(data)
+            self.assertEqual(self.doc("-s", "-o=out", "saved"), (1, "", "kelp-doc: saved" + message + "\n"))
+        saved.unlink()
+        self.check_refusal(1, "cannot read saved: No such file or directory", "-s", "saved")
+        self.check_refusal(1, "tmp is a directory", "-s", "tmp")
+
+
+class CommandLines(KelpDocTest):
+    def test_hints(self):
+        saved = self.folder / "saved"
+        saved.write_text(self.document("-f=screen", KELP_DOC), encoding="utf-8")
+        options = json.loads(self.document("-s", "-t=a,n=LETTERS,o=OUT:folder,f=x|y", "saved"))["options"]
+        self.assertEqual({each["short"]: (each["takes"], each["value"], each["choices"]) for each in options},
+                         {"-a": ("nothing", "", []), "-f": ("choice", "", ["x", "y"]), "-h": ("nothing", "", []),
+                          "-n": ("text", "LETTERS", []), "-o": ("folder", "OUT", []), "-s": ("nothing", "", []),
+                          "-t": ("text", "HINTS", [])})
+
+    def test_refused(self):
+        hint = "is no hint; write l, n=LINES, o=FILE:file, d=DIR:folder or m=fast|exact"
+        see = " (see kelp-doc --help)"
+        for arguments, message in [
+                ([], "TOOL is missing"),
+                (["-f=xml", "x"], "-f=xml: not one of bash, fish, json, markdown, screen, zsh"),
+                (["-a", "x"], "-a: needs the folder: -o=FOLDER"),
+                (["-a", "-o=", "x"], "-a: needs the folder: -o=FOLDER"),
+                (["-a", "-o=out", "-f=json", "x"], "-a: cannot be combined with -f"),
+                (["-t=n=", "x"], f'-t=n=: "n=" {hint}'),
+                (["-t=l,", "x"], "-t=l,: not texts separated by \",\", none of them empty"),
+                (["-o=", "x"], "-o=: not a file name"),
+        ]:
+            with self.subTest(arguments=arguments):
+                self.check_refusal(2, message + see, *arguments)
+        self.check_refusal(1, "the hint q fits no option of plain", "-t=q", "-n=plain", HOSTILE)
+
+    def test_itself(self):
+        tool = json.loads(self.document(KELP_DOC))
+        self.assertEqual({each["short"]: (each["takes"], each["value"]) for each in tool["options"]},
+                         {"-a": ("nothing", ""), "-f": ("text", "FORMAT"), "-h": ("nothing", ""), "-n": ("text", "NAME"),
+                          "-o": ("file", "FILE"), "-s": ("nothing", ""), "-t": ("text", "HINTS")})
+        self.assertEqual(tool["arguments"], [{"name": "TOOL", "text": "the program, which is run with --help",
+                                              "repeated": False, "optional": False}])
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
