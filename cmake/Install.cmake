@@ -23,6 +23,12 @@ install(FILES ${binary_dir}/kelplib.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgco
 if(KELPLIB_BUILD_KIT)
     # The kit has an export set of its own, because it is installed apart from the library.
     set_target_properties(kelplib_kit PROPERTIES EXPORT_NAME kit)
+    set(kit_files kit/cmake/KelplibWindowsParts.cmake)
+    if(WIN32)
+        install(TARGETS kelplib_windows_parts EXPORT kelplibKitTargets OBJECTS DESTINATION ${package_dir} COMPONENT kit)
+        list(APPEND kit_files kit/cmake/windows_tool.manifest kit/cmake/windows_tool.rc.in)
+    endif()
+    install(FILES ${kit_files} DESTINATION ${package_dir} COMPONENT kit)
     install(TARGETS kelplib_kit EXPORT kelplibKitTargets ARCHIVE COMPONENT kit FILE_SET HEADERS COMPONENT kit)
     install(EXPORT kelplibKitTargets NAMESPACE kelplib:: DESTINATION ${package_dir} COMPONENT kit)
     configure_file(cmake/packages/kelpkit.pc.in kelpkit.pc @ONLY)

@@ -14,7 +14,6 @@
 #include <string.h>
 
 #include "escaped.h"
-#include "utf8_console.h"
 
 /* The label, the bar and the longest time after it fit into 80 columns. */
 enum { MAX_SHOWN = 10, BAR_WIDTH = 30, LABEL_WIDTH = 18 };
@@ -171,7 +170,6 @@ static int is_help(const char* argument) {
 int main(int argc, char** argv) {
     char* name;
     int status = NONE_FOUND;
-    use_utf8_console();
     if (argc != 2) {
         fprintf(stderr, "usage: flat_progress FILE\n");
         return FAILURE;

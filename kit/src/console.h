@@ -3,11 +3,15 @@
 
 namespace Kelpkit {
 
-/// Sets the console to UTF-8, the encoding of file names and messages, until restoreConsole() or the end of the process, also by
-/// Ctrl-C. Only a Windows console needs this. Further calls do nothing.
+/// Sets the console to UTF-8, the encoding of file names and messages, and has it interpret escape sequences, until
+/// restoreConsole() or the end of the process, also by Ctrl-C, but not by a crash or abort(). Only a Windows console needs this.
+/// Output into pipes and files, and input from them, leaves the console alone. Further calls do nothing.
+///
+/// Programs that share a console leave it as it was: each undoes only what it has changed. While they run, the end of the first
+/// one also ends the settings of the others.
 void useUtf8Console();
 
-/// Gives the console the encoding that it had before useUtf8Console(), if that was called.
+/// Undoes what useUtf8Console() has changed, if it was called.
 void restoreConsole();
 
 /// Returns whether standard output is open.

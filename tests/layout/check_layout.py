@@ -8,8 +8,7 @@
 - Examples, their tests and benchmarks include only public headers, those of the library and of the kit.
 - Headers do not include each other in a cycle.
 - Only src/platform uses system headers and macros (besides the export macro in Export.h). The kit's *_posix.cpp and
-  *_windows.cpp and *_posix and *_windows of examples/flat_progress may include system headers, too, and so may tests and
-  benchmarks.
+  *_windows.cpp may include system headers, too, and so may tests and benchmarks.
 - Functions that write without a bound, or that no library should call, are not used.
 - Every source is listed in the build by name, without file(GLOB). A source has at most 200 lines, except for tests and for
   public headers, which are mostly documentation.
@@ -23,8 +22,7 @@ MOST_LINES = 200
 ROOMS = ("tool", "command_line", "convert", "path", "console", "util", "platform")
 PUBLIC_ONLY = ("examples/", "tests/examples/", "benchmarks/")
 SYSTEM_HEADERS = re.compile(r"<(windows\.h|direct\.h|io\.h|conio\.h|unistd\.h|fcntl\.h|time\.h|pthread\.h|sys/[^>]*)>")
-SYSTEM_SOURCES = re.compile(r"(src/platform|tests|benchmarks)/.*|examples/flat_progress/\w+_(posix|windows)\.(c|cpp)"
-                            r"|kit/(src|programs)/(\w+/)*\w+_(posix|windows)\.cpp")
+SYSTEM_SOURCES = re.compile(r"(src/platform|tests|benchmarks)/.*|kit/(src|programs)/(\w+/)*\w+_(posix|windows)\.cpp")
 SYSTEM_CHECKS = re.compile(r"^\s*#\s*(?:el)?if.*\b(_WIN32|_WIN64|__linux__|__unix__|__APPLE__|__MINGW\w*)\b", re.M)
 FORBIDDEN = re.compile(r"(?<![\w.>])(?:std::)?(sprintf|vsprintf|strcpy|strncpy|strcat|strncat|gets|strtok|system|scanf|"
                        r"sscanf|alloca|rand)\s*\(")

@@ -63,7 +63,8 @@ def kit_files(library_folder):
     headers = sorted(path.name for path in (ROOT / "kit" / "include" / "kelpkit").iterdir())
     return [*(f"include/kelpkit/{name}" for name in headers),
             *(f"{library_folder}/{name}" for name in (
-                "cmake/kelplib/kelplibKitTargets.cmake", "libkelpkit.a", "pkgconfig/kelpkit.pc"))]
+                "cmake/kelplib/KelplibWindowsParts.cmake", "cmake/kelplib/kelplibKitTargets.cmake", "libkelpkit.a",
+                "pkgconfig/kelpkit.pc"))]
 
 
 class InOneFolder(unittest.TestCase):

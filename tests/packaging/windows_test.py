@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Uses the zip for Windows in another project: windows_test.py BUILD_FOLDER TOOLCHAIN_FILE C_COMPILER
+"""Uses the zip for Windows in another project: windows_test.py BUILD_FOLDER TOOLCHAIN_FILE C_COMPILER PARTS_PROBE
 
 cpack makes the zip. The programs of consumer/ are cross-compiled with its contents and run under wine.
 """
@@ -12,7 +12,7 @@ import zipfile
 import programs
 from consumers import FLAT_OUTPUT, HERE, KIT_OUTPUT, KIT_REFUSAL, NUMBERS, TOOL_OUTPUT, InOneFolder, built, kit_files, output
 
-BUILD, TOOLCHAIN, C_COMPILER = sys.argv[1:]
+BUILD, TOOLCHAIN, C_COMPILER, PARTS_PROBE = sys.argv[1:]
 del sys.argv[1:]
 
 
@@ -33,7 +33,8 @@ class WindowsZip(InOneFolder):
 
     def test_everything_is_in_it(self):
         for name in ("bin/kelplib.dll", "lib/libkelplib.dll.a", "lib/cmake/kelplib/kelplibConfig.cmake",
-                     "lib/pkgconfig/kelplib.pc", "include/kelplib/Kelp.h", "share/doc/kelplib/LICENSE", *kit_files("lib")):
+                     "lib/pkgconfig/kelplib.pc", "include/kelplib/Kelp.h", "share/doc/kelplib/LICENSE",
+                     "lib/cmake/kelplib/windows_tool.manifest", "lib/cmake/kelplib/windows_tool.rc.in", *kit_files("lib")):
             self.assertIn(f"{self.prefix.name}/{name}", self.names)
 
     def test_by_find_package(self):
@@ -48,6 +49,24 @@ class WindowsZip(InOneFolder):
         status, text, problem = programs.run(folder / "kit_tool.exe", "-n=3x")
         self.assertEqual(status, 2)
         self.assertTrue(" ".join((text + problem).decode().split()).startswith(KIT_REFUSAL), problem)
+
+    def test_windows_parts(self):
+        for generator in ("Ninja", "Unix Makefiles"):
+            with self.subTest(generator=generator):
+                folder = self.folder / f"é's parts $(touch executed) {generator}"
+                output("cmake", "-G", generator, "-S", HERE / "windows_parts", "-B", folder,
+                       f"-DCMAKE_TOOLCHAIN_FILE={TOOLCHAIN}", f"-Dkelplib_DIR={self.prefix}/lib/cmake/kelplib")
+                output("cmake", "--build", folder)
+                self.assertEqual(self.outcome(folder / "kit tool.exe", "-n=5"), (0, KIT_OUTPUT))
+                self.assertEqual(self.outcome(folder / "flat.exe"), (0, FLAT_OUTPUT))
+                self.assertEqual(self.resources(folder / "kit tool.exe"), [
+                    "20005.0 20005.0 40004 1", 'A "tool" & more', "2.5", "kit_tool", "kit tool.exe", "kit_tool", "2.5"])
+                self.assertEqual(self.resources(folder / "flat.exe"), [
+                    "0.0 0.0 40004 1", "flat", "70000.1", "flat", "flat.exe", "flat", "70000.1"])
+                self.assertEqual(list(folder.rglob("executed")), [])
+
+    def resources(self, program):
+        return self.outcome(PARTS_PROBE, "resources", "Z:" + str(program).replace("/", "\\"))[1].splitlines()[:7]
 
     def test_by_a_c_compiler_alone(self):
         program = self.folder / "flat.exe"

@@ -1,3 +1,0 @@
-#include "utf8_console.h"
-
-void use_utf8_console(void) {}
