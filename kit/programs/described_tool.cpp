@@ -1,6 +1,7 @@
 #include "described_tool.h"
 
 #include <kelpkit/CommandLine.h>
+#include <kelpkit/Files.h>
 
 #include <algorithm>
 #include <array>
@@ -115,7 +116,8 @@ Hint readHint(const std::string& text) {
     const bool hasValue = text.size() > 2 && text[1] == '=';
     const Value value = hasValue ? hintedValue(text.substr(2)) : Value{Takes::nothing, "", {}};
     const bool isNamed = !hasValue || !value.name.empty() || !value.choices.empty();
-    if (text.empty() || !isLetter(text.front()) || (text.size() > 1 && !hasValue) || !isNamed) {
+    if (text.empty() || !isLetter(text.front()) || (text.size() > 1 && !hasValue) || !isNamed ||
+        printable(text) != text) {
         throw std::runtime_error("\"" + text +
                                  "\" is no hint; write l, n=LINES, o=FILE:file, d=DIR:folder or m=fast|exact");
     }

@@ -79,7 +79,7 @@ void createFolderOf(const std::string& file) {
 }
 
 /// Writes all documents that are installed.
-void writeAll(const std::string& folder, const Material& material) {
+void writeAll(const std::string& folder, const std::string& source, const Material& material) {
     std::vector<std::string> names;
     std::vector<std::string> texts;
     for (const Format& format : formats) {
@@ -89,6 +89,7 @@ void writeAll(const std::string& folder, const Material& material) {
         }
     }
     for (const std::string& name : names) {
+        Kelpkit::requireNoInput(name, {source});
         createFolderOf(name);
     }
     Kelpkit::NewFiles files(names, true);
@@ -120,7 +121,7 @@ int work(Kelpkit::CommandLine& line) {
     const HelpScreen screen = readScreen(line.arguments().front(), line.has("-s"), line.value<std::string>("-n"));
     const Material material{screen, describe(screen, hints)};
     if (folder) {
-        writeAll(*folder, material);
+        writeAll(*folder, line.arguments().front(), material);
     } else {
         writeOne(file, material, format);
     }

@@ -72,11 +72,12 @@ public:
     void prepare(const std::filesystem::path& folder, int output) {
         sigset_t none;
         sigemptyset(&none);
-        sigset_t pipeSignal;
-        sigemptyset(&pipeSignal);
-        sigaddset(&pipeSignal, SIGPIPE);
+        sigset_t usual;
+        sigemptyset(&usual);
+        sigaddset(&usual, SIGCHLD);
+        sigaddset(&usual, SIGPIPE);
         const std::array<int, 7> results{
-            posix_spawnattr_setsigmask(&attributes, &none), posix_spawnattr_setsigdefault(&attributes, &pipeSignal),
+            posix_spawnattr_setsigmask(&attributes, &none), posix_spawnattr_setsigdefault(&attributes, &usual),
             // A session of its own has no terminal, and is a process group.
             posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF),
             posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0),
@@ -102,6 +103,8 @@ struct RunningTool::Handles {
 RunningTool::RunningTool(const std::filesystem::path& program, const std::string& name,
                          const std::filesystem::path& folder)
     : handles(std::make_unique<Handles>()) {
+    // A caller may have left it ignored. The system would then drop the exit status of the tool.
+    std::signal(SIGCHLD, SIG_DFL);
     std::string ownName = name;
     std::string help = "--help";
     std::string dot = ".";

@@ -30,7 +30,7 @@ bool isCommandName(const std::string& name) {
                std::string_view("-_.+").find(each) != std::string_view::npos;
     };
     return !name.empty() && name.front() != '-' && name.front() != '.' &&
-           std::all_of(name.begin(), name.end(), isPlain);
+           std::all_of(name.begin(), name.end(), isPlain) && printable(name) == name;
 }
 
 void requireCommandName(const std::string& name) {

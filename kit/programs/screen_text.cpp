@@ -21,6 +21,9 @@ std::string withPlainLineEnds(std::string_view text) {
             if (windows) {
                 plain.pop_back();
             }
+            if (!plain.empty() && plain.back() == '\r') {
+                throw ScreenError("line " + std::to_string(line) + ": expected a line end as in line 1");
+            }
             ++line;
         }
         plain += character;

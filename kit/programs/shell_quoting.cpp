@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <set>
 
 namespace Kelpkit::programs {
 
@@ -121,11 +122,10 @@ std::vector<OfferedFlag> offeredFlags(const DescribedTool& tool) {
 
 std::vector<OptionLetter> optionLetters(const DescribedTool& tool) {
     std::vector<OptionLetter> letters;
+    std::set<std::string> known;
     for (const DescribedOption& option : tool.options) {
         const std::string letter = letterOf(option);
-        const bool known = std::any_of(letters.begin(), letters.end(),
-                                       [&](const OptionLetter& each) { return each.letter == letter; });
-        if (!letter.empty() && !known) {
+        if (!letter.empty() && known.insert(letter).second) {
             letters.push_back({letter, &option});
         }
     }

@@ -7,6 +7,8 @@
 #include <random>
 #include <stdexcept>
 #include <thread>
+#include <utility>
+#include <vector>
 
 #include "running_tool.h"
 
@@ -16,22 +18,46 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
+/// Lets this user change the folders in a folder, and itself. Follows no links.
+void makeWritable(const std::filesystem::path& folder) {
+    std::error_code reason;
+    std::vector<std::filesystem::path> rest{folder};
+    while (!rest.empty()) {
+        std::filesystem::path path = std::move(rest.back());
+        rest.pop_back();
+        if (std::filesystem::symlink_status(path, reason).type() == std::filesystem::file_type::directory) {
+            std::filesystem::permissions(path, std::filesystem::perms::owner_all, reason);
+            const std::filesystem::directory_iterator end;
+            for (std::filesystem::directory_iterator i(path, reason); i != end; i.increment(reason)) {
+                rest.push_back(i->path());
+            }
+        }
+    }
+}
+
 /// A new empty folder that only this user can enter. It is removed with its content.
 class EmptyFolder {
 public:
     EmptyFolder() {
         std::random_device random;
         const std::string name = "kelp-doc-" + std::to_string(random()) + "-" + std::to_string(random());
-        folder = std::filesystem::temp_directory_path() / name;
         std::error_code reason;
+        folder = std::filesystem::temp_directory_path(reason) / name;
+        if (reason) {
+            Kelpkit::fail("cannot use the folder for temporary files", reason);
+        }
         if (!std::filesystem::create_directory(folder, reason)) {
             Kelpkit::fail("cannot create " + folder.u8string(), reason);
         }
         std::filesystem::permissions(folder, std::filesystem::perms::owner_all, reason);
     }
     ~EmptyFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(folder, ignored);
+        std::error_code reason;
+        std::filesystem::remove_all(folder, reason);
+        if (reason) {
+            makeWritable(folder);
+            std::filesystem::remove_all(folder, reason);
+        }
     }
     EmptyFolder(const EmptyFolder&) = delete;
     EmptyFolder& operator=(const EmptyFolder&) = delete;

@@ -72,10 +72,11 @@ public:
             word += character;
             return;
         }
+        const bool endsValue = character == ']' && endsOptionalValue();
         endWord();
         if (character == '[') {
             ++depth;
-        } else if (character == ']' && depth > 0) {
+        } else if (character == ']' && !endsValue && depth > 0) {
             --depth;
         }
     }
@@ -85,16 +86,22 @@ public:
     }
 
 private:
+    bool isInValue() const {
+        return word.find('=') != std::string::npos;
+    }
+    /// Whether the word is the beginning of -n[=LINES].
+    bool endsOptionalValue() const {
+        return word.find("[=") != std::string::npos;
+    }
     /// Values may contain "," and "|".
     bool separates(char character, char next) const {
-        const bool inValue = word.find('=') != std::string::npos;
         if (character == '|') {
-            return !inValue || next == '-';
+            return !isInValue() || next == '-';
         }
         if (character == '[' && next == '=') {
             return false;  // -n[=LINES]
         }
-        return character == ',' ? !inValue : separators.find(character) != std::string_view::npos;
+        return character == ',' ? !isInValue() : separators.find(character) != std::string_view::npos;
     }
     void endWord() {
         const bool repeated = endsWith(word, repetition);

@@ -33,6 +33,7 @@ constexpr Named targets[] = {
     {"progress", fuzz::progress},
     {"install_location", fuzz::install_location},
     {"kit_line", fuzz::kit_line},
+    {"documents", fuzz::documents},
 };
 
 std::string current;

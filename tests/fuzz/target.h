@@ -24,6 +24,7 @@ Target labels;
 Target progress;
 Target install_location;
 Target kit_line;
+Target documents;
 
 }  // namespace fuzz
 

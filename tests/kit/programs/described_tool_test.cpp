@@ -61,8 +61,8 @@ TEST(Hint, Accepted) {
 }
 
 TEST(Hint, Refused) {
-    for (const char* text :
-         {"", "=", "-", "n=", "ln", "-n=LINES", "=LINES", "n:file", "n=:file", " ", "\n=x", "\xC3=x"}) {
+    for (const char* text : {"", "=", "-", "n=", "ln", "-n=LINES", "=LINES", "n:file", "n=:file", " ", "\n=x", "\xC3=x",
+                             "n=\xC3", "n=a\tb"}) {
         try {
             readHint(text);
             ADD_FAILURE() << text;
@@ -208,6 +208,8 @@ TEST(DescribedTool, Arguments) {
         {"FIRST OTHER [OTHER...]", "FIRST, OTHER..."},
         {"[FIRST [OTHER]]", "[FIRST], [OTHER]"},
         {"[-n] FIRST] [OTHER]", "FIRST, [OTHER]"},
+        {"[-n[=LINES] FIRST [OTHER]] ", "[FIRST], [OTHER]"},
+        {"-n[=LINES] [FIRST] OTHER", "[FIRST], OTHER"},
         {"(FIRST | OTHER)...", "FIRST, OTHER..."},
         {"FIRST -n...", "FIRST, OTHER"},
         {"first other...", "FIRST, OTHER"},

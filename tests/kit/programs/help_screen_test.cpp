@@ -306,6 +306,9 @@ TEST(HelpScreen, Refusals) {
               "line 18: expected printable characters in UTF-8");
     EXPECT_EQ(refusal(replaced(withCrLf(usual), "Usage:\033[0m\r\n", "Usage:\033[0m\n")),
               "line 8: expected a line end as in line 1");
+    // A text with CRLF on Windows
+    EXPECT_EQ(refusal(withCrLf(replaced(usual, "lines of", "lines\r\nof"))),
+              "line 7: expected a line end as in line 1");
 }
 
 // The visible form

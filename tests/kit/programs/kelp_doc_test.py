@@ -4,6 +4,8 @@
 import json
 import os
 import pathlib
+import resource
+import shlex
 import shutil
 import signal
 import subprocess
@@ -111,14 +113,68 @@ class HostileTools(KelpDocTest):
             self.assertNotEqual(temporary, [])
             self.assertEqual([path for path in temporary if (path / description[2:]).exists()], [])
 
+    @native_only
+    def test_folders_without_access(self):
+        kept = self.folder / "tmp" / "kept"
+        kept.mkdir()
+        kept.chmod(0o500)
+        saved = self.saved_plain()
+        script = self.script("mkdir -p a/b c", "touch a/b/file c/file", f"ln -s {shlex.quote(str(kept))} a/link",
+                             "chmod 500 a/b", "chmod 0 c", "chmod 500 a .", f"exec cat {shlex.quote(saved)}")
+        self.assertEqual(json.loads(self.document("-n=plain", script))["name"], "plain")
+        self.assertEqual(sorted(path.name for path in (self.folder / "tmp").iterdir()), ["kept", "saved", "script"])
+        self.assertEqual(kept.stat().st_mode & 0o777, 0o500)
+        # A link in place of the folder
+        script = self.script('folder=$PWD', 'rmdir "$folder"', f'ln -s {shlex.quote(str(kept))} "$folder"',
+                             f"exec cat {shlex.quote(saved)}")
+        self.assertEqual(json.loads(self.document("-n=plain", script))["name"], "plain")
+        self.assertEqual(sorted(path.name for path in (self.folder / "tmp").iterdir()), ["kept", "saved", "script"])
+        kept.rmdir()
+
+    @native_only
+    def test_folder_that_goes(self):
+        saved = self.saved_plain()
+        script = self.script('rmdir "$PWD"', f"exec cat {shlex.quote(saved)}")
+        self.assertEqual(json.loads(self.document("-n=plain", script))["name"], "plain")
+
+    @native_only
+    def test_no_temporary_folder(self):
+        for folder, reason in ("none", "No such file or directory"), ("script", "Not a directory"):
+            script = self.script("exit 3")
+            self.environment["TMPDIR"] = str(self.folder / "tmp" / folder)
+            self.assertEqual(self.doc(script), (1, "", f"kelp-doc: cannot use the folder for temporary files: {reason}\n"))
+
+    @native_only
+    def test_ignored_end_of_children(self):
+        script = self.script("exit 3")
+        self.assertEqual(self.doc(script, preexec_fn=lambda: signal.signal(signal.SIGCHLD, signal.SIG_IGN)),
+                         (1, "", "kelp-doc: tmp/script ended with exit status 3\n"))
+
+    @native_only
+    def test_closed_streams(self):
+        expected = self.document("-n=plain", HOSTILE)
+        for closed in ("<&-", "2>&-", "<&- 2>&-"):
+            command = f'exec "$0" -n=plain -o=out "$1" {closed}'
+            done = subprocess.run(["sh", "-c", command, KELP_DOC, HOSTILE], cwd=self.folder, env=self.environment, timeout=60,
+                                  stdout=subprocess.PIPE, check=True)
+            self.assertEqual((done.stdout, (self.folder / "out").read_text()), (b"", expected))
+
+    def saved_plain(self):
+        """Saves the screen of the plain tool in the temporary folder. Returns its name."""
+        path = self.folder / "tmp" / "saved"
+        visible = self.document("-n=plain", "-f=screen", HOSTILE)
+        path.write_text(visible.replace("$\n", "\n").replace("\\e", "\033").replace("\\t", "\t"), encoding="utf-8")
+        self.addCleanup(path.unlink)
+        return str(path)
+
     def test_start(self):
         self.check_refusal(1, "cannot run none: No such file or directory", "none")
         if not programs.ON_WINDOWS:
             self.check_refusal(1, "cannot run tmp: Permission denied", "tmp")
 
     def test_names(self):
-        for name in ("", ".hidden", "-x", "../x", "a b", "a/b", "a\\b", "$(x)", "a'b", "a\tb"):
-            shown = name.replace("\t", "\\x09")
+        for name in ("", ".hidden", "-x", "../x", "a b", "a/b", "a\\b", "$(x)", "a'b", "a\tb", "a\x9bb"):
+            shown = name.replace("\t", "\\x09").replace("\x9b", "\\xc2\\x9b")
             self.check_refusal(1, f'"{shown}" is not the name of a command; -n=NAME gives another', "-n=" + name, HOSTILE)
 
     @native_only
@@ -275,6 +331,26 @@ class Output(KelpDocTest):
         self.assertEqual(self.doc("-s", "-o=saved", "saved")[0], 1)
         self.assertEqual(saved.read_bytes(), before)
 
+    def test_input_among_all(self):
+        saved = self.folder / "out/share/doc/plain/plain.json"
+        saved.parent.mkdir(parents=True)
+        saved.write_text(self.document("-n=plain", "-f=screen", HOSTILE), encoding="utf-8")
+        before = saved.read_bytes()
+        name = saved.relative_to(self.folder).as_posix()
+        self.assertEqual(self.doc("-s", "-a", "-o=out", name),
+                         (1, "", f"kelp-doc: {name} is an input too; choose another name\n"))
+        self.assertEqual(saved.read_bytes(), before)
+        self.assertEqual(list(saved.parent.iterdir()), [saved])
+
+    @native_only
+    def test_size_of_files(self):
+        # As on a full disk: none of the documents appears.
+        limit = lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (2000, 2000))
+        status, _, errors = self.doc("-a", "-o=out", "-n=plain", HOSTILE, preexec_fn=limit)
+        self.assertEqual((status, errors),
+                         (1, "kelp-doc: cannot write out/share/bash-completion/completions/plain: File too large\n"))
+        self.assertEqual([name for name in self.files() if (self.folder / name).is_file()], [])
+
     def test_failed_write(self):
         self.assertEqual(self.doc("-n=plain", "-o=none/out", HOSTILE)[0], 1)
         self.assertEqual(self.files(), [])
@@ -306,6 +382,20 @@ class SavedScreens(KelpDocTest):
         self.check_refusal(1, "tmp is a directory", "-s", "tmp")
 
 
+    @native_only
+    def test_time(self):
+        # Screens of nearly the largest size. Quadratic work took at least three seconds in a build with optimisation.
+        before, between, after = self.document("-n=plain", "-f=screen", HOSTILE).partition("  plain $\n")
+        options = "".join(f"  \\e[34m-{chr(letter)}, :\\e[0m $\n$\n" for letter in range(0x3400, 0x3400 + 20000))
+        for text in (before + between.replace(" $", " " + "w" * 900000 + "$") + after,
+                     before + between + after.replace("Options:\\e[0m$\n", "Options:\\e[0m$\n" + options)):
+            (self.folder / "saved").write_text(text, encoding="utf-8")
+            for form in ("bash", "fish", "json", "markdown", "screen", "zsh"):
+                with self.subTest(form=form, text=text[-100:]):
+                    limit = lambda: resource.setrlimit(resource.RLIMIT_CPU, (2, 2))
+                    self.assertEqual(self.doc("-s", "-f=" + form, "-o=out", "saved", preexec_fn=limit), (0, "", ""))
+
+
 class CommandLines(KelpDocTest):
     def test_hints(self):
         saved = self.folder / "saved"
@@ -326,6 +416,7 @@ class CommandLines(KelpDocTest):
                 (["-a", "-o=", "x"], "-a: needs the folder: -o=FOLDER"),
                 (["-a", "-o=out", "-f=json", "x"], "-a: cannot be combined with -f"),
                 (["-t=n=", "x"], f'-t=n=: "n=" {hint}'),
+                (["-t=n=a\tb", "x"], f'-t=n=a\\x09b: "n=a\\x09b" {hint}'),
                 (["-t=l,", "x"], "-t=l,: not texts separated by \",\", none of them empty"),
                 (["-o=", "x"], "-o=: not a file name"),
         ]:
