@@ -15,9 +15,14 @@ constexpr std::string_view functions = R"script(# shellcheck shell=bash
 # Sets word to the last word of a line, without quotes; quote to the quote that is open at its end; and expands if it contains
 # something that the shell expands.
 _ID_read() {
-    local rest=$1 plain
+    local rest='' later=$1 plain
     word='' quote='' expands=''
-    while [[ $rest ]]; do
+    while [[ $rest || $later ]]; do
+        # bash copies the rest at every step, so it is short. It begins with at least two characters, if there are as many.
+        if ((${#rest} < 2)); then
+            rest+=${later:0:200}
+            later=${later:200}
+        fi
         case $quote in
             \') plain=${rest%%\'*} ;;
             \") plain=${rest%%[\"\\]*} ;;

@@ -19,9 +19,10 @@ std::string zshCompletion(const DescribedTool& tool);
 std::string fishCompletion(const DescribedTool& tool);
 /// @}
 
-/// Returns a man page in mdoc.
+/// Returns a man page of section 1 in mdoc and UTF-8. No text of the tool is a macro or a request. It contains all texts except the
+/// banner; NAME has the first sentence of the description, without its full stop.
 /// \param date      "November 22, 2026"
-/// \param sections  further sections in mdoc, inserted before EXAMPLES; may be empty
+/// \param sections  further sections in mdoc, as insertManSections of man_sections.h takes them; may be empty
 std::string manPage(const DescribedTool& tool, const std::string& date, const std::string& sections);
 
 /// Returns a page in Markdown (CommonMark). No text of the tool has a meaning for Markdown.

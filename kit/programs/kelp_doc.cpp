@@ -3,8 +3,12 @@
 #include <kelpkit/Tool.h>
 
 #include <array>
+#include <cstdlib>
+#include <ctime>
 
+#include "document_date.h"
 #include "formats.h"
+#include "man_sections.h"
 #include "screen_source.h"
 
 namespace {
@@ -14,7 +18,13 @@ using namespace Kelpkit::programs;
 struct Material {
     HelpScreen screen;
     DescribedTool tool;
+    std::string manSections;
 };
+
+std::string manPageOfToday(const Material& material) {
+    const std::string date = documentDate(std::getenv("SOURCE_DATE_EPOCH"), std::time(nullptr));
+    return manPage(material.tool, date, material.manSections);
+}
 
 struct Format {
     const char* name;
@@ -23,12 +33,13 @@ struct Format {
         installed;  ///< the name of the file below the prefix of an installation, with the tool's name for *; or empty
 };
 
-constexpr std::array<Format, 6> formats{{
+constexpr std::array<Format, 7> formats{{
     {"bash", [](const Material& material) { return bashCompletion(material.tool); },
      "share/bash-completion/completions/*"},
     {"fish", [](const Material& material) { return fishCompletion(material.tool); },
      "share/fish/vendor_completions.d/*.fish"},
     {"json", [](const Material& material) { return json(material.tool); }, "share/doc/*/*.json"},
+    {"man", manPageOfToday, "share/man/man1/*.1"},
     {"markdown", [](const Material& material) { return markdown(material.tool); }, "share/doc/*/*.md"},
     {"screen", [](const Material& material) { return visibleScreen(material.screen); }, ""},
     {"zsh", [](const Material& material) { return zshCompletion(material.tool); }, "share/zsh/site-functions/_*"},
@@ -79,7 +90,7 @@ void createFolderOf(const std::string& file) {
 }
 
 /// Writes all documents that are installed.
-void writeAll(const std::string& folder, const std::string& source, const Material& material) {
+void writeAll(const std::string& folder, const std::vector<std::string>& inputs, const Material& material) {
     std::vector<std::string> names;
     std::vector<std::string> texts;
     for (const Format& format : formats) {
@@ -89,7 +100,7 @@ void writeAll(const std::string& folder, const std::string& source, const Materi
         }
     }
     for (const std::string& name : names) {
-        Kelpkit::requireNoInput(name, {source});
+        Kelpkit::requireNoInput(name, inputs);
         createFolderOf(name);
     }
     Kelpkit::NewFiles files(names, true);
@@ -112,16 +123,27 @@ std::optional<std::string> readFolder(const Kelpkit::CommandLine& line) {
     return folder;
 }
 
+/// Returns the further sections of the man page, which -i names.
+std::string readSections(const Kelpkit::CommandLine& line, const Format& format) {
+    const std::optional<std::string> file = line.value<std::string>("-i");
+    if (file && !line.has("-a") && format.name != std::string_view("man")) {
+        line.refuse("-i", "belongs to -f=man or -a");
+    }
+    return file ? readManSections(*file) : "";
+}
+
 int work(Kelpkit::CommandLine& line) {
     const std::optional<std::string> folder = readFolder(line);
     const std::optional<std::string> file = folder ? std::nullopt : line.outputFile("-o");
     const Format format = readFormat(line);
     const std::vector<Hint> hints = readHints(line);
-    Kelpkit::requireNoInput(file, line.arguments());
+    const std::string sections = readSections(line, format);
+    const std::vector<std::string> inputs{line.arguments().front(), line.value<std::string>("-i").value_or("")};
+    Kelpkit::requireNoInput(file, inputs);
     const HelpScreen screen = readScreen(line.arguments().front(), line.has("-s"), line.value<std::string>("-n"));
-    const Material material{screen, describe(screen, hints)};
+    const Material material{screen, describe(screen, hints), sections};
     if (folder) {
-        writeAll(*folder, line.arguments().front(), material);
+        writeAll(*folder, inputs, material);
     } else {
         writeOne(file, material, format);
     }
@@ -135,15 +157,16 @@ int main(int argc, char** argv) {
         "kelp-doc",
         "Writes documents about a tool from its help screen.",
         {{"-a", "--all", "writes all documents for an installation", Kelpkit::isSwitch},
-         {"-f", "--format", "bash, fish, json, markdown, screen or zsh (json)", Kelpkit::takesValue},
+         {"-f", "--format", "bash, fish, json, man, markdown, screen or zsh (json)", Kelpkit::takesValue},
          {"-h", "--help", "shows this help", Kelpkit::isSwitch},
+         {"-i", "--include", "inserts the sections of this file, in mdoc, into the man page", Kelpkit::takesValue},
          {"-n", "--name", "the name of the tool (that of its file)", Kelpkit::takesValue},
          {"-o", "--output", "overwrites this file; with -a, files in this folder", Kelpkit::takesValue},
          {"-s", "--screen", "TOOL is a saved help screen, which is read", Kelpkit::isSwitch},
          {"-t", "--takes", "what options take: n=LINES,o=FILE:file,m=fast|exact,l", Kelpkit::takesValue}},
         {{"TOOL", "the program, which is run with --help", false}},
         "-f=markdown -o=firstlines.md bin/firstlines",
-        "[-f=FORMAT] [-n=NAME] [-t=HINTS] [-o=FILE | -a -o=FOLDER] [-s] TOOL",
+        "[-f=FORMAT] [-i=FILE] [-n=NAME] [-t=HINTS] [-o=FILE | -a -o=FOLDER] [-s] TOOL",
         "",
         KELPKIT_VERSION};
     return Kelpkit::run(tool, argc, argv, work);

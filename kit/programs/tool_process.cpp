@@ -18,17 +18,27 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// Lets this user change the folders in a folder, and itself. Follows no links.
-void makeWritable(const std::filesystem::path& folder) {
-    std::error_code reason;
+/// Returns whether a change of rights can do no harm: a file may have another name elsewhere.
+bool isOwn(const std::filesystem::path& path, std::filesystem::file_type type) {
+    std::error_code ignored;
+    return type == std::filesystem::file_type::directory ||
+           (type == std::filesystem::file_type::regular && std::filesystem::hard_link_count(path, ignored) == 1);
+}
+
+/// Lets this user remove what is in a folder: Linux asks for the rights of folders, Windows for those of files. Follows no links.
+void makeRemovable(const std::filesystem::path& folder) {
+    std::error_code ignored;
     std::vector<std::filesystem::path> rest{folder};
     while (!rest.empty()) {
         std::filesystem::path path = std::move(rest.back());
         rest.pop_back();
-        if (std::filesystem::symlink_status(path, reason).type() == std::filesystem::file_type::directory) {
-            std::filesystem::permissions(path, std::filesystem::perms::owner_all, reason);
+        const std::filesystem::file_type type = std::filesystem::symlink_status(path, ignored).type();
+        if (isOwn(path, type)) {
+            std::filesystem::permissions(path, std::filesystem::perms::owner_all, ignored);
+        }
+        if (type == std::filesystem::file_type::directory) {
             const std::filesystem::directory_iterator end;
-            for (std::filesystem::directory_iterator i(path, reason); i != end; i.increment(reason)) {
+            for (std::filesystem::directory_iterator i(path, ignored); i != end; i.increment(ignored)) {
                 rest.push_back(i->path());
             }
         }
@@ -55,7 +65,7 @@ public:
         std::error_code reason;
         std::filesystem::remove_all(folder, reason);
         if (reason) {
-            makeWritable(folder);
+            makeRemovable(folder);
             std::filesystem::remove_all(folder, reason);
         }
     }

@@ -167,7 +167,7 @@ void compareBash(const DescribedTool& tool) {
     const model::Script script = model::ScriptReader(after(text, "            case ${flag,,} in"), false).read();
     compareLines(script, identifierOf(tool.name),
                  {"                Q | Q*) _ID_offer_words \\",
-                  "                    \"$flag\"Q \\",
+                  R"(                    "$flag"Q \)",
                   "                    \"$flag\"Q ;;",
                   "                Q | Q*) _ID_offer_files / ;;",
                   "                Q | Q*) _ID_offer_files ;;",
@@ -259,7 +259,7 @@ void compareFish(const DescribedTool& tool) {
                   "    set -q paths[1]; and _ID_takes_files; and _ID_paths \"$flag\" $paths",
                   "        contains -- \"$letter\" Q; and printf Q",
                   "        set -l folders \"$value\"*/",
-                  "        contains -- \"$letter\" Q; and _ID_paths \"$flag\" $folders",
+                  R"(        contains -- "$letter" Q; and _ID_paths "$flag" $folders)",
                   "    else if string match -q -- Q \"$word\"",
                   "    else if string match -qr -- Q \"$word\"",
                   "        printf Q",
@@ -269,20 +269,36 @@ void compareFish(const DescribedTool& tool) {
     Strings expected;
     for (const OfferedFlag& flag : offeredFlags(tool)) {
         if (std::none_of(flag.word.begin(), flag.word.end(), isControl)) {
-            expected.insert(expected.end(), {"%s\\t%s\\n", flag.word, flag.text});
+            expected.insert(expected.end(), {R"(%s\t%s\n)", flag.word, flag.text});
         }
     }
     expected.insert(expected.end(), {tool.name, tool.name, tool.name, "(_" + identifier + ")"});
     compareEnd("words of fish", script.words, expected);
 }
 
+const std::string mark = "texts\n";
+
+bool hasMark(const std::string& rest) {
+    return rest.compare(0, mark.size(), mark) == 0;
+}
+
 /// Returns the text of a screen that an input describes. Throws a ScreenError if it describes none.
 std::string textOf(const std::string& rest) {
-    const std::string mark = "texts\n";
-    if (rest.compare(0, mark.size(), mark) == 0) {
+    if (hasMark(rest)) {
         return screenOf(rest.substr(mark.size()));
     }
     return isVisibleForm(rest) ? textOfVisibleForm(rest) : rest;
+}
+
+/// Whether an input describes a screen by texts that are certainly no reason to refuse it.
+bool isPlain(const std::string& rest) {
+    const Strings texts = pieces(rest, '\033');
+    std::string characters = rest;
+    std::replace_if(
+        characters.begin(), characters.end(), [](char each) { return each == '\033' || each == '\n' || each == '\t'; },
+        ' ');
+    const bool hasLongExample = texts.size() > 4 && texts[4].find('\n') != std::string::npos;
+    return hasMark(rest) && !hasLongExample && Kelpkit::printable(characters) == characters;
 }
 
 }  // namespace
@@ -290,8 +306,9 @@ std::string textOf(const std::string& rest) {
 void fuzz::documents(const std::uint8_t* data, std::size_t size) {
     Input input(data, size);
     const std::vector<Hint> hints = hintsIn(input.line());
+    const std::string rest = input.rest();
     try {
-        const std::string text = textOf(input.rest());
+        const std::string text = textOf(rest);
         const HelpScreen screen = parse(text);
         compareScreen(text, screen);
         const DescribedTool tool = ::described(screen, hints);
@@ -303,6 +320,7 @@ void fuzz::documents(const std::uint8_t* data, std::size_t size) {
         compareFish(tool);
     } catch (const ScreenError& error) {
         const std::string message = error.what();
+        expectSame("a refusal of plain texts", isPlain(rest), false);
         expectSame("a refusal", message.substr(0, 5), "line ");
         expectSame("a refusal says what is expected", message.find(": expected ") != std::string::npos, true);
     }

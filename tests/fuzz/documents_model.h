@@ -31,7 +31,13 @@ public:
     explicit JsonReader(std::string_view text) : text(text) {}
 
     Strings read() {
-        value();
+        do {
+            if (wantsValue) {
+                value();
+            } else {
+                next();
+            }
+        } while (wantsValue || !open.empty());
         blanks();
         require(position == text.size());
         return strings;
@@ -57,34 +63,36 @@ private:
         position += isHere ? part.size() : 0;
         return isHere;
     }
+    /// Reads a value or, of an object or array, its beginning.
     void value() {
+        if (!open.empty() && open.back() == '}') {
+            string();
+            require(skip(":"));
+        }
         blanks();
+        wantsValue = false;
         if (current() == '"') {
             strings.push_back(string());
         } else if (skip("{")) {
-            elements("}", [this] { member(); });
+            begin('}');
         } else if (skip("[")) {
-            elements("]", [this] { value(); });
+            begin(']');
         } else {
             require(skip("true") || skip("false") || skip("1"));
         }
     }
-    void member() {
+    void begin(char end) {
+        open += end;
         blanks();
-        string();
-        require(skip(":"));
-        value();
+        wantsValue = current() != end;
     }
-    template <class Element>
-    void elements(std::string_view end, Element element) {
-        if (skip(end)) {
-            return;
+    /// Reads what follows a value.
+    void next() {
+        wantsValue = skip(",");
+        if (!wantsValue) {
+            require(skip(open.substr(open.size() - 1)));
+            open.pop_back();
         }
-        element();
-        while (skip(",")) {
-            element();
-        }
-        require(skip(end));
     }
     std::string string() {
         require(skip("\""));
@@ -113,6 +121,8 @@ private:
 
     std::string_view text;
     std::size_t position = 0;
+    std::string open;  ///< the ends of the objects and arrays that are open
+    bool wantsValue = true;
     Strings strings;
 };
 

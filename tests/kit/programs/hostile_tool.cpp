@@ -67,13 +67,14 @@ int complain() {
     return print(screenOf("complaint"));
 }
 
-/// Leaves a file and a folder in the current folder, and says which it is and how many entries it had.
+/// Leaves a read-only file and a folder in the current folder, and says which it is and how many entries it had.
 int litter() {
     const std::filesystem::path here = std::filesystem::current_path();
     const auto entries =
         std::distance(std::filesystem::directory_iterator(here), std::filesystem::directory_iterator());
     std::filesystem::create_directories(here / "a" / "b");
     std::ofstream("a/b/file") << "left";
+    std::filesystem::permissions("a/b/file", std::filesystem::perms::owner_read);
     return print(screenOf("litter", std::to_string(entries) + " " + here.filename().string()));
 }
 

@@ -22,7 +22,7 @@ native_only = unittest.skipIf(programs.ON_WINDOWS, "a shell script is no program
 
 # Names of the hostile tool, and the message. The exit status is 1.
 INSTALLED = ["share/bash-completion/completions/plain", "share/doc/plain/plain.json", "share/doc/plain/plain.md",
-             "share/fish/vendor_completions.d/plain.fish", "share/zsh/site-functions/_plain"]
+             "share/fish/vendor_completions.d/plain.fish", "share/man/man1/plain.1", "share/zsh/site-functions/_plain"]
 
 REFUSED = [
     ("silent", NOT_A_SCREEN + "line 1: expected an empty line"),
@@ -119,11 +119,13 @@ class HostileTools(KelpDocTest):
         kept.mkdir()
         kept.chmod(0o500)
         saved = self.saved_plain()
+        pathlib.Path(saved).chmod(0o440)
         script = self.script("mkdir -p a/b c", "touch a/b/file c/file", f"ln -s {shlex.quote(str(kept))} a/link",
+                             f"ln {shlex.quote(saved)} a/hard",
                              "chmod 500 a/b", "chmod 0 c", "chmod 500 a .", f"exec cat {shlex.quote(saved)}")
         self.assertEqual(json.loads(self.document("-n=plain", script))["name"], "plain")
         self.assertEqual(sorted(path.name for path in (self.folder / "tmp").iterdir()), ["kept", "saved", "script"])
-        self.assertEqual(kept.stat().st_mode & 0o777, 0o500)
+        self.assertEqual([path.stat().st_mode & 0o777 for path in (kept, pathlib.Path(saved))], [0o500, 0o440])
         # A link in place of the folder
         script = self.script('folder=$PWD', 'rmdir "$folder"', f'ln -s {shlex.quote(str(kept))} "$folder"',
                              f"exec cat {shlex.quote(saved)}")
@@ -356,6 +358,45 @@ class Output(KelpDocTest):
         self.assertEqual(self.files(), [])
 
 
+class ManPages(KelpDocTest):
+    def test_date(self):
+        for epoch, date in ("0", "January 1, 1970"), ("1700000000", "November 14, 2023"):
+            self.environment["SOURCE_DATE_EPOCH"] = epoch
+            self.assertIn(f"\n.Dd {date}\n", self.document("-f=man", "-n=plain", HOSTILE))
+        self.environment["SOURCE_DATE_EPOCH"] = "x"
+        self.assertEqual(self.doc("-f=man", "-n=plain", HOSTILE)[0], 1)
+        self.document("-f=json", "-n=plain", HOSTILE)
+
+    def test_included(self):
+        sections = self.folder / "sections"
+        sections.write_bytes(b".Sh BUGS\nNone.\n")
+        self.assertTrue(self.document("-f=man", "-i=sections", "-n=plain", HOSTILE).endswith("\n.Sh BUGS\nNone.\n"))
+        self.document("-a", "-i=sections", "-o=out", "-n=plain", HOSTILE)
+        self.assertTrue((self.folder / "out/share/man/man1/plain.1").read_bytes().endswith(b"\n.Sh BUGS\nNone.\n"))
+
+    def test_refused(self):
+        sections = self.folder / "sections"
+        self.check_refusal(1, "cannot read sections: No such file or directory", "-f=man", "-i=sections", "-n=plain", HOSTILE)
+        self.check_refusal(1, "tmp is a directory", "-f=man", "-i=tmp", "-n=plain", HOSTILE)
+        for content, message in [(b"text", "line 1: expected \".Sh\" and a title"),
+                                 (b".Sh BUGS\n\0", "line 2: expected printable characters in UTF-8")]:
+            sections.write_bytes(content)
+            self.assertEqual(self.doc("-f=man", "-i=sections", "-o=out", "-n=plain", HOSTILE),
+                             (1, "", f"kelp-doc: sections: no sections of a man page: {message}\n"))
+            self.assertEqual(self.files(), ["sections"])
+
+    def test_included_as_output(self):
+        sections = self.folder / "sections"
+        sections.write_bytes(b".Sh BUGS\n")
+        self.assertEqual(self.doc("-f=man", "-i=sections", "-o=sections", "-n=plain", HOSTILE)[0], 1)
+        self.assertEqual(sections.read_bytes(), b".Sh BUGS\n")
+        page = self.folder / "out/share/man/man1/plain.1"
+        page.parent.mkdir(parents=True)
+        sections.rename(page)
+        self.assertEqual(self.doc("-a", "-i=out/share/man/man1/plain.1", "-o=out", "-n=plain", HOSTILE)[0], 1)
+        self.assertEqual(page.read_bytes(), b".Sh BUGS\n")
+
+
 class SavedScreens(KelpDocTest):
     def test_saved(self):
         expected = self.document("-n=plain", HOSTILE)
@@ -403,7 +444,7 @@ class CommandLines(KelpDocTest):
         options = json.loads(self.document("-s", "-t=a,n=LETTERS,o=OUT:folder,f=x|y", "saved"))["options"]
         self.assertEqual({each["short"]: (each["takes"], each["value"], each["choices"]) for each in options},
                          {"-a": ("nothing", "", []), "-f": ("choice", "", ["x", "y"]), "-h": ("nothing", "", []),
-                          "-n": ("text", "LETTERS", []), "-o": ("folder", "OUT", []), "-s": ("nothing", "", []),
+                          "-i": ("file", "FILE", []), "-n": ("text", "LETTERS", []), "-o": ("folder", "OUT", []), "-s": ("nothing", "", []),
                           "-t": ("text", "HINTS", [])})
 
     def test_refused(self):
@@ -411,10 +452,12 @@ class CommandLines(KelpDocTest):
         see = " (see kelp-doc --help)"
         for arguments, message in [
                 ([], "TOOL is missing"),
-                (["-f=xml", "x"], "-f=xml: not one of bash, fish, json, markdown, screen, zsh"),
+                (["-f=xml", "x"], "-f=xml: not one of bash, fish, json, man, markdown, screen, zsh"),
                 (["-a", "x"], "-a: needs the folder: -o=FOLDER"),
                 (["-a", "-o=", "x"], "-a: needs the folder: -o=FOLDER"),
                 (["-a", "-o=out", "-f=json", "x"], "-a: cannot be combined with -f"),
+                (["-i=sections", "x"], "-i=sections: belongs to -f=man or -a"),
+                (["-i=sections", "-f=json", "x"], "-i=sections: belongs to -f=man or -a"),
                 (["-t=n=", "x"], f'-t=n=: "n=" {hint}'),
                 (["-t=n=a\tb", "x"], f'-t=n=a\\x09b: "n=a\\x09b" {hint}'),
                 (["-t=l,", "x"], "-t=l,: not texts separated by \",\", none of them empty"),
@@ -427,7 +470,7 @@ class CommandLines(KelpDocTest):
     def test_itself(self):
         tool = json.loads(self.document(KELP_DOC))
         self.assertEqual({each["short"]: (each["takes"], each["value"]) for each in tool["options"]},
-                         {"-a": ("nothing", ""), "-f": ("text", "FORMAT"), "-h": ("nothing", ""), "-n": ("text", "NAME"),
+                         {"-a": ("nothing", ""), "-f": ("text", "FORMAT"), "-h": ("nothing", ""), "-i": ("file", "FILE"), "-n": ("text", "NAME"),
                           "-o": ("file", "FILE"), "-s": ("nothing", ""), "-t": ("text", "HINTS")})
         self.assertEqual(tool["arguments"], [{"name": "TOOL", "text": "the program, which is run with --help",
                                               "repeated": False, "optional": False}])

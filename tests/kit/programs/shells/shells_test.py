@@ -322,6 +322,22 @@ class BashTest(ShellTest):
     def test_large(self):
         self.check_large()
 
+    def test_long_line(self):
+        # As many files as a glob may have become. Quadratic work took a minute.
+        script = """
+            ulimit -t 20
+            LC_ALL=C.UTF-8
+            source "$0"
+            compopt() { :; }
+            for word in file.txt "it\\'s" '"a b"' '\\é' "' '" ';'; do
+                printf -v COMP_LINE '%*s' 6000 ''
+                COMP_LINE="firstlines ${COMP_LINE// /$word } -m=f"
+                COMP_POINT=${#COMP_LINE} COMPREPLY=()
+                _kelp_firstlines firstlines f =
+                [[ ${COMPREPLY[*]} == fast ]] || exit
+            done"""
+        self.check_command("bash", "-c", script, self.scripts / "bash" / "firstlines")
+
     def test_lists(self):
         shell = self.session()
         self.check_list(shell, "firstlines -\t\t", [

@@ -1,0 +1,157 @@
+#include "man_sections.h"
+
+#include <kelpkit/Files.h>
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+#include <string_view>
+
+#include "help_screen.h"
+#include "screen_text.h"
+
+namespace Kelpkit::programs {
+
+namespace {
+
+constexpr std::size_t maximumBytes = 1'000'000;
+constexpr std::string_view heading = ".Sh ";
+constexpr std::string_view comment = ".\\\"";
+
+/// The conventional order. mandoc warns about another one, except for OPTIONS, which it does not know.
+constexpr std::array<std::string_view, 22> titles{"NAME",
+                                                  "LIBRARY",
+                                                  "SYNOPSIS",
+                                                  "DESCRIPTION",
+                                                  "OPTIONS",
+                                                  "CONTEXT",
+                                                  "IMPLEMENTATION NOTES",
+                                                  "RETURN VALUES",
+                                                  "ENVIRONMENT",
+                                                  "FILES",
+                                                  "EXIT STATUS",
+                                                  "EXAMPLES",
+                                                  "DIAGNOSTICS",
+                                                  "COMPATIBILITY",
+                                                  "ERRORS",
+                                                  "SEE ALSO",
+                                                  "STANDARDS",
+                                                  "HISTORY",
+                                                  "AUTHORS",
+                                                  "CAVEATS",
+                                                  "BUGS",
+                                                  "SECURITY CONSIDERATIONS"};
+
+std::size_t positionOf(std::string_view title) {
+    return static_cast<std::size_t>(std::find(titles.begin(), titles.end(), title) - titles.begin());
+}
+
+/// Returns the place of a section. Those with a title of their own come after EXIT STATUS.
+std::size_t rankOf(const ManSection& section) {
+    const std::size_t position = positionOf(section.title);
+    return position < titles.size() ? position : positionOf("EXIT STATUS");
+}
+
+bool startsWith(std::string_view text, std::string_view begin) {
+    return text.substr(0, begin.size()) == begin;
+}
+
+/// Returns the lines of a text without their line ends.
+std::vector<std::string> linesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    for (std::size_t begin = 0; begin < text.size();) {
+        const std::size_t end = std::min(text.find('\n', begin), text.size());
+        lines.push_back(text.substr(begin, end - begin));
+        begin = end + 1;
+    }
+    return lines;
+}
+
+/// Returns the title in a heading, without quotes and blanks around it.
+std::string titleOf(const std::string& line) {
+    constexpr std::string_view around = " \"";
+    const std::size_t begin = std::min(line.find_first_not_of(around, heading.size()), line.size());
+    return line.substr(begin, line.find_last_not_of(around) + 1 - begin);
+}
+
+bool isHeading(const std::string& line) {
+    return startsWith(line, heading) && !titleOf(line).empty();
+}
+
+std::vector<ManSection> split(const std::string& text) {
+    std::vector<ManSection> sections;
+    for (const std::string& line : linesOf(text)) {
+        if (isHeading(line)) {
+            sections.push_back({titleOf(line), ""});
+        } else if (!sections.empty()) {
+            sections.back().text += line + "\n";
+        }
+    }
+    return sections;
+}
+
+[[noreturn]] void fail(std::size_t line, const std::string& what) {
+    throw ScreenError("line " + std::to_string(line) + ": expected " + what);
+}
+
+void requireSections(const std::string& text) {
+    const std::vector<std::string> lines = linesOf(text);
+    const auto begin = std::find_if(lines.begin(), lines.end(), [](const std::string& line) {
+        return !line.empty() && !startsWith(line, comment);
+    });
+    if (begin == lines.end() || !isHeading(*begin)) {
+        fail(static_cast<std::size_t>(begin - lines.begin()) + 1, "\".Sh\" and a title");
+    }
+}
+
+void requireText(std::string_view text) {
+    requirePrintable(text);
+    const auto isControl = [](char each) {
+        return (each >= 0 && each < ' ' && each != '\n' && each != '\t') || each == '\x7f';
+    };
+    const auto* const control = std::find_if(text.begin(), text.end(), isControl);
+    if (control != text.end()) {
+        fail(static_cast<std::size_t>(std::count(text.begin(), control, '\n')) + 1, "no control characters");
+    }
+}
+
+std::string read(const std::string& file) {
+    InputFile input(file, std::ios::binary);
+    std::string text(maximumBytes + 1, '\0');
+    input.stream().read(text.data(), static_cast<std::streamsize>(text.size()));
+    text.resize(static_cast<std::size_t>(input.stream().gcount()));
+    if (text.size() > maximumBytes) {
+        throw std::runtime_error(file + " has more than " + std::to_string(maximumBytes) + " bytes");
+    }
+    return text;
+}
+
+}  // namespace
+
+void insertManSections(std::vector<ManSection>& page, const std::string& sections) {
+    for (const ManSection& section : split(sections)) {
+        const auto old = std::find_if(page.begin(), page.end(),
+                                      [&section](const ManSection& each) { return each.title == section.title; });
+        if (old == page.end()) {
+            page.push_back(section);
+        } else {
+            *old = section;
+        }
+    }
+    std::stable_sort(page.begin(), page.end(),
+                     [](const ManSection& a, const ManSection& b) { return rankOf(a) < rankOf(b); });
+}
+
+std::string readManSections(const std::string& file) {
+    const std::string bytes = read(file);
+    try {
+        std::string text = withPlainLineEnds(bytes);
+        requireText(text);
+        requireSections(text);
+        return text;
+    } catch (const ScreenError& error) {
+        throw std::runtime_error(file + ": no sections of a man page: " + error.what());
+    }
+}
+
+}  // namespace Kelpkit::programs

@@ -1,0 +1,29 @@
+#ifndef KELPKIT_PROGRAMS_MAN_SECTIONS_H
+#define KELPKIT_PROGRAMS_MAN_SECTIONS_H
+
+#include <string>
+#include <vector>
+
+namespace Kelpkit::programs {
+
+/// A section of a man page.
+struct ManSection {
+    std::string title;  ///< in capital letters
+    std::string text;   ///< in mdoc: the lines below the heading, each with its line end
+};
+
+/// Inserts further sections into a page and puts all into the conventional order of man pages. A section replaces that of the
+/// same title; those with a title of their own come before EXAMPLES, in their order.
+/// \param page      its sections, in the conventional order
+/// \param sections  lines of mdoc; each section begins with ".Sh TITLE"; lines before the first one are left out
+void insertManSections(std::vector<ManSection>& page, const std::string& sections);
+
+/// Reads sections for insertManSections from a file.
+/// \throws std::runtime_error  "notes.mdoc: no sections of a man page: line 7: expected ..." for control characters, a text that is
+///                             not UTF-8, and anything but comments before the first section; for more than 1,000,000 bytes; if
+///                             the file cannot be read
+std::string readManSections(const std::string& file);
+
+}  // namespace Kelpkit::programs
+
+#endif

@@ -1,0 +1,231 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "formats.h"
+
+namespace {
+
+using Kelpkit::programs::DescribedTool;
+using Kelpkit::programs::manPage;
+using Kelpkit::programs::Takes;
+
+constexpr const char* date = "November 22, 2026";
+
+const DescribedTool usual{"firstlines",
+                          "     Small tools",
+                          "Shows the first lines of a text. They may be cut.",
+                          "[-c] [-d=DIR|-m=fast|exact] [-n=LINES] [-o=FILE] FILE [OTHER...] ",
+                          "-n=3 notes.txt",
+                          {{"-c", "--case", "keeps the case", Takes::unknown, "", {}},
+                           {"-d", "--dir", "where", Takes::folder, "DIR", {}},
+                           {"-h", "--help", "shows this help", Takes::nothing, "", {}},
+                           {"-m", "--method", "how", Takes::choice, "", {"fast", "exact"}},
+                           {"-n", "--number", "how many lines (10)", Takes::text, "LINES", {}},
+                           {"-w", "--width", "how wide", Takes::text, "", {}}},
+                          {{"FILE", "the text", false, false}, {"OTHER", "more", true, true}}};
+
+/// The texts look like parts of a page.
+const DescribedTool odd{"Op",
+                        "",
+                        ".Sh NAME\n'br \\fB",
+                        "-- - a,b .x Ar ...",
+                        ".Ed",
+                        {{"-%A", "", ".El\n.Sh x. Y", Takes::text, "No \"x\"", {}},
+                         {"Ar", "--\xC3\xA9", "", Takes::choice, "", {"(", "a b"}},
+                         {"", "", "text", Takes::choice, "", {}}},
+                        {{"", "+", false, true}, {"Fl", "", false, false}}};
+
+const DescribedTool bare{"bare", "", "", "", "", {}, {}};
+
+TEST(ManPage, Usual) {
+    EXPECT_EQ(manPage(usual, date, ""), R"(.\" -*- coding: utf-8 -*-
+.Dd November 22, 2026
+.Dt FIRSTLINES 1
+.Os
+.Sh NAME
+.Nm firstlines
+.Nd Shows the first lines of a text
+.Sh SYNOPSIS
+.Nm
+.No \&[ Ns Fl c Ns No \&]
+.No \&[ Ns Fl d Ns No = Ns Ar \&DIR Ns No \&| Ns Cm \-m Ns No = Ns Cm fast Ns No \&| Ns Cm exact Ns No \&]
+.No \&[ Ns Fl n Ns No = Ns Ar LINES Ns No \&]
+.No \&[ Ns Fl o Ns No = Ns Ar FILE Ns No \&]
+.Ar FILE
+.No \&[ Ns Ar OTHER Ns No ...\& Ns No \&]
+.Sh DESCRIPTION
+Shows the first lines of a text.
+They may be cut.
+.Pp
+The arguments are as follows:
+.Bl -tag -width Ds
+.It Ar FILE
+the text
+.It Ar OTHER
+more
+.El
+.Sh OPTIONS
+An option is its short form or its whole long form, in upper or lower case.
+A value is attached to it with
+.Ql = ,
+without blanks.
+If
+.Fl h
+or
+.Fl \-help
+is anywhere on the command line, the tool prints its help and does nothing else.
+.Bl -tag -width Ds
+.It Fl c , Fl \-case
+keeps the case
+.It Fl d Ns = Ns Ar \&DIR , Fl \-dir Ns = Ns Ar \&DIR
+where
+.It Fl h , Fl \-help
+shows this help
+.It Fl m Ns = Ns Cm fast Ns \&| Ns Cm exact , Fl \-method Ns = Ns Cm fast Ns \&| Ns Cm exact
+how
+.It Fl n Ns = Ns Ar LINES , Fl \-number Ns = Ns Ar LINES
+how many lines (10)
+.It Fl w Ns = Ns Ar VALUE , Fl \-width Ns = Ns Ar VALUE
+how wide
+.El
+.Sh EXIT STATUS
+.Bl -tag -width Ds
+.It 0
+The work is done, or the help was printed.
+.It >0
+The work failed, or the command line was refused.
+.El
+.Sh EXAMPLES
+.Bd -literal -offset indent
+firstlines \-n=3 notes.txt
+.Ed
+)");
+}
+
+TEST(ManPage, Odd) {
+    EXPECT_EQ(manPage(odd, date, ""), R"(.\" -*- coding: utf-8 -*-
+.Dd November 22, 2026
+.Dt \&OP 1
+.Os
+.Sh NAME
+.Nm \&Op
+.Nd .Sh NAME \(aqbr \efB
+.Sh SYNOPSIS
+.Nm
+.Fl \-
+.Fl \&
+.No a Ns No \&, Ns No b
+.No .x
+.No \&Ar
+.No ...\&
+.Sh DESCRIPTION
+\&.Sh NAME \(aqbr \efB
+.Pp
+The arguments are as follows:
+.Bl -tag -width Ds
+.It \&
++
+.It Ar \&Fl
+.El
+.Sh OPTIONS
+An option is its short form or its whole long form, in upper or lower case.
+A value is attached to it with
+.Ql = ,
+without blanks.
+If
+.Fl h
+or
+.Fl \-help
+is anywhere on the command line, the tool prints its help and does nothing else.
+.Bl -tag -width Ds
+.It Fl \&%A Ns = Ns Ar "\&No \(dqx\(dq"
+\&.El \&.Sh x.
+Y
+.It Cm \&Ar Ns = Ns Cm \&( Ns \&| Ns Cm "a b" , Fl \-)"
+                                      "\xC3\xA9"
+                                      R"(\& Ns = Ns Cm \&( Ns \&| Ns Cm "a b"
+.It \&
+text
+.El
+.Sh EXIT STATUS
+.Bl -tag -width Ds
+.It 0
+The work is done, or the help was printed.
+.It >0
+The work failed, or the command line was refused.
+.El
+.Sh EXAMPLES
+.Bd -literal -offset indent
+Op .Ed
+.Ed
+)");
+}
+
+TEST(ManPage, Bare) {
+    EXPECT_EQ(manPage(bare, date, ""), R"(.\" -*- coding: utf-8 -*-
+.Dd November 22, 2026
+.Dt BARE 1
+.Os
+.Sh NAME
+.Nm bare
+.Nd command\-line tool
+.Sh SYNOPSIS
+.Nm
+.Sh OPTIONS
+If
+.Fl h
+or
+.Fl \-help
+is anywhere on the command line, the tool prints its help and does nothing else.
+.Sh EXIT STATUS
+.Bl -tag -width Ds
+.It 0
+The work is done, or the help was printed.
+.It >0
+The work failed, or the command line was refused.
+.El
+)");
+}
+
+/// A section of the page can be replaced.
+TEST(ManPage, Sections) {
+    EXPECT_EQ(manPage(bare, date, ".Sh BUGS\nNone.\n.Sh OPTIONS\nNone.\n.Sh EXIT STATUS\nThat of\n.Xr true 1 .\n"),
+              R"(.\" -*- coding: utf-8 -*-
+.Dd November 22, 2026
+.Dt BARE 1
+.Os
+.Sh NAME
+.Nm bare
+.Nd command\-line tool
+.Sh SYNOPSIS
+.Nm
+.Sh OPTIONS
+None.
+.Sh EXIT STATUS
+That of
+.Xr true 1 .
+.Sh BUGS
+None.
+)");
+}
+
+TEST(ManPage, LongWords) {
+    DescribedTool tool = bare;
+    tool.options = {{"-n", "", "", Takes::choice, "", {"12345678901234", "1234567890"}}};
+    EXPECT_EQ(manPage(tool, date, "").find(".ad l"), std::string::npos);
+    tool.options[0].choices[1] += "1";
+    EXPECT_NE(manPage(tool, date, "").find(".Sh OPTIONS\n.ad l\n"), std::string::npos);
+    tool = bare;
+    tool.description = "A 12345678901234567890123456789012";
+    EXPECT_EQ(manPage(tool, date, "").find(".ad l"), std::string::npos);
+    tool.description += "3";
+    EXPECT_NE(manPage(tool, date, "").find(".Sh DESCRIPTION\n.ad l\nA "), std::string::npos);
+    tool = bare;
+    tool.usage = "[1234567890=1234567890|1]";
+    EXPECT_EQ(manPage(tool, date, "").find(".ad l"), std::string::npos);
+    tool.usage.insert(1, "x");
+    EXPECT_NE(manPage(tool, date, "").find(".Sh SYNOPSIS\n.ad l\n"), std::string::npos);
+}
+
+}  // namespace
