@@ -52,10 +52,13 @@ set(CPACK_DEBIAN_KIT_PACKAGE_NAME kelplib-kit)
 set(CPACK_DEBIAN_KIT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_KIT_PACKAGE_DEPENDS "libkelplib-dev (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_KIT_PACKAGE_SUGGESTS libkelplib-doc)
+get_property(programs GLOBAL PROPERTY KELPLIB_PROGRAMS)
+list(TRANSFORM programs PREPEND ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/ OUTPUT_VARIABLE CPACK_KELPLIB_PROGRAMS)
 set(CPACK_DEBIAN_KIT_DESCRIPTION "A strict command line, output files that appear whole or not at all, and
 progress on the console, on top of the shared library.
-This package contains a static library, its headers, and the files with
-which CMake and pkg-config link a tool with it.")
+This package contains a static library, its headers, the program
+kelp-doc, which writes completions and a man page for a tool, and the
+files with which CMake and pkg-config build a tool.")
 
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_NAME libkelplib-doc)
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SECTION doc)

@@ -47,7 +47,7 @@ need_for_demo() {
 
 need_for_tests() {
     need_for_demo
-    needs+=("/usr/src/googletest/CMakeLists.txt googletest" "python3 python3" "tmux tmux" "bats bats"
+    needs+=("/usr/src/googletest/CMakeLists.txt googletest" "make make" "python3 python3" "tmux tmux" "bats bats"
             "/usr/lib/python3/dist-packages/pyte/__init__.py python3-pyte" "fish fish" "zsh zsh"
             "/usr/share/bash-completion/bash_completion bash-completion" "shellcheck shellcheck"
             "mandoc mandoc" "groff groff-base" "man man-db" "lexgrog man-db")

@@ -15,6 +15,7 @@ FLAT_OUTPUT = "from C  50.0% ## |\r\n"
 # What the tool made with the kit prints for "-n=5", and how the lines begin that it prints for "-n=3x".
 KIT_OUTPUT = "5\n"
 KIT_REFUSAL = "caught kit_tool: -n=3x: "
+PROGRAMS = ("kelp-doc",)
 LIBRARY_HEADERS = [f"include/kelplib/{name}.h" for name in ("CommandLineTool", "Export", "FilePath", "Kelp", "KelpProgress")]
 # Files that a build of the library without tests needs.
 SOURCES = ("CMakeLists.txt", "cmake", "include", "src", "kit", "README.md", "CHANGELOG.md", "CONTRIBUTING.md", "LICENSE", "docs",
@@ -58,13 +59,22 @@ def copy_of_sources(folder):
     return folder
 
 
-def kit_files(library_folder):
+def kit_files(library_folder, in_debian=False, suffix=""):
     """Returns the names of the installed files of the kit, besides those with the settings of one build type."""
     headers = sorted(path.name for path in (ROOT / "kit" / "include" / "kelpkit").iterdir())
     return [*(f"include/kelpkit/{name}" for name in headers),
             *(f"{library_folder}/{name}" for name in (
-                "cmake/kelplib/KelplibWindowsParts.cmake", "cmake/kelplib/kelplibKitTargets.cmake", "libkelpkit.a",
-                "pkgconfig/kelpkit.pc"))]
+                "cmake/kelplib/CompareScreens.cmake", "cmake/kelplib/KelplibTool.cmake",
+                "cmake/kelplib/KelplibWindowsParts.cmake", "cmake/kelplib/kelplibKitTargets.cmake",
+                "libkelpkit.a", "pkgconfig/kelpkit.pc")),
+            *(name for program in PROGRAMS for name in (f"bin/{program}{suffix}", *documents(program, in_debian, ".gz" if in_debian else "")))]
+
+
+def documents(tool, in_debian=False, man_suffix=""):
+    """Returns the names of a tool's installed documents, in Debian's folders below /usr or in others."""
+    zsh_folder = "vendor-completions" if in_debian else "site-functions"
+    return [f"share/bash-completion/completions/{tool}", f"share/fish/vendor_completions.d/{tool}.fish",
+            f"share/man/man1/{tool}.1{man_suffix}", f"share/zsh/{zsh_folder}/_{tool}"]
 
 
 class InOneFolder(unittest.TestCase):

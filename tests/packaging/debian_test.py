@@ -74,7 +74,7 @@ class DebianPackages(InOneFolder):
                 ("libkelplib-dev", [*LIBRARY_HEADERS, f"{library}/libkelplib.so", f"{library}/pkgconfig/kelplib.pc", *(
                     f"{library}/cmake/kelplib/kelplib{name}.cmake"
                     for name in ("Config", "ConfigVersion", "Targets", "Targets-release"))]),
-                ("kelplib-kit", [*kit_files(library), f"{library}/cmake/kelplib/kelplibKitTargets-release.cmake"])):
+                ("kelplib-kit", [*kit_files(library, in_debian=True), f"{library}/cmake/kelplib/kelplibKitTargets-release.cmake"])):
             texts = [f"share/doc/{package}/{name}" for name in ("changelog.gz", "copyright")]
             self.assertEqual(self.contents(package), sorted([*files, *texts]))
         documentation = self.contents("libkelplib-doc")

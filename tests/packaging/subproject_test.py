@@ -6,10 +6,11 @@ comes from kelplib's own build of the same type, with the kit; the project has t
 """
 
 import pathlib
+import re
 import sys
 import unittest
 
-from consumers import LIBRARY_HEADERS, NUMBERS, ROOT, TOOL_OUTPUT, InOneFolder, built, copy_of_sources, kit_files, output
+from consumers import LIBRARY_HEADERS, NUMBERS, ROOT, TOOL_OUTPUT, InOneFolder, built, copy_of_sources, documents, kit_files, output
 
 WAY, CXX_COMPILER, BUILD_TYPE, *LIBRARY = sys.argv[1:]
 del sys.argv[1:]
@@ -64,7 +65,13 @@ class Subproject(InOneFolder):
         prefix = self.folder / "with kit"
         files = self.installed(prefix)
         library_folder = next(prefix.rglob("libkelpkit.a")).parent.relative_to(prefix).as_posix()
-        self.assertEqual([name for name in kit_files(library_folder) if name not in files], [])
+        expected = [*kit_files(library_folder), "bin/tally", *documents("tally")]
+        self.assertEqual([name for name in expected if name not in files], [])
+        self.assertIn("ninja: no work to do.", output("cmake", "--build", self.build))
+        if WAY == "add_subdirectory":
+            printed = output("ctest", "--test-dir", self.build)
+            self.assertIn("100% tests passed", printed)
+            self.assertEqual({name.split("-")[0] for name in re.findall(r"Test +#\d+: (\S+)", printed)}, {"tally"})
         for name in LIBRARY_HEADERS:
             self.assertEqual((prefix / name).read_bytes(), (ROOT / name).read_bytes(), name)
 

@@ -10,7 +10,8 @@ import unittest
 import zipfile
 
 import programs
-from consumers import FLAT_OUTPUT, HERE, KIT_OUTPUT, KIT_REFUSAL, NUMBERS, TOOL_OUTPUT, InOneFolder, built, kit_files, output
+from consumers import (FLAT_OUTPUT, HERE, KIT_OUTPUT, KIT_REFUSAL, NUMBERS, ROOT, TOOL_OUTPUT, InOneFolder, built, documents,
+                       kit_files, output)
 
 BUILD, TOOLCHAIN, C_COMPILER, PARTS_PROBE = sys.argv[1:]
 del sys.argv[1:]
@@ -34,7 +35,8 @@ class WindowsZip(InOneFolder):
     def test_everything_is_in_it(self):
         for name in ("bin/kelplib.dll", "lib/libkelplib.dll.a", "lib/cmake/kelplib/kelplibConfig.cmake",
                      "lib/pkgconfig/kelplib.pc", "include/kelplib/Kelp.h", "share/doc/kelplib/LICENSE",
-                     "lib/cmake/kelplib/windows_tool.manifest", "lib/cmake/kelplib/windows_tool.rc.in", *kit_files("lib")):
+                     "lib/cmake/kelplib/windows_tool.manifest", "lib/cmake/kelplib/windows_tool.rc.in",
+                     *kit_files("lib", suffix=".exe")):
             self.assertIn(f"{self.prefix.name}/{name}", self.names)
 
     def test_by_find_package(self):
@@ -67,6 +69,19 @@ class WindowsZip(InOneFolder):
 
     def resources(self, program):
         return self.outcome(PARTS_PROBE, "resources", "Z:" + str(program).replace("/", "\\"))[1].splitlines()[:7]
+
+    def test_the_template(self):
+        folder = built(ROOT / "examples" / "template", self.folder / "build template", f"-DCMAKE_TOOLCHAIN_FILE={TOOLCHAIN}",
+                       f"-Dkelplib_DIR={self.prefix}/lib/cmake/kelplib")
+        # The tool runs in its folder, without that of the library in WINEPATH.
+        self.assertIn("100% tests passed", output("ctest", "--test-dir", folder, WINEPATH=""))
+        self.assertEqual(programs.run(folder / "tally.exe", "--version", env={**os.environ, "WINEPATH": ""})[:2],
+                         (0, b"tally 1.0.0\n"))
+        self.assertIn("ninja: no work to do.", output("cmake", "--build", folder))
+        installed = self.folder / "installed template"
+        output("cmake", "--install", folder, "--prefix", installed)
+        self.assertEqual(sorted(path.relative_to(installed).as_posix() for path in installed.rglob("*") if path.is_file()),
+                         sorted(["bin/kelplib.dll", "bin/tally.exe", *documents("tally")]))
 
     def test_by_a_c_compiler_alone(self):
         program = self.folder / "flat.exe"

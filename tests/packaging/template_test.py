@@ -1,0 +1,196 @@
+#!/usr/bin/env python3
+"""Copies, renames, builds, tests and installs the template as its README says, with an installed kelplib:
+template_test.py BUILD_FOLDER CXX_COMPILER --flags=CXX_FLAGS
+"""
+
+import os
+import pathlib
+import re
+import shutil
+import sys
+import unittest
+
+from consumers import ROOT, InOneFolder, documents, output, refusal
+
+sys.path.insert(0, str(ROOT / "tests" / "kit" / "programs" / "shells"))
+import shell_sessions
+
+BUILD, CXX_COMPILER, CXX_FLAGS = sys.argv[1:]
+CXX_FLAGS = CXX_FLAGS.removeprefix("--flags=")
+del sys.argv[1:]
+
+TOOL = "wordcount"
+INSTALLED = sorted([f"bin/{TOOL}", *documents(TOOL)])
+FOR_DEBIAN = sorted([f"bin/{TOOL}", *documents(TOOL, os.path.exists("/etc/debian_version"))])
+
+
+def files(folder):
+    return sorted(path.relative_to(folder).as_posix() for path in folder.rglob("*") if path.is_file())
+
+
+def installed_in_home(shell):
+    """Returns the class of sessions of a shell whose users have installed the tool in ~/.local."""
+    class Home(shell_sessions.SHELLS[shell]):
+        COMMAND = ("env", "-u", "XDG_DATA_HOME", *shell_sessions.SHELLS[shell].COMMAND)
+        START = (("fpath=(~/.local/share/zsh/site-functions $fpath)\n" if shell == "zsh" else "") +
+                 shell_sessions.SHELLS[shell].START)
+
+        def write_start_file(self, text):
+            super().write_start_file(text)
+            shutil.copytree(Template.home / ".local" / "share", self.home / ".local" / "share")
+
+    return Home
+
+
+class Template(InOneFolder):
+    maxDiff = None
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        prefix = cls.folder / "kelplib (of $others)"
+        output("cmake", "--install", BUILD, "--prefix", prefix)
+        cls.prefix = prefix
+        # CMake installs nothing from a folder with a double quote in its name. ninja always builds again below a folder with a
+        # single quote (seen with 1.11), so only make uses one.
+        odd = cls.folder / "a $tool (of mine)"
+        shutil.copytree(ROOT / "examples" / "template", odd / "examples" / "template")
+        cls.home = odd / "home"
+        cls.project = odd / TOOL
+        cls.environment = {"HOME": str(cls.home), "CXX": CXX_COMPILER, "CXXFLAGS": CXX_FLAGS, "CMAKE_GENERATOR": "Ninja",
+                           "CMAKE_PREFIX_PATH": str(prefix), "SOURCE_DATE_EPOCH": "1700000000"}
+        blocks = re.findall(r"^```sh\n(.*?)^```$", (odd / "examples/template/README.md").read_text(encoding="utf-8"), re.M | re.S)
+        cls.printed = cls.output("sh", "-ec", "cd \"$0\"\n" + "".join(blocks), odd)
+        cls.build = cls.project / "build"
+
+    @classmethod
+    def output(cls, *command, **environment):
+        return output(*command, **cls.environment, **environment)
+
+    def built(self, folder):
+        return self.output("cmake", "--build", folder)
+
+    def configured(self, folder, *settings):
+        return self.output("cmake", "-S", self.project, "-B", folder, *settings)
+
+    def contents(self, folder):
+        return {name: (folder / name).read_bytes() for name in files(folder)}
+
+    def change_help(self, project):
+        """Changes a text of the tool's help."""
+        source = project / f"{TOOL}.cpp"
+        source.write_text(source.read_text(encoding="utf-8").replace('"the text"', '"the other text"'), encoding="utf-8")
+
+    def test_readme(self):
+        self.assertIn("100% tests passed", self.printed)
+        self.assertIn(f"Test #1: {TOOL}-", self.printed)
+        self.assertIn("\n4\t```sh\n", self.printed)
+        self.assertEqual((self.project / f"{TOOL}.screen").read_text(encoding="utf-8"),
+                         (ROOT / "examples/template/tally.screen").read_text(encoding="utf-8").replace("tally", TOOL))
+        self.assertNotIn("tally", "".join(path.read_text(encoding="utf-8") for path in self.project.iterdir() if path.is_file()))
+        self.assertEqual(files(self.home / ".local"), INSTALLED)
+        # It finds kelplib, which is installed elsewhere.
+        self.assertEqual(self.output(self.home / ".local" / "bin" / TOOL, "--version"), f"{TOOL} 1.0.0\n")
+
+    def test_second_build(self):
+        self.assertIn("ninja: no work to do.", self.built(self.build))
+
+    def test_changed_source(self):
+        self.addCleanup(self.built, self.build)
+        for name in (f"{TOOL}.cpp", f"{TOOL}.screen"):
+            path = self.project / name
+            self.addCleanup(path.write_text, path.read_text(encoding="utf-8"), encoding="utf-8")
+        self.change_help(self.project)
+        self.built(self.build)
+        for name in (f"{TOOL}.screen", f"share/doc/{TOOL}/{TOOL}.md"):
+            self.assertIn("the other text", (self.build / "documents" / name).read_text(encoding="utf-8"))
+        self.assertIn("ninja: no work to do.", self.built(self.build))
+        # The failure of the test says how the saved screen is renewed.
+        printed = refusal("ctest", "--test-dir", self.build, "--output-on-failure", **self.environment)
+        self.assertIn("Line 20 saved: \\e[34mFILE:\\e[0m the text$ now: \\e[34mFILE:\\e[0m the other text$ "
+                      f'To renew it: cmake --build "{self.build}" --target {TOOL}-screen', printed)
+        self.output("cmake", "--build", self.build, "--target", f"{TOOL}-screen")
+        self.output("ctest", "--test-dir", self.build)
+
+    def test_missing_document(self):
+        missing = self.build / "documents" / documents(TOOL)[0]
+        missing.unlink()
+        self.built(self.build)
+        self.assertTrue(missing.exists())
+
+    def test_makefiles(self):
+        project, staged = self.folder / "it's another tool", self.folder / "staged"
+        shutil.copytree(self.project, project, ignore=shutil.ignore_patterns("build"))
+        folder = project / "its build"
+        self.output("cmake", "-G", "Unix Makefiles", "-S", project, "-B", folder, "-DCMAKE_INSTALL_PREFIX=/usr")
+        self.built(folder)
+        written = folder / "documents"
+        self.assertEqual(self.contents(written), self.contents(self.build / "documents"))
+        self.output("cmake", "--install", folder, DESTDIR=str(staged))
+        self.assertEqual(files(staged / "usr"), FOR_DEBIAN)
+        before = {name: (written / name).stat().st_mtime_ns for name in files(written)}
+        self.built(folder)
+        self.assertEqual({name: (written / name).stat().st_mtime_ns for name in files(written)}, before)
+        self.change_help(project)
+        self.built(folder)
+        for name in (f"{TOOL}.screen", f"share/doc/{TOOL}/{TOOL}.md"):
+            self.assertIn("the other text", (written / name).read_text(encoding="utf-8"))
+
+    def test_cross_builds(self):
+        """A build is a cross build if CMAKE_SYSTEM_NAME is set."""
+        folder, staged = self.folder / "cross", self.folder / "cross staged"
+        expected = self.contents(self.build / "documents")
+        printed = self.configured(folder, "-DCMAKE_SYSTEM_NAME=Linux", "-DKELPLIB_KELP_DOC=")
+        self.assertIn(f"-- Without documents about {TOOL}, which need kelp-doc (KELPLIB_KELP_DOC)", printed)
+        self.built(folder)
+        self.output("cmake", "--install", folder, "--prefix", staged)
+        self.assertEqual(files(staged), [f"bin/{TOOL}"])
+        self.configured(folder, f"-DKELPLIB_KELP_DOC={self.prefix}/bin/kelp-doc")
+        self.built(folder)
+        self.assertEqual(self.contents(folder / "documents"), expected)
+        shutil.rmtree(folder / "documents")
+        self.configured(folder, "-DKELPLIB_KELP_DOC=", "-DCMAKE_CROSSCOMPILING_EMULATOR=env;EMULATED=1")
+        self.built(folder)
+        self.assertEqual((folder / "documents" / f"{TOOL}.screen.printed").read_bytes()[:1], b"\n")
+        (folder / "documents" / f"{TOOL}.screen.printed").unlink()
+        self.assertEqual(self.contents(folder / "documents"), expected)
+        self.output("ctest", "--test-dir", folder)
+        # Without emulator and saved screen
+        cmake = self.project / "CMakeLists.txt"
+        text = cmake.read_text(encoding="utf-8")
+        self.addCleanup(self.built, self.build)
+        self.addCleanup(cmake.write_text, text, encoding="utf-8")
+        cmake.write_text(text.replace(f" SCREEN {TOOL}.screen", ""), encoding="utf-8")
+        printed = self.configured(folder, f"-DKELPLIB_KELP_DOC={self.prefix}/bin/kelp-doc", "-DCMAKE_CROSSCOMPILING_EMULATOR=")
+        self.assertIn(f"-- Without documents about {TOOL}, which need CMAKE_CROSSCOMPILING_EMULATOR or a saved SCREEN", printed)
+        self.built(folder)
+
+    def test_man(self):
+        folder = self.home / ".local"
+        # man finds the pages beside the folders of PATH.
+        search = f"{folder}/bin:{os.environ['PATH']}"
+        page = folder / "share" / "man" / "man1" / f"{TOOL}.1"
+        self.assertEqual(self.output("man", "-w", TOOL, PATH=search, MANPATH="").strip(), str(page))
+        shown = self.output("man", TOOL, PATH=search, MANPATH="", MANWIDTH="80", LC_ALL="C.UTF-8")
+        self.assertRegex(" ".join(shown.split()), f"NAME {TOOL} . Counts how often each line of a text occurs SYNOPSIS")
+
+    def check_shell(self, shell, *settings):
+        with installed_in_home(shell)("/nonexistent", *settings) as session:
+            session.add_tool(TOOL)
+            (session.work / "alpha.txt").write_text("")
+            for typed, word in (("--le", "--least="), ("-o=al", "-o=alpha.txt"), ("al", "alpha.txt")):
+                line, _ = session.press(f"{TOOL} {typed}\t")
+                self.assertEqual(session.enter(), [word], line)
+
+    def test_bash(self):
+        self.check_shell("bash", ". /usr/share/bash-completion/bash_completion")
+
+    def test_zsh(self):
+        self.check_shell("zsh")
+
+    def test_fish(self):
+        self.check_shell("fish")
+
+
+if __name__ == "__main__":
+    unittest.main()
