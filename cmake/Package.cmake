@@ -56,9 +56,10 @@ get_property(programs GLOBAL PROPERTY KELPLIB_PROGRAMS)
 list(TRANSFORM programs PREPEND ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/ OUTPUT_VARIABLE CPACK_KELPLIB_PROGRAMS)
 set(CPACK_DEBIAN_KIT_DESCRIPTION "A strict command line, output files that appear whole or not at all, and
 progress on the console, on top of the shared library.
-This package contains a static library, its headers, the program
-kelp-doc, which writes completions and a man page for a tool, and the
-files with which CMake and pkg-config build a tool.")
+This package contains a static library, its headers, and the files with
+which CMake and pkg-config build a tool, with the programs kelp-doc, which
+writes completions and a man page for a tool, and kelp-check, which checks
+its definition.")
 
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_NAME libkelplib-doc)
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SECTION doc)

@@ -8,6 +8,7 @@
 
 #include "document_date.h"
 #include "formats.h"
+#include "hint_option.h"
 #include "man_sections.h"
 #include "screen_source.h"
 
@@ -44,18 +45,6 @@ constexpr std::array<Format, 7> formats{{
     {"screen", [](const Material& material) { return visibleScreen(material.screen); }, ""},
     {"zsh", [](const Material& material) { return zshCompletion(material.tool); }, "share/zsh/site-functions/_*"},
 }};
-
-std::vector<Hint> readHints(Kelpkit::CommandLine& line) {
-    std::vector<Hint> hints;
-    for (const std::string& text : line.value<std::vector<std::string>>("-t").value_or(std::vector<std::string>())) {
-        try {
-            hints.push_back(readHint(text));
-        } catch (const std::runtime_error& error) {
-            line.refuse("-t", error.what());
-        }
-    }
-    return hints;
-}
 
 Format readFormat(const Kelpkit::CommandLine& line) {
     Kelpkit::Choices<Format> choices;
@@ -166,7 +155,7 @@ int main(int argc, char** argv) {
          {"-t", "--takes", "what options take: n=LINES,o=FILE:file,m=fast|exact,l", Kelpkit::takesValue}},
         {{"TOOL", "the program, which is run with --help", false}},
         "-f=markdown -o=firstlines.md bin/firstlines",
-        "[-f=FORMAT] [-i=FILE] [-n=NAME] [-t=HINTS] [-o=FILE | -a -o=FOLDER] [-s] TOOL",
+        "[-f=FORMAT] [-i=FILE] [-n=NAME] [-t=HINTS] [-s] [-a] [-o=PATH] TOOL",
         "",
         KELPKIT_VERSION};
     return Kelpkit::run(tool, argc, argv, work);

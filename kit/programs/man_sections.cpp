@@ -1,10 +1,7 @@
 #include "man_sections.h"
 
-#include <kelpkit/Files.h>
-
 #include <algorithm>
 #include <array>
-#include <stdexcept>
 #include <string_view>
 
 #include "help_screen.h"
@@ -14,7 +11,6 @@ namespace Kelpkit::programs {
 
 namespace {
 
-constexpr std::size_t maximumBytes = 1'000'000;
 constexpr std::string_view heading = ".Sh ";
 constexpr std::string_view comment = ".\\\"";
 
@@ -115,17 +111,6 @@ void requireText(std::string_view text) {
     }
 }
 
-std::string read(const std::string& file) {
-    InputFile input(file, std::ios::binary);
-    std::string text(maximumBytes + 1, '\0');
-    input.stream().read(text.data(), static_cast<std::streamsize>(text.size()));
-    text.resize(static_cast<std::size_t>(input.stream().gcount()));
-    if (text.size() > maximumBytes) {
-        throw std::runtime_error(file + " has more than " + std::to_string(maximumBytes) + " bytes");
-    }
-    return text;
-}
-
 }  // namespace
 
 void insertManSections(std::vector<ManSection>& page, const std::string& sections) {
@@ -142,16 +127,11 @@ void insertManSections(std::vector<ManSection>& page, const std::string& section
                      [](const ManSection& a, const ManSection& b) { return rankOf(a) < rankOf(b); });
 }
 
-std::string readManSections(const std::string& file) {
-    const std::string bytes = read(file);
-    try {
-        std::string text = withPlainLineEnds(bytes);
-        requireText(text);
-        requireSections(text);
-        return text;
-    } catch (const ScreenError& error) {
-        throw std::runtime_error(file + ": no sections of a man page: " + error.what());
-    }
+std::string checkedManSections(const std::string& bytes) {
+    std::string text = withPlainLineEnds(bytes);
+    requireText(text);
+    requireSections(text);
+    return text;
 }
 
 }  // namespace Kelpkit::programs

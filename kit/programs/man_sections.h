@@ -18,10 +18,14 @@ struct ManSection {
 /// \param sections  lines of mdoc; each section begins with ".Sh TITLE"; lines before the first one are left out
 void insertManSections(std::vector<ManSection>& page, const std::string& sections);
 
+/// Returns a text for insertManSections, with LF for its line ends.
+/// \throws ScreenError  "line 7: expected ..." for control characters, a text that is not UTF-8, and anything but comments before
+///                      the first section
+std::string checkedManSections(const std::string& bytes);
+
 /// Reads sections for insertManSections from a file.
-/// \throws std::runtime_error  "notes.mdoc: no sections of a man page: line 7: expected ..." for control characters, a text that is
-///                             not UTF-8, and anything but comments before the first section; for more than 1,000,000 bytes; if
-///                             the file cannot be read
+/// \throws std::runtime_error  "notes.mdoc: no sections of a man page: line 7: expected ..." for a text that is none; for more
+///                             than 1,000,000 bytes; if the file cannot be read
 std::string readManSections(const std::string& file);
 
 }  // namespace Kelpkit::programs

@@ -7,17 +7,20 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace Kelpkit::programs {
 
-/// `PROGRAM --help .` in a process of its own, as readHelp() describes it; see running_tool_posix.cpp and
+/// A tool in a process of its own, as runTool() describes it; see running_tool_posix.cpp and
 /// running_tool_windows.cpp. The destructor kills its process group.
 class RunningTool {
 public:
     /// Starts it.
-    /// \param program  an absolute path
+    /// \param program    an absolute path
+    /// \param arguments  on Windows without blanks and quotes
     /// \throws std::system_error  if it cannot be started
-    RunningTool(const std::filesystem::path& program, const std::string& name, const std::filesystem::path& folder);
+    RunningTool(const std::filesystem::path& program, const std::string& name,
+                const std::vector<std::string>& arguments, const std::filesystem::path& folder);
     ~RunningTool();
     RunningTool(const RunningTool&) = delete;
     RunningTool& operator=(const RunningTool&) = delete;

@@ -101,18 +101,21 @@ struct RunningTool::Handles {
 };
 
 RunningTool::RunningTool(const std::filesystem::path& program, const std::string& name,
-                         const std::filesystem::path& folder)
+                         const std::vector<std::string>& arguments, const std::filesystem::path& folder)
     : handles(std::make_unique<Handles>()) {
     // A caller may have left it ignored. The system would then drop the exit status of the tool.
     std::signal(SIGCHLD, SIG_DFL);
-    std::string ownName = name;
-    std::string help = "--help";
-    std::string dot = ".";
-    const std::array<char*, 4> arguments{ownName.data(), help.data(), dot.data(), nullptr};
+    std::vector<std::string> words{name};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    std::vector<char*> pointers;
+    for (std::string& word : words) {
+        pointers.push_back(word.data());
+    }
+    pointers.push_back(nullptr);
     StartPlan plan;
     plan.prepare(folder, handles->output.writing());
     requireSuccess(
-        posix_spawn(&handles->process, program.c_str(), &plan.actions, &plan.attributes, arguments.data(), environ));
+        posix_spawn(&handles->process, program.c_str(), &plan.actions, &plan.attributes, pointers.data(), environ));
     handles->output.closeWriting();
 }
 

@@ -101,7 +101,8 @@ Handle createJob() {
 
 /// Starts the tool, suspended. The application name and the name in the command line differ.
 PROCESS_INFORMATION start(const std::filesystem::path& program, const std::string& name,
-                          const std::filesystem::path& folder, HANDLE output) {
+                          const std::vector<std::string>& arguments, const std::filesystem::path& folder,
+                          HANDLE output) {
     const Handle input = openNull(GENERIC_READ);
     const Handle errors = openNull(GENERIC_WRITE);
     Inheritance inheritance({input.get(), output, errors.get()});
@@ -112,7 +113,10 @@ PROCESS_INFORMATION start(const std::filesystem::path& program, const std::strin
     information.StartupInfo.hStdOutput = output;
     information.StartupInfo.hStdError = errors.get();
     information.lpAttributeList = inheritance.list();
-    std::wstring commandLine = L"\"" + pathOf(name).wstring() + L"\" --help .";
+    std::wstring commandLine = L"\"" + pathOf(name).wstring() + L"\"";
+    for (const std::string& argument : arguments) {
+        commandLine += L" " + pathOf(argument).wstring();
+    }
     constexpr DWORD flags =
         CREATE_SUSPENDED | CREATE_NO_WINDOW | CREATE_NEW_PROCESS_GROUP | EXTENDED_STARTUPINFO_PRESENT;
     PROCESS_INFORMATION process{};
@@ -130,7 +134,7 @@ struct RunningTool::Handles {
 };
 
 RunningTool::RunningTool(const std::filesystem::path& program, const std::string& name,
-                         const std::filesystem::path& folder)
+                         const std::vector<std::string>& arguments, const std::filesystem::path& folder)
     : handles(std::make_unique<Handles>()) {
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
     HANDLE reading = nullptr;
@@ -139,7 +143,7 @@ RunningTool::RunningTool(const std::filesystem::path& program, const std::string
     handles->output = Handle(reading);
     const Handle output(writing);
     handles->job = createJob();
-    const PROCESS_INFORMATION started = start(program, name, folder, output.get());
+    const PROCESS_INFORMATION started = start(program, name, arguments, folder, output.get());
     handles->process = Handle(started.hProcess);
     const Handle thread(started.hThread);
     try {

@@ -31,8 +31,24 @@ constexpr Rule allRules[count] = {
      "list the option -h, --help"},
     {Id::verboseTaken, Severity::warning, "verbose-taken", "the option also switches verbose mode on",
      "keep -v and --verbose for verbose mode, as a switch"},
+    {Id::versionLetter, Severity::warning, "version-letter",
+     "letter case does not matter, so the short form counts as -v, the flag of verbose mode",
+     "leave --version to a definition's version, or use another name"},
+    {Id::noVerbose, Severity::error, "no-verbose", "the tool has verbose texts, but the library refuses -v",
+     "list the option -v, --verbose"},
     {Id::outputLetter, Severity::warning, "output-letter", "users expect -o to name the output file",
      "keep -o for --output with a value, and choose another letter"},
+    {Id::noOutput, Severity::error, "no-output",
+     "the tool asks for output files, but the library refuses -o and prints an error", "list the option -o, --output"},
+    {Id::askedByLongName, Severity::error, "asked-by-long-name",
+     "the tool asks for this name, which the library never finds", "ask for the short form"},
+    {Id::askedUnregistered, Severity::error, "asked-unregistered",
+     "the tool asks for this option, but the library refuses it", "list the option, or do not ask for it"},
+    {Id::lateOption, Severity::error, "late-option",
+     "the tool registers this option after the constructor, which refuses it", "pass it to the constructor"},
+    {Id::fileDemanded, Severity::error, "file-demanded",
+     "the library demands an input file, which the help screen does not mention",
+     "describe the file as an argument, or use a constructor without arguments"},
     {Id::digit, Severity::note, "digit", "the option looks like a negative number", "use a letter"},
     {Id::valueUnknown, Severity::warning, "value-unknown",
      "nothing says whether the option takes a value, so users and completions have to guess",
@@ -79,6 +95,10 @@ const Rule (&table())[count] {
 
 std::string_view nameOf(Severity severity) {
     return severities[static_cast<std::size_t>(severity)];
+}
+
+Severity severityOf(const Finding& finding) {
+    return allRules[static_cast<std::size_t>(finding.rule)].severity;
 }
 
 std::string lineOf(const Finding& finding) {

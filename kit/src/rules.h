@@ -8,7 +8,8 @@
 #include <vector>
 
 /// \file
-/// The rules for a tool's options, arguments and texts, whether they come from its definition or from its help screen.
+/// The rules for a tool's options, arguments and texts, whether they come from its definition or from its help screen, and for what
+/// a run of the tool shows.
 
 namespace Kelpkit::rules {
 
@@ -51,7 +52,14 @@ enum class Id {
     helpTaken,
     noHelp,
     verboseTaken,
+    versionLetter,
+    noVerbose,
     outputLetter,
+    noOutput,
+    askedByLongName,
+    askedUnregistered,
+    lateOption,
+    fileDemanded,
     digit,
     valueUnknown,
     usageNames,
@@ -86,6 +94,8 @@ struct Finding {
     Id rule;
     std::string subject;  ///< the flag, the argument or the text that it is about; may be empty
 };
+
+Severity severityOf(const Finding& finding);
 
 /// Returns the finding as a line: "error same-letter -n: CONSEQUENCE; CURE". The subject is made printable().
 std::string lineOf(const Finding& finding);

@@ -53,10 +53,13 @@ void checkForms(const Option& option, std::vector<Finding>& findings) {
     }
 }
 
-/// Whether run() answers the option with the version.
-bool showsVersion(const Tool& tool, const Option& option) {
-    return !tool.version.empty() && !option.takesValue.value_or(true) && equalIgnoringCase(option.shortForm, "-v") &&
-           equalIgnoringCase(option.longForm, "--version");
+bool isVersion(const Option& option) {
+    return equalIgnoringCase(option.shortForm, "-v") && equalIgnoringCase(option.longForm, "--version");
+}
+
+/// Whether run() answers the version option with the version.
+bool isAnswered(const Tool& tool, const Option& option) {
+    return !tool.version.empty() && !option.takesValue.value_or(true);
 }
 
 /// Checks the letters that have a fixed meaning.
@@ -64,7 +67,11 @@ void checkMeaning(const Tool& tool, const Option& option, std::vector<Finding>& 
     if (takes(option, "-h", "--help")) {
         findings.push_back({Id::helpTaken, nameOf(option)});
     }
-    if (takes(option, "-v", "--verbose") && !showsVersion(tool, option)) {
+    if (isVersion(option)) {
+        if (!isAnswered(tool, option)) {
+            findings.push_back({Id::versionLetter, option.shortForm});
+        }
+    } else if (takes(option, "-v", "--verbose")) {
         findings.push_back({Id::verboseTaken, nameOf(option)});
     }
     if (isOtherOutput(option)) {

@@ -135,6 +135,32 @@ void compareMarkdown(const DescribedTool& tool) {
     expectSame("no more than a paragraph", page.paragraphs <= 1, true);
 }
 
+/// A man page has its own headings and macros. A line of text begins with neither "." nor "'".
+void compareManPage(const DescribedTool& tool) {
+    const Strings macros{".\\\"", ".Bd", ".Bl", ".Dd", ".Dt", ".Ed", ".El", ".Fl", ".It", ".Nd",
+                         ".Nm",   ".Os", ".Pp", ".Ql", ".Sh", ".Ar", ".Cm", ".No", ".ad"};
+    Strings headings;
+    const std::string page = manPage(tool, "November 23, 2026", "");
+    expectPrintable("the man page", page);
+    for (const std::string& line : model::linesOf(page)) {
+        const std::string macro = line.substr(0, line.find(' '));
+        const bool isText = line.empty() || (line.front() != '.' && line.front() != '\'');
+        expectSame(("the macro " + macro).c_str(), isText || std::count(macros.begin(), macros.end(), macro) == 1,
+                   true);
+        if (macro == ".Sh") {
+            headings.push_back(line);
+        }
+    }
+    Strings expected{".Sh NAME", ".Sh SYNOPSIS", ".Sh DESCRIPTION", ".Sh OPTIONS", ".Sh EXIT STATUS", ".Sh EXAMPLES"};
+    if (tool.example.empty()) {
+        expected.pop_back();
+    }
+    if (tool.arguments.empty() && tool.description.find_first_not_of(" \t\r\n") == std::string::npos) {
+        expected.erase(expected.begin() + 2);
+    }
+    expectSame("the headings of the man page", headings, expected);
+}
+
 /// Returns the script after a line of it.
 std::string after(const std::string& script, const std::string& line) {
     const std::size_t found = script.find(line + "\n");
@@ -315,6 +341,7 @@ void fuzz::documents(const std::uint8_t* data, std::size_t size) {
         compareTool(tool, screen);
         compareJson(tool);
         compareMarkdown(tool);
+        compareManPage(tool);
         compareBash(tool);
         compareZsh(tool);
         compareFish(tool);

@@ -15,7 +15,7 @@ FLAT_OUTPUT = "from C  50.0% ## |\r\n"
 # What the tool made with the kit prints for "-n=5", and how the lines begin that it prints for "-n=3x".
 KIT_OUTPUT = "5\n"
 KIT_REFUSAL = "caught kit_tool: -n=3x: "
-PROGRAMS = ("kelp-doc",)
+PROGRAMS = ("kelp-doc", "kelp-check")
 LIBRARY_HEADERS = [f"include/kelplib/{name}.h" for name in ("CommandLineTool", "Export", "FilePath", "Kelp", "KelpProgress")]
 # Files that a build of the library without tests needs.
 SOURCES = ("CMakeLists.txt", "cmake", "include", "src", "kit", "README.md", "CHANGELOG.md", "CONTRIBUTING.md", "LICENSE", "docs",
@@ -66,8 +66,9 @@ def kit_files(library_folder, in_debian=False, suffix=""):
             *(f"{library_folder}/{name}" for name in (
                 "cmake/kelplib/CompareScreens.cmake", "cmake/kelplib/KelplibTool.cmake",
                 "cmake/kelplib/KelplibWindowsParts.cmake", "cmake/kelplib/kelplibKitTargets.cmake",
-                "libkelpkit.a", "pkgconfig/kelpkit.pc")),
-            *(name for program in PROGRAMS for name in (f"bin/{program}{suffix}", *documents(program, in_debian, ".gz" if in_debian else "")))]
+                "libkelpkit.a", "pkgconfig/kelpkit.pc", *(() if suffix else ("kelplib/kelp_observer.so",)))),
+            *(name for program in PROGRAMS
+              for name in (f"bin/{program}{suffix}", *documents(program, in_debian, ".gz" if in_debian else "")))]
 
 
 def documents(tool, in_debian=False, man_suffix=""):

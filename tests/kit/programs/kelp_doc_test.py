@@ -471,7 +471,7 @@ class CommandLines(KelpDocTest):
         tool = json.loads(self.document(KELP_DOC))
         self.assertEqual({each["short"]: (each["takes"], each["value"]) for each in tool["options"]},
                          {"-a": ("nothing", ""), "-f": ("text", "FORMAT"), "-h": ("nothing", ""), "-i": ("file", "FILE"), "-n": ("text", "NAME"),
-                          "-o": ("file", "FILE"), "-s": ("nothing", ""), "-t": ("text", "HINTS")})
+                          "-o": ("file", "PATH"), "-s": ("nothing", ""), "-t": ("text", "HINTS")})
         self.assertEqual(tool["arguments"], [{"name": "TOOL", "text": "the program, which is run with --help",
                                               "repeated": False, "optional": False}])
 

@@ -1,0 +1,109 @@
+// kelp-check: checks the definition of a tool that uses the library.
+
+#include <kelpkit/Tool.h>
+
+#include <algorithm>
+#include <chrono>
+#include <iostream>
+
+#include "checked_tool.h"
+#include "hint_option.h"
+#include "observed_run.h"
+#include "screen_source.h"
+#include "shell_words.h"
+
+namespace {
+
+using namespace Kelpkit::programs;
+using Kelpkit::rules::Finding;
+using Kelpkit::rules::Severity;
+
+/// What is checked.
+struct Subject {
+    std::string source;  ///< the program, or the file of a saved screen
+    bool isSaved;
+    std::optional<std::string> name;
+    std::optional<std::string> arguments;  ///< of another run, as in a shell
+    std::vector<Hint> hints;
+};
+
+Subject readSubject(const Kelpkit::CommandLine& line) {
+    Subject subject{line.arguments().front(), line.has("-r"), line.value<std::string>("-n"),
+                    line.value<std::string>("-a"), readHints(line)};
+    if (subject.isSaved && subject.arguments) {
+        line.refuse("-a", "cannot be combined with -r");
+    }
+    return subject;
+}
+
+/// Observes the runs of a tool, which end within the rest of its time.
+Observation observeRuns(const Subject& subject, const HelpScreen& screen, std::chrono::steady_clock::time_point start) {
+    RunLimits limits;
+    const auto used = std::chrono::steady_clock::now() - start;
+    limits.time -= std::min(limits.time, std::chrono::duration_cast<std::chrono::milliseconds>(used));
+    Observation observation = observe({subject.source, screen.name, helpRequest()}, limits);
+    if (subject.arguments) {
+        const Run run{subject.source, screen.name, Kelpkit::shellWords(*subject.arguments)};
+        const Observation other = observe(run, RunLimits());
+        observation.tools.insert(observation.tools.end(), other.tools.begin(), other.tools.end());
+        observation.queries.insert(observation.queries.end(), other.queries.begin(), other.queries.end());
+    }
+    return observation;
+}
+
+/// Says on standard error that the rules which need a run are not checked.
+void reportBlindness(const std::string& source, const std::string& reason) {
+    std::cerr << Kelpkit::printable("kelp-check: " + source + ": only the help screen is checked; " + reason) << "\n";
+}
+
+std::vector<Finding> check(const Subject& subject) {
+    const auto start = std::chrono::steady_clock::now();
+    const HelpScreen screen = readScreen(subject.source, subject.isSaved, subject.name);
+    Observation observation;
+    std::string problem = subject.isSaved ? "" : observationProblem();
+    if (!subject.isSaved && problem.empty()) {
+        observation = observeRuns(subject, screen, start);
+        problem = "the tool cannot be observed";
+    }
+    const ObservedTool* const observed = findTool(observation, screen);
+    if (!subject.isSaved && observed == nullptr) {
+        reportBlindness(subject.source, problem);
+    }
+    std::vector<Finding> findings = Kelpkit::rules::check(checkedTool(screen, subject.hints, observed));
+    if (observed != nullptr) {
+        checkObservation(*observed, observation, findings);
+    }
+    return findings;
+}
+
+int work(Kelpkit::CommandLine& line) {
+    const Severity mildest = line.has("-s") ? Severity::warning : Severity::error;
+    Kelpkit::NewFile output(std::nullopt);
+    bool isFaulty = false;
+    for (const Finding& finding : check(readSubject(line))) {
+        output.stream() << lineOf(finding) << "\n";
+        isFaulty = isFaulty || Kelpkit::rules::severityOf(finding) <= mildest;
+    }
+    output.publish();
+    return isFaulty ? EXIT_FAILURE : EXIT_SUCCESS;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const Kelpkit::Definition tool{
+        "kelp-check",
+        "Checks the definition of a tool.",
+        {{"-a", "--arguments", "also runs TOOL with these, to see what it asks for", Kelpkit::takesValue},
+         {"-h", "--help", "shows this help", Kelpkit::isSwitch},
+         {"-n", "--name", "the name of the tool (that of its file)", Kelpkit::takesValue},
+         {"-r", "--read", "TOOL is a saved help screen, which is read", Kelpkit::isSwitch},
+         {"-s", "--strict", "warnings count as errors", Kelpkit::isSwitch},
+         {"-t", "--takes", "what options take: n=LINES,o=FILE:file,m=fast|exact,l", Kelpkit::takesValue}},
+        {{"TOOL", "the program, which is run with --help", false}},
+        "-s bin/firstlines",
+        "[-s] [-n=NAME] [-t=HINTS] [-a=ARGUMENTS | -r] TOOL",
+        "",
+        KELPKIT_VERSION};
+    return Kelpkit::run(tool, argc, argv, work);
+}

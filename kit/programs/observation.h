@@ -1,0 +1,55 @@
+#ifndef KELPKIT_PROGRAMS_OBSERVATION_H
+#define KELPKIT_PROGRAMS_OBSERVATION_H
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "help_screen.h"
+#include "rules.h"
+
+namespace Kelpkit::programs {
+
+struct ObservedArgument {
+    std::string name;
+    std::string text;
+    bool repeated = false;
+};
+
+/// A CommandLineTool in a run of a tool.
+struct ObservedTool {
+    bool isFull = false;                      ///< whether the full constructor was called
+    bool ownsCommandLine = false;             ///< whether the constructor was handed the command line of the program
+    std::vector<HelpScreen::Option> options;  ///< all that were registered before the command line was checked
+    std::vector<ObservedArgument> arguments;
+    std::vector<HelpScreen::Option> lateOptions;  ///< registered after it
+    std::vector<std::string> names;               ///< that it was asked for
+    bool asksVerbose = false;
+    bool asksOutput = false;
+};
+
+/// A query of an OptionReader.
+struct ReaderQuery {
+    bool isValue = false;  ///< whether it was a query of a value
+    std::vector<std::string> names;
+};
+
+/// What the observer has reported.
+struct Observation {
+    std::vector<ObservedTool> tools;
+    std::vector<ReaderQuery> queries;
+};
+
+/// Reads a report; see observer_report.h. A text that is no report gives an observation without tools.
+Observation readReport(std::string_view report);
+
+/// Returns the last tool with the options and arguments of a help screen; null if there is none.
+const ObservedTool* findTool(const Observation& observation, const HelpScreen& screen);
+
+/// Appends the findings that only a run shows, each once.
+/// \param tool  one of the observation
+void checkObservation(const ObservedTool& tool, const Observation& observation, std::vector<rules::Finding>& findings);
+
+}  // namespace Kelpkit::programs
+
+#endif

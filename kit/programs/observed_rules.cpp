@@ -1,0 +1,137 @@
+#include <algorithm>
+#include <map>
+#include <set>
+#include <utility>
+
+#include "ascii_case.h"
+#include "observation.h"
+
+namespace Kelpkit::programs {
+
+namespace {
+
+using rules::Finding;
+using rules::Id;
+using Options = std::vector<HelpScreen::Option>;
+using ShownOption = std::pair<std::string, std::pair<std::string, std::string>>;
+
+/// Returns the options as the library shows them: the first one of each letter, in the order of the letters.
+std::vector<ShownOption> shown(const Options& options) {
+    std::map<std::string, ShownOption> byForm;
+    for (const HelpScreen::Option& option : options) {
+        byForm.try_emplace(lowerCase(option.shortForm), option.shortForm, std::pair(option.longForm, option.text));
+    }
+    std::vector<ShownOption> result;
+    result.reserve(byForm.size());
+    for (const auto& [form, option] : byForm) {
+        result.push_back(option);
+    }
+    return result;
+}
+
+bool areEqual(const std::vector<ObservedArgument>& observed, const std::vector<HelpScreen::Argument>& arguments) {
+    return std::equal(observed.begin(), observed.end(), arguments.begin(), arguments.end(),
+                      [](const auto& a, const auto& b) { return a.name == b.name && a.text == b.text; });
+}
+
+bool hasShortForm(const Options& options, const std::string& form) {
+    return std::any_of(options.begin(), options.end(),
+                       [&](const auto& option) { return equalIgnoringCase(option.shortForm, form); });
+}
+
+bool hasLongForm(const Options& options, const std::string& form) {
+    return std::any_of(options.begin(), options.end(),
+                       [&](const auto& option) { return equalIgnoringCase(option.longForm, form); });
+}
+
+/// Returns all options that were registered with a tool at last.
+Options registered(const ObservedTool& tool) {
+    Options options = tool.options;
+    options.insert(options.end(), tool.lateOptions.begin(), tool.lateOptions.end());
+    return options;
+}
+
+void checkNames(const ObservedTool& tool, const Options& options, std::vector<Finding>& findings) {
+    for (const std::string& name : tool.names) {
+        if (!hasShortForm(options, name)) {
+            findings.push_back({hasLongForm(options, name) ? Id::askedByLongName : Id::askedUnregistered, name});
+        }
+    }
+}
+
+bool isFlag(const std::string& name) {
+    return name.size() > 1 && name.front() == '-';
+}
+
+/// Returns the two characters by which the library compares a flag: "-n" for "-number" and "--number".
+std::string keyOf(const std::string& flag) {
+    const bool isLong = flag.size() > 2 && flag[1] == '-';
+    return std::string("-") + flag[isLong ? 2 : 1];
+}
+
+/// Checks a query of a reader, which finds a value by a name of two characters, and a token by one that passed the check of the flags.
+void checkQuery(const ReaderQuery& query, const std::set<std::string>& letters, std::vector<Finding>& findings) {
+    const auto canMatch = [&](const std::string& name) { return isFlag(name) && (!query.isValue || name.size() == 2); };
+    const auto isKnown = [&](const std::string& name) { return letters.count(lowerCase(keyOf(name))) != 0; };
+    const auto flag = std::find_if(query.names.begin(), query.names.end(), isFlag);
+    const auto isFound = [&](const std::string& name) { return canMatch(name) && isKnown(name); };
+    if (flag == query.names.end() || std::any_of(query.names.begin(), query.names.end(), isFound)) {
+        return;
+    }
+    const bool isLongName = std::none_of(query.names.begin(), query.names.end(), canMatch) && isKnown(*flag);
+    findings.push_back({isLongName ? Id::askedByLongName : Id::askedUnregistered, *flag});
+}
+
+void checkQueries(const Observation& observation, std::vector<Finding>& findings) {
+    std::set<std::string> letters;
+    for (const ObservedTool& tool : observation.tools) {
+        for (const HelpScreen::Option& option : registered(tool)) {
+            letters.insert(lowerCase(option.shortForm));
+        }
+    }
+    for (const ReaderQuery& query : observation.queries) {
+        checkQuery(query, letters, findings);
+    }
+}
+
+void checkCalls(const ObservedTool& tool, const Options& options, std::vector<Finding>& findings) {
+    if (tool.asksVerbose && !hasShortForm(options, "-v")) {
+        findings.push_back({Id::noVerbose, ""});
+    }
+    if (tool.asksOutput && !hasShortForm(options, "-o")) {
+        findings.push_back({Id::noOutput, ""});
+    }
+    if (tool.isFull && tool.ownsCommandLine && tool.arguments.empty()) {
+        findings.push_back({Id::fileDemanded, ""});
+    }
+    for (const HelpScreen::Option& option : tool.lateOptions) {
+        findings.push_back({Id::lateOption, option.shortForm.empty() ? option.longForm : option.shortForm});
+    }
+}
+
+}  // namespace
+
+const ObservedTool* findTool(const Observation& observation, const HelpScreen& screen) {
+    const std::vector<ShownOption> options = shown(screen.options);
+    const auto found =
+        std::find_if(observation.tools.rbegin(), observation.tools.rend(), [&](const ObservedTool& tool) {
+            return areEqual(tool.arguments, screen.arguments) && shown(tool.options) == options;
+        });
+    return found == observation.tools.rend() ? nullptr : &*found;
+}
+
+void checkObservation(const ObservedTool& tool, const Observation& observation, std::vector<Finding>& findings) {
+    const Options options = registered(tool);
+    std::vector<Finding> found;
+    checkCalls(tool, options, found);
+    checkNames(tool, options, found);
+    checkQueries(observation, found);
+    std::set<std::pair<Id, std::string>> known;
+    for (const Finding& finding : found) {
+        if (known.emplace(finding.rule, finding.subject).second) {
+            findings.push_back(finding);
+        }
+    }
+}
+
+}  // namespace Kelpkit::programs

@@ -1,0 +1,103 @@
+#include "observer_events.h"
+
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <mutex>
+#include <set>
+
+#include "observer_report.h"
+
+namespace Kelpkit::programs::observer {
+
+namespace {
+
+struct Report {
+    std::string name;  ///< of its file; empty if there is none
+    int argumentCount = 0;
+    char** arguments = nullptr;
+    std::mutex mutex;
+    std::set<std::string> queries;
+};
+
+Report& report() {
+    static Report& only = *new Report;  // A tool may use the library until its last moment.
+    return only;
+}
+
+[[gnu::constructor]] void start(int argc, char** argv) {
+    if (const char* const path = std::getenv(reportVariable)) {
+        report().name = path;
+    }
+    report().argumentCount = argc;
+    report().arguments = argv;
+}
+
+/// Opens the file each time, as tools may close descriptors. A report that does not arrive is missed by its reader.
+void append(const std::string& text) {
+    const int errorNumber = errno;
+    const std::string& name = report().name;
+    const int file = name.empty() ? -1 : open(name.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC | O_NOFOLLOW);
+    if (file != -1) {
+        const ssize_t ignored = write(file, text.data(), text.size());
+        static_cast<void>(ignored);
+        close(file);
+    }
+    errno = errorNumber;
+}
+
+}  // namespace
+
+std::string textOf(Event fields) {
+    std::string text;
+    for (const std::string_view each : fields) {
+        text += field(each);
+    }
+    return field(text);
+}
+
+void addTool(const std::string& text) {
+    const std::lock_guard<std::mutex> lock(report().mutex);
+    report().queries.clear();
+    append(text);
+}
+
+void add(Event fields) {
+    const std::lock_guard<std::mutex> lock(report().mutex);
+    const std::string text = textOf(fields);
+    if (report().queries.insert(text).second) {
+        append(text);
+    }
+}
+
+bool isOwn(int argc, char** argv) {
+    bool isSame = argc == report().argumentCount && argc > 1;
+    for (int i = 1; isSame && i < argc; ++i) {
+        isSame = argv[i] != nullptr && std::string_view(argv[i]) == report().arguments[i];
+    }
+    return isSame;
+}
+
+[[gnu::noinline]] void* next() {
+    Dl_info caller{};
+    void* function = nullptr;
+    if (dladdr(__builtin_return_address(0), &caller) != 0 && caller.dli_sname != nullptr) {
+        function = dlsym(RTLD_NEXT, caller.dli_sname);
+    }
+    if (function == nullptr) {
+        std::abort();
+    }
+    return function;
+}
+
+bool isInner(const void* returnAddress, const void* function) {
+    Dl_info caller{};
+    Dl_info library{};
+    return dladdr(returnAddress, &caller) != 0 && dladdr(function, &library) != 0 &&
+           caller.dli_fbase == library.dli_fbase;
+}
+
+}  // namespace Kelpkit::programs::observer

@@ -1,0 +1,165 @@
+#!/usr/bin/env python3
+"""Runs kelp-check, which observes tools: kelp_check_observer_test.py KELP_CHECK OBSERVED_TOOL OBSERVER RULES_PAGE"""
+
+import concurrent.futures
+import os
+import pathlib
+import shutil
+import signal
+import sys
+import tempfile
+import time
+import unittest
+
+import programs
+
+KELP_CHECK, OBSERVED, OBSERVER, PAGE = sys.argv[1:5]
+
+# What the samples of the page give, each with -a=. and the name of the sample.
+FINDINGS = {
+    "no-verbose": "error no-verbose: the tool has verbose texts, but the library refuses -v; list the option -v, --verbose",
+    "no-output": "error no-output: the tool asks for output files, but the library refuses -o and prints an error; list the "
+                 "option -o, --output",
+    "asked-by-long-name": "error asked-by-long-name --number: the tool asks for this name, which the library never finds; ask "
+                          "for the short form",
+    "asked-unregistered": "error asked-unregistered -q: the tool asks for this option, but the library refuses it; list the "
+                          "option, or do not ask for it",
+    "late-option": "error late-option -v: the tool registers this option after the constructor, which refuses it; pass it to the "
+                   "constructor",
+    "file-demanded": "error file-demanded: the library demands an input file, which the help screen does not mention; describe "
+                     "the file as an argument, or use a constructor without arguments",
+}
+DROPPED = "error same-letter -N: an earlier option has this letter, so this one cannot be used; choose another letter\n"
+UNSEEN = f"kelp-check: {OBSERVED}: only the help screen is checked; the tool cannot be observed\n"
+
+# Tools that disturb the observer, and whether it sees them.
+TRICKS = {"unset": False, "again": True, "moved": False, "closing": True, "flood": False, "garbage": False, "empty": False,
+          "number": False, "fifo": False, "removed": False, "forked": True, "large": False, "killed": False}
+
+
+class ObserverTest(unittest.TestCase):
+    maxDiff = None
+
+    def setUp(self):
+        temporary = tempfile.TemporaryDirectory()
+        self.addCleanup(temporary.cleanup)
+        self.folder = pathlib.Path(temporary.name).resolve() / "a b:c'd"
+        self.folder.mkdir()
+        self.environment = {**os.environ, "TMPDIR": str(self.folder)}
+
+    def check(self, *arguments, program=KELP_CHECK):
+        status, output, errors = programs.run(program, *arguments, cwd=self.folder, env=self.environment)
+        return status, output.decode(), errors.decode()
+
+    def check_tool(self, name, *arguments):
+        return self.check("-n=" + name, *arguments, OBSERVED)
+
+    def check_tools(self, expected):
+        """Checks the results for many argument lists of check_tool, a few at a time: each run waits for half a second."""
+        with concurrent.futures.ThreadPoolExecutor(6) as pool:
+            results = list(pool.map(lambda arguments: self.check_tool(*arguments), expected))
+        for (arguments, result), actual in zip(expected.items(), results):
+            with self.subTest(arguments=arguments):
+                self.assertEqual(actual, result)
+
+    def tearDown(self):
+        self.assertEqual(list(self.folder.iterdir()), [])
+
+
+class Rules(ObserverTest):
+    def test_samples(self):
+        self.check_tools({("finding-" + rule, "-a=."): (1, finding + "\n", "") for rule, finding in FINDINGS.items()})
+        self.check_tools({("none-" + rule, "-a=."): (0, "", "") for rule in FINDINGS})
+
+    def test_samples_of_the_page(self):
+        page = pathlib.Path(PAGE).read_text(encoding="utf-8")
+        lines = programs.run(OBSERVED, "samples")[1].decode().splitlines()
+        self.assertEqual(lines[::3], list(FINDINGS))
+        for rule, finding, none in zip(lines[::3], lines[1::3], lines[2::3]):
+            section = page.split(f"\n### {rule}\n")[1].split("\n### ")[0]
+            self.assertTrue(section.endswith(f"\n- finding: `{finding}`\n- none: `{none}`\n"), section)
+
+    def test_only_a_run_with_arguments_asks(self):
+        self.check_tools({("finding-" + rule,): (1, finding + "\n", "") if rule == "file-demanded" else (0, "", "")
+                          for rule, finding in FINDINGS.items()})
+
+    def test_queries(self):
+        self.check_tools({("queries", "-s", "-a=."): (0, "", ""), ("queries", "-s", "-a=-n=3 -v '.'"): (0, "", "")})
+
+    def test_queries_in_vain(self):
+        status, output, errors = self.check_tool("vain", "-a=.")
+        self.assertEqual((status, errors), (1, ""))
+        self.assertEqual([line.split(":")[0] for line in output.splitlines()],
+                         ["error no-verbose", "error no-output", "error late-option -g", "error late-option -i",
+                          "error asked-by-long-name --help", "error asked-unregistered -a", "error asked-unregistered -b",
+                          "error asked-unregistered -c", "error asked-by-long-name --number",
+                          "error asked-unregistered --depth", "error asked-unregistered -e", "error asked-unregistered -f"])
+
+
+class Definitions(ObserverTest):
+    def test_dropped_option(self):
+        self.assertEqual(self.check_tool("dropped", "-t=n=LINES"), (1, DROPPED, ""))
+
+    def test_version_option(self):
+        # The screen alone may be that of a tool of the kit, which answers it.
+        status, output, errors = self.check_tool("version", "-t=v")
+        self.assertEqual((status, output.split(":")[0], output.count("\n"), errors), (0, "warning version-letter -V", 1, ""))
+
+    def test_constructors(self):
+        # The screen shows one option -h; the other ones are seen in the constructors.
+        for name, findings in {
+                "short0": ["warning no-help", "warning no-example"],
+                "short1": ["error help-taken -H", "warning value-unknown -H", "warning no-example"],
+                "short2": ["error same-letter -H", "error help-taken -H", "warning no-example"],
+                "short3": ["error same-letter -H", "error help-taken -H"] * 2 + ["warning no-example"],
+                "derived": ["error same-letter -h", "error help-taken -h", "warning no-example"],
+                "steps": ["warning no-example"]}.items():
+            with self.subTest(name=name):
+                status, output, errors = self.check_tool(name)
+                self.assertEqual(([line.split(":")[0] for line in output.splitlines()], errors), (findings, ""))
+                self.assertEqual(status, 1 if "error" in output else 0)
+
+
+class HardToObserve(ObserverTest):
+    def test_tricks(self):
+        self.check_tools({(name,): (0, "", "" if seen else UNSEEN) for name, seen in TRICKS.items()})
+
+    def test_process_that_escapes(self):
+        # It holds nothing that kelp-check waits for.
+        status, _, errors = programs.run(KELP_CHECK, "-n=escaped", OBSERVED, cwd=self.folder, env=self.environment)
+        identity = self.folder / "identity"
+        while not identity.exists() or not identity.read_text().endswith("\n"):
+            time.sleep(0.01)
+        os.kill(int(identity.read_text()), signal.SIGKILL)
+        identity.unlink()
+        self.assertEqual((status, errors, list(self.folder.iterdir())), (0, b"", []))
+
+    def test_ten_seconds(self):
+        started = time.monotonic()
+        self.assertEqual(self.check_tool("sleeping"), (0, "", UNSEEN))
+        self.assertGreaterEqual(time.monotonic() - started, 10)
+
+    def test_without_observer(self):
+        copy = self.folder.parent / "kelp-check"
+        shutil.copy(KELP_CHECK, copy)
+        message = f"kelp-check: {OBSERVED}: only the help screen is checked; there is no kelp_observer.so\n"
+        self.assertEqual(self.check("-n=dropped", "-t=n=LINES", OBSERVED, program=str(copy)), (0, "", message))
+        shutil.copy(OBSERVER, self.folder.parent)
+        self.assertEqual(self.check("-n=dropped", "-t=n=LINES", OBSERVED, program=str(copy)), (1, DROPPED, ""))
+
+    def test_script(self):
+        script = self.folder.parent / "dropped"
+        script.write_text(f'#!/bin/bash\nexec -a dropped "{OBSERVED}" "$@"\n', encoding="utf-8")
+        script.chmod(0o755)
+        self.assertEqual(self.check("-t=n=LINES", str(script)), (1, DROPPED, ""))
+        script.write_text(f'#!/bin/bash\nunset LD_PRELOAD\nexec -a dropped "{OBSERVED}" "$@"\n', encoding="utf-8")
+        self.assertEqual(self.check("-t=n=LINES", str(script)), (0, "", UNSEEN.replace(OBSERVED, str(script))))
+
+    def test_other_preloads_stay(self):
+        self.environment["LD_PRELOAD"] = OBSERVER
+        if " " not in OBSERVER and ":" not in OBSERVER:
+            self.assertEqual(self.check_tool("dropped", "-t=n=LINES"), (1, DROPPED, ""))
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])

@@ -1,0 +1,91 @@
+#include "observation.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "observer_report.h"
+
+namespace {
+
+using Kelpkit::programs::field;
+using Kelpkit::programs::findTool;
+using Kelpkit::programs::HelpScreen;
+using Kelpkit::programs::Observation;
+using Kelpkit::programs::readReport;
+
+std::string event(const std::vector<std::string>& fields) {
+    std::string text;
+    for (const std::string& each : fields) {
+        text += field(each);
+    }
+    return field(text);
+}
+
+const std::string report =
+    event({"tool", "1", "full", "own"}) + event({"option", "1", "-n", "--number", "how many"}) +
+    event({"option", "1", "-N", "--name", ""}) + event({"argument", "1", "FILE", "a text", "repeated"}) +
+    event({"late", "1", "-q", "--quick", "fast"}) + event({"asks", "1", "-n"}) + event({"verbose", "1"}) +
+    event({"output", "1"}) + event({"token", "-n", "--number"}) + event({"value", "-n", ""});
+
+TEST(Observation, ReadsAReport) {
+    const Observation read = readReport(report + event({"tool", "1", "short", "other"}));
+    ASSERT_EQ(read.tools.size(), 2U);
+    const auto& tool = read.tools.front();
+    EXPECT_TRUE(tool.isFull && tool.ownsCommandLine && tool.asksVerbose && tool.asksOutput);
+    ASSERT_EQ(tool.options.size(), 2U);
+    EXPECT_EQ(tool.options[1].longForm, "--name");
+    ASSERT_EQ(tool.arguments.size(), 1U);
+    EXPECT_TRUE(tool.arguments[0].repeated);
+    ASSERT_EQ(tool.lateOptions.size(), 1U);
+    EXPECT_EQ(tool.lateOptions[0].text, "fast");
+    EXPECT_EQ(tool.names, std::vector<std::string>{"-n"});
+    EXPECT_FALSE(read.tools[1].isFull || read.tools[1].ownsCommandLine || read.tools[1].asksVerbose);
+    ASSERT_EQ(read.queries.size(), 2U);
+    EXPECT_FALSE(read.queries[0].isValue);
+    EXPECT_TRUE(read.queries[1].isValue);
+}
+
+TEST(Observation, TheLastToolOfTheScreen) {
+    const Observation read = readReport(report + event({"tool", "2", "short", "own"}) + report);
+    HelpScreen screen;
+    EXPECT_EQ(findTool(read, screen), &read.tools[1]);
+    screen.options = {{"-n", "--number", "how many"}};
+    EXPECT_EQ(findTool(read, screen), nullptr);
+    screen.arguments = {{"FILE", "a text"}};
+    EXPECT_EQ(findTool(read, screen), &read.tools[2]);
+    screen.options[0].text = "how few";
+    EXPECT_EQ(findTool(read, screen), nullptr);
+    EXPECT_EQ(findTool({}, {}), nullptr);
+}
+
+TEST(Observation, RefusesOtherTexts) {
+    EXPECT_TRUE(readReport("").tools.empty());
+    const std::vector<std::string> wrong{"x",
+                                         ":",
+                                         "1",
+                                         "1:",
+                                         "2:a",
+                                         "0:",
+                                         "-1:",
+                                         "99999999999999999999999999999999999999:x",
+                                         event({}),
+                                         event({""}),
+                                         event({"other"}),
+                                         event({"tool"}),
+                                         event({"verbose", "2"}),
+                                         event({"tool", "1", "full", "own", ""}),
+                                         field("4:tool1:1"),
+                                         field("4:toolx")};
+    for (const std::string& text : wrong) {
+        EXPECT_EQ(readReport(report).tools.size(), 1U);
+        EXPECT_TRUE(readReport(report + text).tools.empty()) << text;
+        EXPECT_TRUE(readReport(text + report).tools.empty()) << text;
+    }
+    for (std::size_t size = 1; size < report.size(); ++size) {
+        EXPECT_LE(readReport(report.substr(0, size)).tools.size(), 1U);
+    }
+}
+
+}  // namespace
