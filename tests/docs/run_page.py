@@ -5,9 +5,9 @@ run_page.py BUILD PAGE                   exits with status 1 for a difference or
 run_page.py BUILD PAGE --write           writes the output of the commands into the page; read it before you commit it
 run_page.py BUILD PAGE --without-python  skips Python programs, for libraries that Python cannot load
 
-BUILD is a build folder of kelplib. The script installs the library from there into a temporary home folder, which the page
-shows as /home/ann, and runs the page in its folder "work", which also contains LICENSE. The environment variables CXX, CC,
-CXXFLAGS and CFLAGS set the compilers and their options.
+BUILD is a build folder of kelplib. The script installs the library, the kit and its programs from there into a temporary home
+folder, which the page shows as /home/ann, and runs the page in its folder "work", which also contains LICENSE. The environment
+variables CXX, CC, CXXFLAGS and CFLAGS set the compilers and their options.
 
 The blocks of a page are used in order:
 - console: lines "$ command", each with its output below. Every command must succeed. Colours are removed; the command itself
@@ -54,8 +54,8 @@ class Home:
         kept = ("CXX", "CC", "CXXFLAGS", "CFLAGS", "CMAKE_GENERATOR", "ASAN_OPTIONS", "TSAN_OPTIONS")
         self.environment = {"CXX": "c++", "CC": "cc"}
         self.environment.update((name, os.environ[name]) for name in kept if name in os.environ)
-        self.environment.update(PATH=f"{self.work}:/usr/bin:/bin:{os.environ['PATH']}", HOME=str(self.folder),
-                                LD_LIBRARY_PATH=str(self.library), LC_ALL="C.UTF-8")
+        self.environment.update(PATH=f"{self.work}:{self.prefix}/bin:/usr/bin:/bin:{os.environ['PATH']}",
+                                HOME=str(self.folder), LD_LIBRARY_PATH=str(self.library), LC_ALL="C.UTF-8")
 
     def run(self, command):
         """Returns the output of a command and its exit status."""
