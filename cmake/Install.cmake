@@ -20,6 +20,13 @@ file(RELATIVE_PATH prefix_seen_from_pc ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${
 configure_file(cmake/packages/kelplib.pc.in kelplib.pc @ONLY)
 install(FILES ${binary_dir}/kelplib.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
 
+# Programs and examples find the library of their own installation. Below /usr the system does that.
+set(KELPLIB_RUN_PATH)
+if(NOT WIN32 AND NOT CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+    file(RELATIVE_PATH library_folder ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+    set(KELPLIB_RUN_PATH $ORIGIN/${library_folder})
+endif()
+
 if(KELPLIB_BUILD_KIT)
     # The kit has an export set of its own, because it is installed apart from the library.
     set_target_properties(kelplib_kit PROPERTIES EXPORT_NAME kit)
@@ -32,11 +39,7 @@ if(KELPLIB_BUILD_KIT)
     install(TARGETS kelplib_kit EXPORT kelplibKitTargets ARCHIVE COMPONENT kit FILE_SET HEADERS COMPONENT kit)
     if(KELPLIB_BUILD_PROGRAMS)
         get_property(programs GLOBAL PROPERTY KELPLIB_PROGRAMS)
-        # They find the library of their own installation. Below /usr the system does that.
-        if(NOT WIN32 AND NOT CMAKE_INSTALL_PREFIX STREQUAL "/usr")
-            file(RELATIVE_PATH library_folder ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
-            set_target_properties(${programs} PROPERTIES INSTALL_RPATH $ORIGIN/${library_folder})
-        endif()
+        set_target_properties(${programs} PROPERTIES INSTALL_RPATH "${KELPLIB_RUN_PATH}")
         install(TARGETS ${programs} EXPORT kelplibKitTargets RUNTIME COMPONENT kit)
         if(TARGET kelp_observer)
             install(TARGETS kelp_observer LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/kelplib COMPONENT kit)
@@ -46,6 +49,9 @@ if(KELPLIB_BUILD_KIT)
         endforeach()
     endif()
     install(EXPORT kelplibKitTargets NAMESPACE kelplib:: DESTINATION ${package_dir} COMPONENT kit)
+    # Debian's packages have examples in a place of their own. In other installations the template is part of the documentation.
+    install(DIRECTORY examples/template DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/kelplib-kit/examples
+        COMPONENT kit EXCLUDE_FROM_ALL)
     configure_file(cmake/packages/kelpkit.pc.in kelpkit.pc @ONLY)
     install(FILES ${binary_dir}/kelpkit.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT kit)
 endif()

@@ -9,6 +9,10 @@ set(CPACK_COMPONENTS_ALL runtime development documentation)
 if(KELPLIB_BUILD_KIT)
     list(APPEND CPACK_COMPONENTS_ALL kit)
 endif()
+# Without a prefix, their names clash with those of other packages: convert is a program of ImageMagick.
+if(KELPLIB_BUILD_EXAMPLES AND KELPLIB_EXAMPLE_PREFIX)
+    list(APPEND CPACK_COMPONENTS_ALL examples)
+endif()
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 # All files get the same date, so that the packages are reproducible.
@@ -56,10 +60,22 @@ get_property(programs GLOBAL PROPERTY KELPLIB_PROGRAMS)
 list(TRANSFORM programs PREPEND ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/ OUTPUT_VARIABLE CPACK_KELPLIB_PROGRAMS)
 set(CPACK_DEBIAN_KIT_DESCRIPTION "A strict command line, output files that appear whole or not at all, and
 progress on the console, on top of the shared library.
-This package contains a static library, its headers, and the files with
-which CMake and pkg-config build a tool, with the programs kelp-doc, which
-writes completions and a man page for a tool, and kelp-check, which checks
-its definition.")
+This package contains a static library, its headers, the files with which
+CMake and pkg-config build a tool, a project to copy, and the programs
+kelp-doc, which writes completions and a man page for a tool, and
+kelp-check, which checks its definition.")
+
+set(CPACK_DEBIAN_EXAMPLES_PACKAGE_NAME kelplib-examples)
+set(CPACK_DEBIAN_EXAMPLES_PACKAGE_SECTION utils)
+set(CPACK_DEBIAN_EXAMPLES_PACKAGE_DEPENDS "${runtime_package} (>= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_EXAMPLES_PACKAGE_SUGGESTS libkelplib-doc)
+get_property(examples GLOBAL PROPERTY KELPLIB_EXAMPLES)
+list(TRANSFORM examples PREPEND ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/ OUTPUT_VARIABLE CPACK_KELPLIB_EXAMPLES)
+set(CPACK_DEBIAN_EXAMPLES_DESCRIPTION "The example tools, each with its man page and its completions for
+bash, zsh and fish. Their names begin with kelplib-: kelplib-fragment cuts
+files and joins them again, kelplib-histogram draws the numbers of a table,
+kelplib-tally counts lines; kelplib-checksum, kelplib-convert and
+kelplib-sequence are small ones. The sources are in libkelplib-doc.")
 
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_NAME libkelplib-doc)
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SECTION doc)

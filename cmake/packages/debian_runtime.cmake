@@ -1,5 +1,5 @@
-# cpack reads this file before it makes the Debian packages: dpkg-shlibdeps finds the packages that the library and the kit's
-# programs depend on.
+# cpack reads this file before it makes the Debian packages: dpkg-shlibdeps finds the packages that the library, the kit's
+# programs and the examples depend on.
 set(folder ${CPACK_PACKAGE_DIRECTORY}/_CPack_Packages/needed)
 file(WRITE ${folder}/debian/control "")
 
@@ -16,4 +16,8 @@ find_needed(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS ${CPACK_KELPLIB_LIBRARY})
 if(CPACK_KELPLIB_PROGRAMS)
     find_needed(needed ${CPACK_KELPLIB_PROGRAMS})
     string(APPEND CPACK_DEBIAN_KIT_PACKAGE_DEPENDS ", ${needed}")
+endif()
+if(CPACK_KELPLIB_EXAMPLES)
+    find_needed(needed ${CPACK_KELPLIB_EXAMPLES})
+    string(APPEND CPACK_DEBIAN_EXAMPLES_PACKAGE_DEPENDS ", ${needed}")
 endif()

@@ -184,7 +184,7 @@ function(kelplib_install_documents target)
     include(GNUInstallDirs)
     set(zsh_folder site-functions)
     # Debian's zsh looks for the files of packages elsewhere.
-    if(CMAKE_INSTALL_PREFIX STREQUAL "/usr" AND EXISTS /etc/debian_version)
+    if(NOT WIN32 AND CMAKE_INSTALL_PREFIX STREQUAL "/usr" AND EXISTS /etc/debian_version)
         set(zsh_folder vendor-completions)
     endif()
     set(KELPLIB_INSTALL_BASH_DIR ${CMAKE_INSTALL_DATADIR}/bash-completion/completions CACHE STRING "Folder of bash's completions")

@@ -45,12 +45,17 @@ need_for_demo() {
     needs+=("cmake cmake" "ninja ninja-build" "gcc g++" "g++ g++")
 }
 
+# For completions and man pages, as users see them.
+need_for_documents() {
+    needs+=("tmux tmux" "fish fish" "zsh zsh" "/usr/share/bash-completion/bash_completion bash-completion" "man man-db")
+}
+
 need_for_tests() {
     need_for_demo
-    needs+=("/usr/src/googletest/CMakeLists.txt googletest" "make make" "python3 python3" "tmux tmux" "bats bats"
-            "/usr/lib/python3/dist-packages/pyte/__init__.py python3-pyte" "fish fish" "zsh zsh"
-            "/usr/share/bash-completion/bash_completion bash-completion" "shellcheck shellcheck"
-            "mandoc mandoc" "groff groff-base" "man man-db" "lexgrog man-db")
+    need_for_documents
+    needs+=("/usr/src/googletest/CMakeLists.txt googletest" "make make" "python3 python3" "bats bats"
+            "/usr/lib/python3/dist-packages/pyte/__init__.py python3-pyte" "shellcheck shellcheck"
+            "mandoc mandoc" "groff groff-base" "lexgrog man-db")
 }
 
 # cmake checks for a compiler although the documentation needs none.
@@ -81,6 +86,7 @@ need_for_abi() {
 
 need_for_debian_packages() {
     need_for_demo
+    need_for_documents
     needs+=("dpkg-shlibdeps dpkg-dev" "pkg-config pkg-config" "python3 python3")
 }
 

@@ -5,16 +5,41 @@ Needs root. dpkg installs the packages into a temporary folder and looks up thei
 packages; the machine itself does not change.
 """
 
+import os
 import pathlib
 import re
 import subprocess
 import sys
 import unittest
+import unittest.mock
 
-from consumers import FLAT_OUTPUT, HERE, LIBRARY_HEADERS, NUMBERS, TOOL_OUTPUT, InOneFolder, built, kit_files, output, refusal
+from consumers import (FLAT_OUTPUT, HERE, LIBRARY_HEADERS, NUMBERS, PROGRAMS, ROOT, TOOL_OUTPUT, InOneFolder, built, documents,
+                       kit_files, output, refusal)
+
+sys.path += [str(ROOT / "tests" / "support"), str(ROOT / "tests" / "kit" / "programs" / "shells")]
+import shell_sessions
 
 PACKAGES = pathlib.Path(sys.argv.pop(1))
-NAMES = ["kelplib-kit", "libkelplib-dev", "libkelplib-doc", "libkelplib1"]
+NAMES = ["kelplib-examples", "kelplib-kit", "libkelplib-dev", "libkelplib-doc", "libkelplib1"]
+EXAMPLES = [f"kelplib-{name}" for name in ("checksum", "convert", "fragment", "histogram", "sequence", "tally")]
+# What is typed before Tab, and the words that the tool then gets.
+COMPLETED = (
+    ("kelplib-convert --fr", ["--from="]),
+    ("kelplib-convert -f=k", ["-f=km"]),
+    ("kelplib-fragment -o=al", ["-o=alpha.txt"]),
+    ("kelp-doc --inc", ["--include="]),
+    ("kelp-check --stri", ["--strict"]),
+)
+
+
+def finding_completions(shell, usr):
+    """Returns the class of sessions of a shell that finds the completions installed in a folder."""
+    class Finding(shell_sessions.SHELLS[shell]):
+        COMMAND = ("env", f"XDG_DATA_DIRS={usr / 'share'}", *shell_sessions.SHELLS[shell].COMMAND)
+        START = (f"fpath=({usr / 'share' / 'zsh' / 'vendor-completions'} $fpath)\n" if shell == "zsh" else "") + (
+            shell_sessions.SHELLS[shell].START)
+
+    return Finding
 
 
 class DebianPackages(InOneFolder):
@@ -31,7 +56,8 @@ class DebianPackages(InOneFolder):
         (database / "status").write_text("\n\n".join(others), encoding="utf-8")
 
     def dpkg(self, *arguments):
-        done = subprocess.run(["dpkg", f"--root={self.root}", *arguments], stdout=subprocess.PIPE,
+        # Small images of Debian have settings that leave out documents.
+        done = subprocess.run(["dpkg", f"--root={self.root}", "--path-include=*", *arguments], stdout=subprocess.PIPE,
                               stderr=subprocess.STDOUT, check=False, encoding="utf-8")
         self.assertEqual(done.returncode, 0, done.stdout[-2000:])
 
@@ -43,8 +69,9 @@ class DebianPackages(InOneFolder):
         packages = sorted(PACKAGES.glob("*.deb"))
         self.assertEqual([path.name.split("_")[0] for path in packages], NAMES)
         # Each package depends on the one below it of the same version.
-        kit, development, documentation, runtime = packages
-        for package, reason in ((kit, "kelplib-kit depends on libkelplib-dev (= 1.0.0)"),
+        examples, kit, development, documentation, runtime = packages
+        for package, reason in ((examples, "kelplib-examples depends on libkelplib1 (>= 1.0.0)"),
+                                (kit, "kelplib-kit depends on libkelplib-dev (= 1.0.0)"),
                                 (development, "libkelplib-dev depends on libkelplib1 (= 1.0.0)")):
             refused = subprocess.run(["dpkg", f"--root={self.root}", "-i", package], stdout=subprocess.PIPE,
                                      stderr=subprocess.STDOUT, check=False, encoding="utf-8")
@@ -57,6 +84,10 @@ class DebianPackages(InOneFolder):
             f"-DCMAKE_PREFIX_PATH={self.root / 'usr'}"))
         self.dpkg("-i", kit)
         self.use_kit()
+        self.dpkg("-i", examples)
+        self.use_examples()
+        self.read_manual_pages()
+        self.complete()
         self.dpkg("--purge", *NAMES)
         self.assertEqual(self.files(), [])
 
@@ -74,7 +105,10 @@ class DebianPackages(InOneFolder):
                 ("libkelplib-dev", [*LIBRARY_HEADERS, f"{library}/libkelplib.so", f"{library}/pkgconfig/kelplib.pc", *(
                     f"{library}/cmake/kelplib/kelplib{name}.cmake"
                     for name in ("Config", "ConfigVersion", "Targets", "Targets-release"))]),
-                ("kelplib-kit", [*kit_files(library, in_debian=True), f"{library}/cmake/kelplib/kelplibKitTargets-release.cmake"])):
+                ("kelplib-kit", [*kit_files(library, in_debian=True), f"{library}/cmake/kelplib/kelplibKitTargets-release.cmake",
+                                 *(f"share/doc/kelplib-kit/examples/template/{path.name}"
+                                   for path in (ROOT / "examples" / "template").iterdir())]),
+                ("kelplib-examples", [name for tool in EXAMPLES for name in (f"bin/{tool}", *documents(tool, True, ".gz"))])):
             texts = [f"share/doc/{package}/{name}" for name in ("changelog.gz", "copyright")]
             self.assertEqual(self.contents(package), sorted([*files, *texts]))
         documentation = self.contents("libkelplib-doc")
@@ -102,6 +136,37 @@ class DebianPackages(InOneFolder):
                        PKG_CONFIG_PATH=str(library_folder / "pkgconfig")).split()
         output("c++", "-std=c++17", HERE / "consumer" / "kit_tool.cpp", "-o", self.folder / "kit tool", *flags)
         self.check_kit_tool(self.folder / "kit tool", LD_LIBRARY_PATH=str(library_folder))
+        # kelp-doc and kelp-check, too, find the library only where the system does.
+        with unittest.mock.patch.dict(os.environ, LD_LIBRARY_PATH=str(library_folder)):
+            folder = built(self.root / "usr/share/doc/kelplib-kit/examples/template", self.folder / "build template",
+                           f"-DCMAKE_PREFIX_PATH={self.root / 'usr'}")
+            self.assertIn("100% tests passed, 0 tests failed out of 2", output("ctest", "--test-dir", folder))
+        self.assertTrue((folder / "documents/share/man/man1/tally.1").exists())
+
+    def use_examples(self):
+        search = {"LD_LIBRARY_PATH": str(next(self.root.rglob("libkelplib.so.1")).parent), "PATH": str(self.root / "usr/bin")}
+        (self.folder / "heights").write_text("10 20\n")
+        self.assertEqual(output("kelplib-convert", "-f=ft", self.folder / "heights", **search), "3.048\n6.096\n")
+        self.assertEqual(refusal("kelplib-convert", self.folder / "heights", **search), "kelplib-convert: -f: say which unit the "
+                         "numbers have, as in -f=ft (see kelplib-convert --help)")
+        for tool in EXAMPLES:
+            self.assertIn(f"\n  {tool} ", output(tool, "--help", ".", **search))
+
+    def read_manual_pages(self):
+        search = {"MANPATH": str(self.root / "usr/share/man"), "MANWIDTH": "80", "LC_ALL": "C.UTF-8"}
+        for tool in (*PROGRAMS, *EXAMPLES):
+            self.assertRegex(" ".join(output("man", tool, **search).split()), f" NAME {tool} . [A-Z].* SYNOPSIS {tool} ")
+
+    def complete(self):
+        for shell, settings in (("bash", [". /usr/share/bash-completion/bash_completion"]), ("zsh", []), ("fish", [])):
+            with finding_completions(shell, self.root / "usr")("/nonexistent", *settings) as session:
+                (session.work / "alpha.txt").write_text("")
+                for tool in {typed.split()[0] for typed, _ in COMPLETED}:
+                    session.add_tool(tool)
+                for typed, words in COMPLETED:
+                    with self.subTest(shell=shell, typed=typed):
+                        line, _ = session.press(f"{typed}\t")
+                        self.assertEqual(session.enter(), words, line)
 
 
 if __name__ == "__main__":

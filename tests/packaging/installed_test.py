@@ -1,14 +1,15 @@
 #!/usr/bin/env python3
 """Uses an installed kelplib in every way: installed_test.py BUILD_FOLDER C_COMPILER CXX_COMPILER --flags=CXX_FLAGS"""
 
+import pathlib
 import re
 import shlex
 import shutil
 import sys
 import unittest
 
-from consumers import (FLAT_OUTPUT, HERE, LIBRARY_HEADERS, NUMBERS, ROOT, TOOL_OUTPUT, InOneFolder, built, kit_files, output,
-                       refusal)
+from consumers import (FLAT_OUTPUT, HERE, LIBRARY_HEADERS, NUMBERS, ROOT, TOOL_OUTPUT, InOneFolder, built, documents, kit_files,
+                       output, refusal)
 
 BUILD, C_COMPILER, CXX_COMPILER, CXX_FLAGS = sys.argv[1:]
 CXX_FLAGS = CXX_FLAGS.removeprefix("--flags=")
@@ -80,6 +81,7 @@ class Installed(InOneFolder):
                       printed)
         output("cmake", "--install", BUILD, "--prefix", prefix, "--component", "kit")
         self.check_kit_tool(self.kit_built("added", prefix) / "kit_tool")
+        self.assertTrue((prefix / "share/doc/kelplib-kit/examples/template/tally.cpp").exists())
 
     def test_by_a_c_compiler_alone(self):
         # A program at a fixed address contains a copy of the library's object, which both must use.
@@ -104,6 +106,16 @@ class Installed(InOneFolder):
                f"-DCMAKE_C_COMPILER={C_COMPILER}", f"-DCMAKE_CXX_COMPILER={CXX_COMPILER}", f"-DCMAKE_CXX_FLAGS={CXX_FLAGS}")
         output("cmake", "--build", folder, "--parallel", "2", "--target", "flat_progress", "slice")
         self.assertTrue((folder / "slice").exists())
+
+    def test_the_example_tools(self):
+        if not (pathlib.Path(BUILD) / "examples").exists():
+            self.skipTest("the build has no examples")
+        prefix = self.folder / "examples' prefix"
+        for component in ("runtime", "examples"):
+            output("cmake", "--install", BUILD, "--prefix", prefix, "--component", component)
+        output(prefix / "bin" / "checksum", "--help")
+        for name in documents("checksum"):
+            self.assertTrue((prefix / name).exists(), name)
 
     def test_no_file_contains_a_path_of_this_machine(self):
         for path in sorted(self.prefix.rglob("*")):

@@ -35,6 +35,7 @@ class WindowsZip(InOneFolder):
     def test_everything_is_in_it(self):
         for name in ("bin/kelplib.dll", "lib/libkelplib.dll.a", "lib/cmake/kelplib/kelplibConfig.cmake",
                      "lib/pkgconfig/kelplib.pc", "include/kelplib/Kelp.h", "share/doc/kelplib/LICENSE",
+                     "share/doc/kelplib/docs/cmake.md", "share/doc/kelplib/examples/template/CMakeLists.txt",
                      "lib/cmake/kelplib/windows_tool.manifest", "lib/cmake/kelplib/windows_tool.rc.in",
                      *kit_files("lib", suffix=".exe")):
             self.assertIn(f"{self.prefix.name}/{name}", self.names)
@@ -72,7 +73,7 @@ class WindowsZip(InOneFolder):
 
     def test_the_template(self):
         folder = built(ROOT / "examples" / "template", self.folder / "build template", f"-DCMAKE_TOOLCHAIN_FILE={TOOLCHAIN}",
-                       f"-Dkelplib_DIR={self.prefix}/lib/cmake/kelplib")
+                       f"-Dkelplib_DIR={self.prefix}/lib/cmake/kelplib", "-DCMAKE_INSTALL_PREFIX=/usr")
         # The tool runs in its folder, without that of the library in WINEPATH.
         self.assertIn("100% tests passed", output("ctest", "--test-dir", folder, WINEPATH=""))
         self.assertEqual(programs.run(folder / "tally.exe", "--version", env={**os.environ, "WINEPATH": ""})[:2],
