@@ -6,6 +6,9 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <optional>
+#include <set>
+#include <sstream>
 #include <stdexcept>
 #include <utility>
 
@@ -19,18 +22,35 @@ namespace {
 using Values = std::map<std::string, Value>;  ///< by the forms of options in lower case
 
 constexpr std::array<std::pair<const char*, Takes>, 3> kinds{
-    {{":text", Takes::text}, {":file", Takes::file}, {":folder", Takes::folder}}};
+    {{"text", Takes::text}, {"file", Takes::file}, {"folder", Takes::folder}}};
 
-/// Returns the value that a hint describes; of no name if there is none.
-Value hintedValue(const std::string& text) {
-    Value value = valueOf(text);
-    for (const auto& [suffix, kind] : kinds) {
-        const std::size_t end = text.rfind(':');
-        if (value.takes != Takes::choice && end != std::string::npos && text.substr(end) == suffix) {
-            return {kind, text.substr(0, end), {}};
+bool isInLowerCase(const std::string& word) {
+    return std::all_of(word.begin(), word.end(), [](char each) { return each >= 'a' && each <= 'z'; });
+}
+
+/// Whether the pieces between "|" differ and none is empty.
+bool hasDistinctPieces(const std::string& text) {
+    std::set<std::string> pieces;
+    std::istringstream stream(text + "|");
+    for (std::string piece; std::getline(stream, piece, '|');) {
+        if (piece.empty() || !pieces.insert(piece).second) {
+            return false;
         }
     }
-    return value;
+    return true;
+}
+
+/// Returns the value that a hint describes, or none if the text describes no value.
+std::optional<Value> hintedValue(const std::string& text) {
+    const std::size_t colon = text.rfind(':');
+    const std::string word = colon == std::string::npos ? "-" : text.substr(colon + 1);
+    const auto* const kind =
+        std::find_if(kinds.begin(), kinds.end(), [&word](const auto& each) { return each.first == word; });
+    const std::string name = kind == kinds.end() ? text : text.substr(0, colon);
+    if ((kind == kinds.end() && isInLowerCase(word)) || !hasDistinctPieces(name)) {
+        return std::nullopt;
+    }
+    return kind == kinds.end() ? valueOf(name) : Value{kind->second, name, {}};
 }
 
 bool isLetter(char character) {
@@ -114,14 +134,13 @@ Value shownValue(const HelpScreen::Option& option, const Values& inUsage, const 
 
 Hint readHint(const std::string& text) {
     const bool hasValue = text.size() > 2 && text[1] == '=';
-    const Value value = hasValue ? hintedValue(text.substr(2)) : Value{Takes::nothing, "", {}};
-    const bool isNamed = !hasValue || !value.name.empty() || !value.choices.empty();
-    if (text.empty() || !isLetter(text.front()) || (text.size() > 1 && !hasValue) || !isNamed ||
+    const std::optional<Value> value = hasValue ? hintedValue(text.substr(2)) : Value{Takes::nothing, "", {}};
+    if (text.empty() || !isLetter(text.front()) || (text.size() > 1 && !hasValue) || !value ||
         printable(text) != text) {
         throw std::runtime_error("\"" + text +
                                  "\" is no hint; write l, n=LINES, o=FILE:file, d=DIR:folder or m=fast|exact");
     }
-    return {text.front(), value};
+    return {text.front(), *value};
 }
 
 DescribedTool describe(const HelpScreen& screen, const std::vector<Hint>& hints) {

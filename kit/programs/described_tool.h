@@ -42,8 +42,8 @@ struct Hint {
     Value value;
 };
 
-/// Reads a hint. The kind after ":" is text, file or folder; without it, the name decides as in a usage line.
-/// \throws std::runtime_error  for a text that is none
+/// Reads a hint. The kind after the last ":" is text, file or folder; without it, the name decides as in a usage line.
+/// \throws std::runtime_error  for a text that is none: also for another kind in lower case, and for empty or equal choices
 Hint readHint(const std::string& text);
 
 /// Adds to a help screen what it does not say. What an option takes is decided by the first of these that says it: the hints,

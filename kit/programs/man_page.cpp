@@ -68,9 +68,10 @@ std::string options(const DescribedTool& tool) {
     return text + listEnd;
 }
 
+/// Without the kit, a refused command line ends with status 0.
 std::string exitStatus() {
-    return std::string(listBegin) + ".It 0\nThe work is done, or the help was printed.\n" +
-           ".It >0\nThe work failed, or the command line was refused.\n" + listEnd;
+    return std::string(listBegin) + ".It 0\nThe work is done, or only help or a message was printed.\n" +
+           ".It >0\nThe work failed or did not begin.\n" + listEnd;
 }
 
 std::string examples(const DescribedTool& tool) {

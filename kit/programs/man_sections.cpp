@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
 #include <string_view>
 
 #include "help_screen.h"
@@ -71,7 +72,7 @@ std::string titleOf(const std::string& line) {
 }
 
 bool isHeading(const std::string& line) {
-    return startsWith(line, heading) && !titleOf(line).empty();
+    return startsWith(line + " ", heading);
 }
 
 std::vector<ManSection> split(const std::string& text) {
@@ -91,12 +92,20 @@ std::vector<ManSection> split(const std::string& text) {
 }
 
 void requireSections(const std::string& text) {
-    const std::vector<std::string> lines = linesOf(text);
-    const auto begin = std::find_if(lines.begin(), lines.end(), [](const std::string& line) {
-        return !line.empty() && !startsWith(line, comment);
-    });
-    if (begin == lines.end() || !isHeading(*begin)) {
-        fail(static_cast<std::size_t>(begin - lines.begin()) + 1, "\".Sh\" and a title");
+    std::set<std::string> titlesAbove;
+    std::size_t number = 1;
+    for (const std::string& line : linesOf(text)) {
+        const bool isIgnored = line.empty() || startsWith(line, comment) || !titlesAbove.empty();
+        if (isHeading(line) ? titleOf(line).empty() : !isIgnored) {
+            fail(number, "\".Sh\" and a title");
+        }
+        if (isHeading(line) && !titlesAbove.insert(titleOf(line)).second) {
+            fail(number, "a title that no section above has");
+        }
+        ++number;
+    }
+    if (titlesAbove.empty()) {
+        fail(number, "\".Sh\" and a title");
     }
 }
 

@@ -20,7 +20,7 @@ void insertManSections(std::vector<ManSection>& page, const std::string& section
 
 /// Returns a text for insertManSections, with LF for its line ends.
 /// \throws ScreenError  "line 7: expected ..." for control characters, a text that is not UTF-8, and anything but comments before
-///                      the first section
+///                      the first section, a heading without a title, and a second section of the same title
 std::string checkedManSections(const std::string& bytes);
 
 /// Reads sections for insertManSections from a file.

@@ -19,9 +19,14 @@ BUILD, CXX_COMPILER, CXX_FLAGS = sys.argv[1:]
 CXX_FLAGS = CXX_FLAGS.removeprefix("--flags=")
 del sys.argv[1:]
 
-TOOL = "wordcount"
-INSTALLED = sorted([f"bin/{TOOL}", *documents(TOOL)])
-FOR_DEBIAN = sorted([f"bin/{TOOL}", *documents(TOOL, os.path.exists("/etc/debian_version"))])
+TOOL = "word-count"
+# A second tool of the project. Shells could take the names of their functions for the same.
+OTHER = "word_count"
+PROGRAMS = [f"bin/{TOOL}", f"bin/{OTHER}"]
+
+
+def installed(*in_debian):
+    return sorted([*PROGRAMS, *documents(TOOL, *in_debian), *documents(OTHER, *in_debian)])
 
 
 def files(folder):
@@ -55,6 +60,7 @@ class Template(InOneFolder):
         # single quote (seen with 1.11), so only make uses one.
         odd = cls.folder / "a $tool (of mine)"
         shutil.copytree(ROOT / "examples" / "template", odd / "examples" / "template")
+        cls.add_other_tool(odd / "examples" / "template")
         cls.home = odd / "home"
         cls.project = odd / TOOL
         cls.environment = {"HOME": str(cls.home), "CXX": CXX_COMPILER, "CXXFLAGS": CXX_FLAGS, "CMAKE_GENERATOR": "Ninja",
@@ -62,6 +68,17 @@ class Template(InOneFolder):
         blocks = re.findall(r"^```sh\n(.*?)^```$", (odd / "examples/template/README.md").read_text(encoding="utf-8"), re.M | re.S)
         cls.printed = cls.output("sh", "-ec", "cd \"$0\"\n" + "".join(blocks), odd)
         cls.build = cls.project / "build"
+
+    @staticmethod
+    def add_other_tool(project):
+        """Adds a tool that has the option -m, --most for -l, --least."""
+        for suffix in (".cpp", ".screen"):
+            text = (project / ("tally" + suffix)).read_text(encoding="utf-8")
+            for old, new in (("tally", OTHER), ("least", "most"), ("-l", "-m")):
+                text = text.replace(old, new)
+            (project / (OTHER + suffix)).write_text(text, encoding="utf-8")
+        with open(project / "CMakeLists.txt", "a", encoding="utf-8") as file:
+            file.write(f"kelplib_add_tool({OTHER} {OTHER}.cpp VERSION 2.0.0 SCREEN {OTHER}.screen)\n")
 
     @classmethod
     def output(cls, *command, **environment):
@@ -88,9 +105,10 @@ class Template(InOneFolder):
         self.assertEqual((self.project / f"{TOOL}.screen").read_text(encoding="utf-8"),
                          (ROOT / "examples/template/tally.screen").read_text(encoding="utf-8").replace("tally", TOOL))
         self.assertNotIn("tally", "".join(path.read_text(encoding="utf-8") for path in self.project.iterdir() if path.is_file()))
-        self.assertEqual(files(self.home / ".local"), INSTALLED)
+        self.assertEqual(files(self.home / ".local"), installed())
         # It finds kelplib, which is installed elsewhere.
         self.assertEqual(self.output(self.home / ".local" / "bin" / TOOL, "--version"), f"{TOOL} 1.0.0\n")
+        self.assertEqual(self.output(self.home / ".local" / "bin" / OTHER, "--version"), f"{OTHER} 2.0.0\n")
 
     def test_second_build(self):
         self.assertIn("ninja: no work to do.", self.built(self.build))
@@ -122,12 +140,13 @@ class Template(InOneFolder):
         project, staged = self.folder / "it's another tool", self.folder / "staged"
         shutil.copytree(self.project, project, ignore=shutil.ignore_patterns("build"))
         folder = project / "its build"
-        self.output("cmake", "-G", "Unix Makefiles", "-S", project, "-B", folder, "-DCMAKE_INSTALL_PREFIX=/usr")
+        self.output("cmake", "-G", "Unix Makefiles", "-S", project, "-B", folder)
+        self.output("cmake", folder, "-DCMAKE_INSTALL_PREFIX=/usr")
         self.built(folder)
         written = folder / "documents"
         self.assertEqual(self.contents(written), self.contents(self.build / "documents"))
         self.output("cmake", "--install", folder, DESTDIR=str(staged))
-        self.assertEqual(files(staged / "usr"), FOR_DEBIAN)
+        self.assertEqual(files(staged / "usr"), installed(os.path.exists("/etc/debian_version")))
         before = {name: (written / name).stat().st_mtime_ns for name in files(written)}
         self.built(folder)
         self.assertEqual({name: (written / name).stat().st_mtime_ns for name in files(written)}, before)
@@ -144,15 +163,17 @@ class Template(InOneFolder):
         self.assertIn(f"-- Without documents about {TOOL}, which need kelp-doc (KELPLIB_KELP_DOC)", printed)
         self.built(folder)
         self.output("cmake", "--install", folder, "--prefix", staged)
-        self.assertEqual(files(staged), [f"bin/{TOOL}"])
+        self.assertEqual(files(staged), PROGRAMS)
         self.configured(folder, f"-DKELPLIB_KELP_DOC={self.prefix}/bin/kelp-doc")
         self.built(folder)
         self.assertEqual(self.contents(folder / "documents"), expected)
         shutil.rmtree(folder / "documents")
         self.configured(folder, "-DKELPLIB_KELP_DOC=", "-DCMAKE_CROSSCOMPILING_EMULATOR=env;EMULATED=1")
         self.built(folder)
-        self.assertEqual((folder / "documents" / f"{TOOL}.screen.printed").read_bytes()[:1], b"\n")
-        (folder / "documents" / f"{TOOL}.screen.printed").unlink()
+        for tool in (TOOL, OTHER):
+            printed = folder / "documents" / f"{tool}.screen.printed"
+            self.assertEqual(printed.read_bytes()[:1], b"\n")
+            printed.unlink()
         self.assertEqual(self.contents(folder / "documents"), expected)
         self.output("ctest", "--test-dir", folder)
         # Without emulator and saved screen
@@ -169,17 +190,20 @@ class Template(InOneFolder):
         folder = self.home / ".local"
         # man finds the pages beside the folders of PATH.
         search = f"{folder}/bin:{os.environ['PATH']}"
-        page = folder / "share" / "man" / "man1" / f"{TOOL}.1"
-        self.assertEqual(self.output("man", "-w", TOOL, PATH=search, MANPATH="").strip(), str(page))
+        for tool in (TOOL, OTHER):
+            page = folder / "share" / "man" / "man1" / f"{tool}.1"
+            self.assertEqual(self.output("man", "-w", tool, PATH=search, MANPATH="").strip(), str(page))
         shown = self.output("man", TOOL, PATH=search, MANPATH="", MANWIDTH="80", LC_ALL="C.UTF-8")
         self.assertRegex(" ".join(shown.split()), f"NAME {TOOL} . Counts how often each line of a text occurs SYNOPSIS")
 
     def check_shell(self, shell, *settings):
         with installed_in_home(shell)("/nonexistent", *settings) as session:
             session.add_tool(TOOL)
+            session.add_tool(OTHER)
             (session.work / "alpha.txt").write_text("")
-            for typed, word in (("--le", "--least="), ("-o=al", "-o=alpha.txt"), ("al", "alpha.txt")):
-                line, _ = session.press(f"{TOOL} {typed}\t")
+            for typed, word in ((f"{TOOL} --le", "--least="), (f"{OTHER} --mo", "--most="), (f"{TOOL} --le", "--least="),
+                                (f"{TOOL} -o=al", "-o=alpha.txt"), (f"{TOOL} al", "alpha.txt")):
+                line, _ = session.press(f"{typed}\t")
                 self.assertEqual(session.enter(), [word], line)
 
     def test_bash(self):

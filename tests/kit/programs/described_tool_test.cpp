@@ -46,11 +46,14 @@ TEST(Hint, Accepted) {
         {"t=HH:MM", "t text HH:MM"},
         {"t=HH:MM:file", "t file HH:MM"},
         {"m=fast|exact", "m choice fast exact"},
-        {"m=a:b|c:file", "m choice a:b c:file"},
+        {"u=hh:mm:text", "u text hh:mm"},
+        {"i=FILE|URL:file", "i file FILE|URL"},
+        {"m=fast|exact:text", "m text fast|exact"},
+        {"m=a:b|c", "m choice a:b c"},
         {"m=FAST|exact", "m choice FAST exact"},
         {"m=1|2", "m choice 1 2"},
         {"m=LOW|HIGH", "m text LOW|HIGH"},
-        {"m=fast|", "m text fast|"},
+        {"m=fast|Fast", "m choice fast Fast"},
     };
     for (const auto& [text, expected] : table) {
         const Hint hint = readHint(text);
@@ -61,8 +64,32 @@ TEST(Hint, Accepted) {
 }
 
 TEST(Hint, Refused) {
-    for (const char* text : {"", "=", "-", "n=", "ln", "-n=LINES", "=LINES", "n:file", "n=:file", " ", "\n=x", "\xC3=x",
-                             "n=\xC3", "n=a\tb"}) {
+    for (const char* text : {"",
+                             "=",
+                             "-",
+                             "n=",
+                             "ln",
+                             "-n=LINES",
+                             "=LINES",
+                             "n:file",
+                             "n=:file",
+                             " ",
+                             "\n=x",
+                             "\xC3=x",
+                             "n=\xC3",
+                             "n=a\tb",
+                             "n=WHERE:dir",
+                             "n=LINES:folde",
+                             "n=hh:mm",
+                             "n=FILE:",
+                             "n=a|b:c",
+                             "n=fast|",
+                             "n=|fast",
+                             "n=a||b",
+                             "n=|",
+                             "n=FILE|:file",
+                             "n=fast|fast",
+                             "n=FILE|FILE:file"}) {
         try {
             readHint(text);
             ADD_FAILURE() << text;

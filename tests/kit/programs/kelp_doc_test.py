@@ -325,6 +325,14 @@ class Output(KelpDocTest):
         (self.folder / "file").write_bytes(b"")
         self.assertEqual(self.doc("-a", "-o=file", "-n=plain", HOSTILE),
                          (1, "", "kelp-doc: cannot create file/share/bash-completion/completions: Not a directory\n"))
+        blocked = self.folder / "out/share/zsh/site-functions"
+        blocked.parent.mkdir(parents=True)
+        blocked.write_bytes(b"old")
+        self.assertEqual(self.doc("-a", "-o=out", "-n=plain", HOSTILE),
+                         (1, "", "kelp-doc: cannot create out/share/zsh/site-functions: Not a directory\n"))
+        self.assertEqual([name for name in self.files() if (self.folder / name).is_file()],
+                         ["file", "out/share/zsh/site-functions"])
+        self.assertEqual(blocked.read_bytes(), b"old")
 
     def test_input_as_output(self):
         saved = self.folder / "saved"

@@ -92,9 +92,9 @@ how wide
 .Sh EXIT STATUS
 .Bl -tag -width Ds
 .It 0
-The work is done, or the help was printed.
+The work is done, or only help or a message was printed.
 .It >0
-The work failed, or the command line was refused.
+The work failed or did not begin.
 .El
 .Sh EXAMPLES
 .Bd -literal -offset indent
@@ -151,9 +151,9 @@ text
 .Sh EXIT STATUS
 .Bl -tag -width Ds
 .It 0
-The work is done, or the help was printed.
+The work is done, or only help or a message was printed.
 .It >0
-The work failed, or the command line was refused.
+The work failed or did not begin.
 .El
 .Sh EXAMPLES
 .Bd -literal -offset indent
@@ -181,9 +181,9 @@ is anywhere on the command line, the tool prints its help and does nothing else.
 .Sh EXIT STATUS
 .Bl -tag -width Ds
 .It 0
-The work is done, or the help was printed.
+The work is done, or only help or a message was printed.
 .It >0
-The work failed, or the command line was refused.
+The work failed or did not begin.
 .El
 )");
 }

@@ -35,8 +35,8 @@ TEST(ManSections, Inserted) {
 }
 
 TEST(ManSections, Replaced) {
-    EXPECT_EQ(pageWith(".Sh EXIT STATUS\nmine\n.Sh BUGS\none\n.Sh BUGS\ntwo\n"),
-              "[NAME] name\n[EXIT STATUS] mine\n[EXAMPLES] examples\n[BUGS] two\n");
+    EXPECT_EQ(pageWith(".Sh EXIT STATUS\nmine\n.Sh BUGS\none\n"),
+              "[NAME] name\n[EXIT STATUS] mine\n[EXAMPLES] examples\n[BUGS] one\n");
 }
 
 TEST(ManSections, Order) {
@@ -114,6 +114,10 @@ TEST_F(ManSectionsFile, Refused) {
     EXPECT_EQ(readBack("\n.Dd x\n.Sh A\n"), what + "line 2: expected \".Sh\" and a title");
     EXPECT_EQ(readBack(".Sh"), what + "line 1: expected \".Sh\" and a title");
     EXPECT_EQ(readBack(".Sh  \""), what + "line 1: expected \".Sh\" and a title");
+    EXPECT_EQ(readBack(".Sh A\n.Sh   \n"), what + "line 2: expected \".Sh\" and a title");
+    EXPECT_EQ(readBack(".Sh A\nb\n.Sh"), what + "line 3: expected \".Sh\" and a title");
+    EXPECT_EQ(readBack(".Sh A\n.Sh \"\"\n"), what + "line 2: expected \".Sh\" and a title");
+    EXPECT_EQ(readBack(".Sh A\nb\n.Sh C\n.Sh \"A\" \n"), what + "line 4: expected a title that no section above has");
     EXPECT_EQ(readBack(std::string(".Sh A\n\0", 7)), what + "line 2: expected printable characters in UTF-8");
     EXPECT_EQ(readBack(".Sh A\n\xFF"), what + "line 2: expected printable characters in UTF-8");
     EXPECT_EQ(readBack(".Sh A\nb\x1b[0m"), what + "line 2: expected no control characters");
