@@ -49,7 +49,7 @@ rules::Tool checkedTool(const HelpScreen& screen, const std::vector<Hint>& hints
         const bool isAnswered = !tool.version.empty() && equalIgnoringCase(option.longForm, "--version");
         std::optional<bool> value = takesValue(option.takes);
         if (!value && (isDropped || isAnswered)) {
-            value = false;  // nobody has to know it
+            value = false;  // no finding that it is unknown
         }
         tool.options.push_back({option.shortForm, option.longForm, option.text, value});
     }

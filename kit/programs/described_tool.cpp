@@ -72,25 +72,43 @@ Values valuesOf(const HelpScreen& screen, const std::vector<Hint>& hints) {
     return values;
 }
 
-Values valuesIn(const std::string& example) {
+/// Whether what one place says of an option counts more than what an earlier one says: a value more than a bare form.
+bool saysMore(const Value& value, const Value& earlier) {
+    return value.takes != Takes::nothing && (earlier.takes == Takes::nothing || earlier.takes == Takes::unknown);
+}
+
+void add(Values& values, const std::string& form, const Value& value) {
+    const auto [place, isNew] = values.try_emplace(lowerCase(form), value);
+    if (!isNew && saysMore(value, place->second)) {
+        place->second = value;
+    }
+}
+
+/// Returns what the usage line and the example show.
+Values valuesIn(const UsageLine& usage, const std::string& example) {
     Values values;
+    for (const UsageLine::Option& option : usage.options) {
+        add(values, option.form, option.value);
+    }
     for (const std::string& word : shellWords(example)) {
         const std::size_t equals = word.find('=');
         if (word.size() > 1 && word.front() == '-') {
             const Takes takes = equals == std::string::npos ? Takes::nothing : Takes::text;
-            values.try_emplace(lowerCase(word.substr(0, equals)), Value{takes, "", {}});
+            add(values, word.substr(0, equals), {takes, "", {}});
         }
     }
     return values;
 }
 
 const Value* find(const Values& values, const HelpScreen::Option& option) {
+    const Value* value = nullptr;
     for (const std::string& form : {lowerCase(option.shortForm), lowerCase(option.longForm)}) {
-        if (const auto found = values.find(form); found != values.end()) {
-            return &found->second;
+        const auto found = values.find(form);
+        if (found != values.end() && (value == nullptr || saysMore(found->second, *value))) {
+            value = &found->second;
         }
     }
-    return nullptr;
+    return value;
 }
 
 bool isOutput(const HelpScreen::Option& option) {
@@ -121,12 +139,12 @@ Value asOutput(Value value) {
 }
 
 /// Returns what the screen and the library's rules say of an option.
-Value shownValue(const HelpScreen::Option& option, const Values& inUsage, const Values& inExample) {
-    const Value* shown = find(inUsage, option);
-    if (shown == nullptr) {
-        shown = find(inExample, option);
-    }
-    const Value value = shown == nullptr ? ruledValue(option) : *shown;
+Value shownValue(const HelpScreen::Option& option, const Values& values) {
+    const Value* const shown = find(values, option);
+    const bool isRuled = isOutput(option) && lowerCase(option.longForm).rfind("--out", 0) == 0;
+    const bool isKnown =
+        shown != nullptr && shown->takes != Takes::unknown && (shown->takes != Takes::nothing || !isRuled);
+    const Value value = isKnown ? *shown : ruledValue(option);
     return isOutput(option) ? asOutput(value) : value;
 }
 
@@ -145,19 +163,22 @@ Hint readHint(const std::string& text) {
 
 DescribedTool describe(const HelpScreen& screen, const std::vector<Hint>& hints) {
     const Values hinted = valuesOf(screen, hints);
-    const UsageLine usage = readUsage(screen.usage);
-    const Values inExample = valuesIn(screen.example);
+    std::set<std::string> names;
+    for (const HelpScreen::Argument& argument : screen.arguments) {
+        names.insert(argument.name);
+    }
+    const UsageLine usage = readUsage(screen.usage, names);
+    const Values shown = valuesIn(usage, screen.example);
     DescribedTool tool{screen.name, screen.banner, screen.description, screen.usage, screen.example, {}, {}};
     for (const HelpScreen::Option& option : screen.options) {
         const Value* const hint = find(hinted, option);
-        tool.options.push_back(
-            described(option, hint == nullptr ? shownValue(option, usage.options, inExample) : *hint));
+        tool.options.push_back(described(option, hint == nullptr ? shownValue(option, shown) : *hint));
     }
     for (const HelpScreen::Argument& argument : screen.arguments) {
-        const auto shown = usage.arguments.find(argument.name);
-        const bool isShown = shown != usage.arguments.end();
+        const auto found = usage.arguments.find(argument.name);
+        const bool isShown = found != usage.arguments.end();
         tool.arguments.push_back(
-            {argument.name, argument.text, isShown && shown->second.repeated, isShown && shown->second.optional});
+            {argument.name, argument.text, isShown && found->second.repeated, isShown && found->second.optional});
     }
     return tool;
 }

@@ -48,7 +48,8 @@ Hint readHint(const std::string& text);
 
 /// Adds to a help screen what it does not say. What an option takes is decided by the first of these that says it: the hints,
 /// the usage line, the example up to the first of | ; & > and <, and the library's rules (-o names the output file; -h with
-/// --help and -v with --verbose are switches). The value of -o is a file unless a hint or the name of the value says otherwise.
+/// --help and -v with --verbose are switches). A value in either line counts more than a bare form in both, and a bare form does
+/// not make a switch of -o with --out.... The value of -o is a file unless a hint or the name of the value says otherwise.
 /// Arguments are repeated and optional as the usage line shows them: "[FILE...]".
 /// \throws std::runtime_error  for a hint whose letter no option has, and for two hints for one option
 DescribedTool describe(const HelpScreen& screen, const std::vector<Hint>& hints);

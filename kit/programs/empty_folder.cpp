@@ -45,7 +45,10 @@ EmptyFolder::EmptyFolder() {
     std::random_device random;
     const std::string name = "kelp-doc-" + std::to_string(random()) + "-" + std::to_string(random());
     std::error_code reason;
-    folder = std::filesystem::temp_directory_path(reason) / name;
+    folder = std::filesystem::temp_directory_path(reason);
+    if (!reason) {
+        folder = std::filesystem::absolute(folder / name, reason);
+    }
     if (reason) {
         fail("cannot use the folder for temporary files", reason);
     }

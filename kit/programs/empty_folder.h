@@ -17,6 +17,7 @@ public:
     EmptyFolder(EmptyFolder&&) = delete;
     EmptyFolder& operator=(EmptyFolder&&) = delete;
 
+    /// Returns its absolute path.
     const std::filesystem::path& path() const;
 
 private:

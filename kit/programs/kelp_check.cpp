@@ -27,13 +27,26 @@ struct Subject {
     std::vector<Hint> hints;
 };
 
+/// Returns whether shellWords() reads a line to its end: it leaves out a word that is added behind an operator or an open quote.
+bool isWhole(const std::string& line) {
+    return Kelpkit::shellWords(line + " word").size() == Kelpkit::shellWords(line).size() + 1;
+}
+
 Subject readSubject(const Kelpkit::CommandLine& line) {
     Subject subject{line.arguments().front(), line.has("-r"), line.value<std::string>("-n"),
                     line.value<std::string>("-a"), readHints(line)};
     if (subject.isSaved && subject.arguments) {
         line.refuse("-a", "cannot be combined with -r");
     }
+    if (subject.arguments && !isWhole(*subject.arguments)) {
+        line.refuse("-a", "quote each of ; | & < > # and close each quote");
+    }
     return subject;
+}
+
+/// Prints a line about a tool on standard error.
+void report(const Subject& subject, const std::string& text) {
+    std::cerr << Kelpkit::printable("kelp-check: " + subject.source + ": " + text) << "\n";
 }
 
 /// Observes the runs of a tool, which end within the rest of its time.
@@ -45,15 +58,13 @@ Observation observeRuns(const Subject& subject, const HelpScreen& screen, std::c
     if (subject.arguments) {
         const Run run{subject.source, screen.name, Kelpkit::shellWords(*subject.arguments)};
         const Observation other = observe(run, RunLimits());
+        if (!other.tools.empty() && !asksForOptions(other)) {
+            report(subject, "it asked for no option in the run with -a, which may have ended early");
+        }
         observation.tools.insert(observation.tools.end(), other.tools.begin(), other.tools.end());
         observation.queries.insert(observation.queries.end(), other.queries.begin(), other.queries.end());
     }
     return observation;
-}
-
-/// Says on standard error that the rules which need a run are not checked.
-void reportBlindness(const std::string& source, const std::string& reason) {
-    std::cerr << Kelpkit::printable("kelp-check: " + source + ": only the help screen is checked; " + reason) << "\n";
 }
 
 std::vector<Finding> check(const Subject& subject) {
@@ -63,11 +74,12 @@ std::vector<Finding> check(const Subject& subject) {
     std::string problem = subject.isSaved ? "" : observationProblem();
     if (!subject.isSaved && problem.empty()) {
         observation = observeRuns(subject, screen, start);
-        problem = "the tool cannot be observed";
+        problem =
+            "the tool cannot be observed: it may be linked statically, or built for another processor or C++ library";
     }
     const ObservedTool* const observed = findTool(observation, screen);
     if (!subject.isSaved && observed == nullptr) {
-        reportBlindness(subject.source, problem);
+        report(subject, "only the help screen is checked; " + problem);
     }
     std::vector<Finding> findings = Kelpkit::rules::check(checkedTool(screen, subject.hints, observed));
     if (observed != nullptr) {

@@ -43,6 +43,9 @@ struct Observation {
 /// Reads a report; see observer_report.h. A text that is no report gives an observation without tools.
 Observation readReport(std::string_view report);
 
+/// Returns whether a tool asks for options, also for verbose mode and output files, or registers them late.
+bool asksForOptions(const Observation& observation);
+
 /// Returns the last tool with the options and arguments of a help screen; null if there is none.
 const ObservedTool* findTool(const Observation& observation, const HelpScreen& screen);
 

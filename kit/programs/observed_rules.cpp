@@ -111,6 +111,13 @@ void checkCalls(const ObservedTool& tool, const Options& options, std::vector<Fi
 
 }  // namespace
 
+bool asksForOptions(const Observation& observation) {
+    return !observation.queries.empty() ||
+           std::any_of(observation.tools.begin(), observation.tools.end(), [](const ObservedTool& tool) {
+               return !tool.names.empty() || tool.asksVerbose || tool.asksOutput || !tool.lateOptions.empty();
+           });
+}
+
 const ObservedTool* findTool(const Observation& observation, const HelpScreen& screen) {
     const std::vector<ShownOption> options = shown(screen.options);
     const auto found =

@@ -98,12 +98,16 @@ private:
     std::optional<std::string> before;
 };
 
-/// Returns what LD_PRELOAD has to be. The names in it end at blanks and colons, which the paths of folders may contain: so it is
+/// Returns a variable's list with one more item.
+std::string listWith(const char* variable, const std::string& item) {
+    const char* const others = std::getenv(variable);
+    return others == nullptr ? item : others + (":" + item);
+}
+
+/// Returns the observer's name in LD_PRELOAD. The names there end at blanks and colons, which the paths of folders may contain: so it is
 /// a link, relative to the tool's current folder, which is beside that of the link.
-std::string preloads(const std::filesystem::path& link) {
-    const char* const others = std::getenv("LD_PRELOAD");
-    const std::string own = "../" + link.parent_path().filename().string() + "/" + link.filename().string();
-    return others == nullptr ? own : own + ":" + others;
+std::string preloadName(const std::filesystem::path& link) {
+    return "../" + link.parent_path().filename().string() + "/" + link.filename().string();
 }
 
 }  // namespace
@@ -119,7 +123,9 @@ Observation observe(const Run& run, const RunLimits& limits) {
     const std::filesystem::path name = folder.path() / "report";
     const ReportFile report(name);
     try {
-        const Variable preload("LD_PRELOAD", preloads(link));
+        const Variable preload("LD_PRELOAD", listWith("LD_PRELOAD", preloadName(link)));
+        // AddressSanitizer of gcc 12 otherwise ends the tool, because the observer is loaded before it.
+        const Variable sanitizer("ASAN_OPTIONS", listWith("ASAN_OPTIONS", "verify_asan_link_order=0"));
         const Variable path(reportVariable, name.string());
         runTool(run, limits);
     } catch (const std::runtime_error&) {

@@ -24,6 +24,12 @@ void add(Event fields);
 /// Whether a command line is that of this process.
 bool isOwn(int argc, char** argv);
 
+/// Notes whether the command line of a reader is that of this process.
+void noteReader(const void* reader, bool isOwn);
+
+/// Adds a query of a reader, unless it has another command line.
+void addQuery(const void* reader, Event fields);
+
 /// Returns the library's function of the same name as the one that calls this.
 void* next();
 

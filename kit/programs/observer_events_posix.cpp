@@ -21,6 +21,7 @@ struct Report {
     char** arguments = nullptr;
     std::mutex mutex;
     std::set<std::string> queries;
+    std::set<const void*> otherReaders;  ///< those with another command line
 };
 
 Report& report() {
@@ -70,6 +71,24 @@ void add(Event fields) {
     const std::string text = textOf(fields);
     if (report().queries.insert(text).second) {
         append(text);
+    }
+}
+
+void noteReader(const void* reader, bool isOwn) {
+    const std::lock_guard<std::mutex> lock(report().mutex);
+    if (isOwn) {
+        report().otherReaders.erase(reader);
+    } else {
+        report().otherReaders.insert(reader);
+    }
+}
+
+void addQuery(const void* reader, Event fields) {
+    std::unique_lock<std::mutex> lock(report().mutex);
+    const bool isOther = report().otherReaders.count(reader) != 0;
+    lock.unlock();
+    if (!isOther) {
+        add(fields);
     }
 }
 

@@ -151,7 +151,7 @@ bool CommandLineTool::getOutFile(FilePath& out) {
 int Kelp::OptionReader::hasOption(std::string shortFlag, std::string longFlag, int start) const {
     void* const function = next();
     if (!isInner(__builtin_return_address(0), function)) {
-        add({"token", shortFlag, longFlag});
+        addQuery(this, {"token", shortFlag, longFlag});
     }
     return nextAs<int(const void*, std::string*, std::string*, int)>(function)(this, &shortFlag, &longFlag, start);
 }
@@ -159,13 +159,13 @@ int Kelp::OptionReader::hasOption(std::string shortFlag, std::string longFlag, i
 int Kelp::OptionReader::hasOption(const Option& option, int start) const {
     void* const function = next();
     if (!isInner(__builtin_return_address(0), function)) {
-        add({"token", option.shortFlag, option.longFlag});
+        addQuery(this, {"token", option.shortFlag, option.longFlag});
     }
     return nextAs<int(const void*, const Option&, int)>(function)(this, option, start);
 }
 
 int Kelp::OptionReader::findValue(const char* shortFlag, const char* longFlag, std::string& text, int start) const {
-    add({"value", shortFlag == nullptr ? "" : shortFlag, longFlag == nullptr ? "" : longFlag});
+    addQuery(this, {"value", shortFlag == nullptr ? "" : shortFlag, longFlag == nullptr ? "" : longFlag});
     return nextAs<int(const void*, const char*, const char*, std::string&, int)>(next())(this, shortFlag, longFlag,
                                                                                          text, start);
 }

@@ -2,10 +2,8 @@
 #define KELPKIT_PROGRAMS_RUNNING_TOOL_H
 
 #include <chrono>
-#include <cstddef>
 #include <filesystem>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,9 +25,10 @@ public:
     RunningTool(RunningTool&&) = delete;
     RunningTool& operator=(RunningTool&&) = delete;
 
-    /// Reads what it prints. Waits up to `longest` milliseconds, or less.
-    /// \returns the number of bytes, 0 at the end of file, or none if nothing has arrived
-    std::optional<std::size_t> read(char* data, std::size_t count, std::chrono::milliseconds longest);
+    /// Appends what it has printed on standard output and standard error, up to some thousand bytes each. Waits for it up to
+    /// `longest`, or less.
+    /// \returns false at the end of standard output
+    bool read(std::string& output, std::string& errors, std::chrono::milliseconds longest);
 
     bool hasEnded() const;
 

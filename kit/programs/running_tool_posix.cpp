@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
@@ -28,7 +29,7 @@ public:
         requireSuccess(pipe2(ends.data(), O_CLOEXEC) == 0 ? 0 : errno);
     }
     ~Pipe() {
-        close(ends[0]);
+        closeReading();
         closeWriting();
     }
     Pipe(const Pipe&) = delete;
@@ -42,14 +43,32 @@ public:
     int writing() const {
         return ends[1];
     }
+    void closeReading() {
+        closeEnd(ends[0]);
+    }
     void closeWriting() {
-        if (ends[1] != -1) {
-            close(ends[1]);
-            ends[1] = -1;
+        closeEnd(ends[1]);
+    }
+
+    /// Appends what has arrived. Closes the pipe at its end.
+    void readInto(std::string& text) {
+        std::array<char, 4096> buffer{};
+        const ssize_t count = read(reading(), buffer.data(), buffer.size());
+        if (count == 0) {
+            closeReading();
+        } else if (count > 0) {
+            text.append(buffer.data(), static_cast<std::size_t>(count));
         }
     }
 
 private:
+    static void closeEnd(int& end) {
+        if (end != -1) {
+            close(end);
+            end = -1;
+        }
+    }
+
     std::array<int, 2> ends{-1, -1};
 };
 
@@ -69,7 +88,7 @@ public:
     StartPlan(StartPlan&&) = delete;
     StartPlan& operator=(StartPlan&&) = delete;
 
-    void prepare(const std::filesystem::path& folder, int output) {
+    void prepare(const std::filesystem::path& folder, int output, int errors) {
         sigset_t none;
         sigemptyset(&none);
         sigset_t usual;
@@ -82,7 +101,7 @@ public:
             posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF),
             posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0),
             posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO),
-            posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0),
+            posix_spawn_file_actions_adddup2(&actions, errors, STDERR_FILENO),
             posix_spawn_file_actions_addchdir_np(&actions, folder.c_str())};
         for (const int result : results) {
             requireSuccess(result);
@@ -97,6 +116,7 @@ public:
 
 struct RunningTool::Handles {
     Pipe output;
+    Pipe errors;
     pid_t process = -1;
 };
 
@@ -108,15 +128,17 @@ RunningTool::RunningTool(const std::filesystem::path& program, const std::string
     std::vector<std::string> words{name};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<char*> pointers;
+    pointers.reserve(words.size() + 1);
     for (std::string& word : words) {
         pointers.push_back(word.data());
     }
     pointers.push_back(nullptr);
     StartPlan plan;
-    plan.prepare(folder, handles->output.writing());
+    plan.prepare(folder, handles->output.writing(), handles->errors.writing());
     requireSuccess(
         posix_spawn(&handles->process, program.c_str(), &plan.actions, &plan.attributes, pointers.data(), environ));
     handles->output.closeWriting();
+    handles->errors.closeWriting();
 }
 
 RunningTool::~RunningTool() {
@@ -125,14 +147,19 @@ RunningTool::~RunningTool() {
     }
 }
 
-std::optional<std::size_t> RunningTool::read(char* data, std::size_t count, std::chrono::milliseconds longest) {
-    pollfd output{handles->output.reading(), POLLIN, 0};
+bool RunningTool::read(std::string& output, std::string& errors, std::chrono::milliseconds longest) {
+    // poll() leaves out a closed end, which is -1.
+    std::array<pollfd, 2> ends{{{handles->output.reading(), POLLIN, 0}, {handles->errors.reading(), POLLIN, 0}}};
     const auto wait = std::min<std::chrono::milliseconds::rep>(longest.count(), INT_MAX);
-    if (poll(&output, 1, static_cast<int>(wait)) <= 0) {
-        return std::nullopt;
+    if (poll(ends.data(), ends.size(), static_cast<int>(wait)) > 0) {
+        if (ends[0].revents != 0) {
+            handles->output.readInto(output);
+        }
+        if (ends[1].revents != 0) {
+            handles->errors.readInto(errors);
+        }
     }
-    const ssize_t got = ::read(handles->output.reading(), data, count);
-    return got < 0 ? std::nullopt : std::optional(static_cast<std::size_t>(got));
+    return handles->output.reading() != -1;
 }
 
 bool RunningTool::hasEnded() const {

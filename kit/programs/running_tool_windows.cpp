@@ -19,47 +19,23 @@ void requireSuccess(BOOL succeeded) {
     }
 }
 
-class Handle {
-public:
-    Handle() = default;
-    explicit Handle(HANDLE handle) : handle(handle) {
-        requireSuccess(static_cast<BOOL>(handle != nullptr && handle != INVALID_HANDLE_VALUE));
+struct Close {
+    void operator()(HANDLE handle) const {
+        CloseHandle(handle);
     }
-    ~Handle() {
-        reset();
-    }
-    Handle(const Handle&) = delete;
-    Handle& operator=(const Handle&) = delete;
-    Handle(Handle&& other) noexcept : handle(other.release()) {}
-    Handle& operator=(Handle&& other) noexcept {
-        reset();
-        handle = other.release();
-        return *this;
-    }
-
-    HANDLE get() const {
-        return handle;
-    }
-    void reset() {
-        if (handle != nullptr) {
-            CloseHandle(handle);
-            handle = nullptr;
-        }
-    }
-
-private:
-    HANDLE release() {
-        return std::exchange(handle, nullptr);
-    }
-
-    HANDLE handle = nullptr;
 };
+using Handle = std::unique_ptr<void, Close>;
+
+Handle handleOf(HANDLE handle) {
+    requireSuccess(static_cast<BOOL>(handle != nullptr && handle != INVALID_HANDLE_VALUE));
+    return Handle(handle);
+}
 
 /// Opens the device without content so that the tool can inherit it.
-Handle openNull(DWORD access) {
+Handle openNull() {
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-    return Handle(
-        CreateFileW(L"NUL", access, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited, OPEN_EXISTING, 0, nullptr));
+    return handleOf(
+        CreateFileW(L"NUL", GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited, OPEN_EXISTING, 0, nullptr));
 }
 
 /// The handles that the tool inherits, and no others.
@@ -90,9 +66,33 @@ private:
     std::vector<unsigned char> memory;
 };
 
+/// Makes a pipe. Returns the end for writing, which the tool can inherit.
+Handle openPipe(Handle& reading) {
+    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+    HANDLE read = nullptr;
+    HANDLE write = nullptr;
+    requireSuccess(CreatePipe(&read, &write, &inherited, 0));
+    reading = Handle(read);
+    return Handle(write);
+}
+
+/// Appends what has arrived. Returns false if all writers have closed the pipe.
+bool readInto(std::string& text, HANDLE pipe) {
+    std::array<char, 4096> buffer{};
+    DWORD count = 0;
+    if (PeekNamedPipe(pipe, nullptr, 0, nullptr, &count, nullptr) == 0) {
+        return false;
+    }
+    if (count > 0) {
+        requireSuccess(ReadFile(pipe, buffer.data(), std::min<DWORD>(count, buffer.size()), &count, nullptr));
+        text.append(buffer.data(), count);
+    }
+    return true;
+}
+
 /// Makes a job whose processes are killed when it is closed.
 Handle createJob() {
-    Handle job(CreateJobObjectW(nullptr, nullptr));
+    Handle job = handleOf(CreateJobObjectW(nullptr, nullptr));
     JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
     limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
     requireSuccess(SetInformationJobObject(job.get(), JobObjectExtendedLimitInformation, &limits, sizeof limits));
@@ -101,17 +101,16 @@ Handle createJob() {
 
 /// Starts the tool, suspended. The application name and the name in the command line differ.
 PROCESS_INFORMATION start(const std::filesystem::path& program, const std::string& name,
-                          const std::vector<std::string>& arguments, const std::filesystem::path& folder,
-                          HANDLE output) {
-    const Handle input = openNull(GENERIC_READ);
-    const Handle errors = openNull(GENERIC_WRITE);
-    Inheritance inheritance({input.get(), output, errors.get()});
+                          const std::vector<std::string>& arguments, const std::filesystem::path& folder, HANDLE output,
+                          HANDLE errors) {
+    const Handle input = openNull();
+    Inheritance inheritance({input.get(), output, errors});
     STARTUPINFOEXW information{};
     information.StartupInfo.cb = sizeof information;
     information.StartupInfo.dwFlags = STARTF_USESTDHANDLES;
     information.StartupInfo.hStdInput = input.get();
     information.StartupInfo.hStdOutput = output;
-    information.StartupInfo.hStdError = errors.get();
+    information.StartupInfo.hStdError = errors;
     information.lpAttributeList = inheritance.list();
     std::wstring commandLine = L"\"" + pathOf(name).wstring() + L"\"";
     for (const std::string& argument : arguments) {
@@ -131,19 +130,16 @@ struct RunningTool::Handles {
     Handle job;
     Handle process;
     Handle output;
+    Handle errors;
 };
 
 RunningTool::RunningTool(const std::filesystem::path& program, const std::string& name,
                          const std::vector<std::string>& arguments, const std::filesystem::path& folder)
     : handles(std::make_unique<Handles>()) {
-    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-    HANDLE reading = nullptr;
-    HANDLE writing = nullptr;
-    requireSuccess(CreatePipe(&reading, &writing, &inherited, 0));
-    handles->output = Handle(reading);
-    const Handle output(writing);
+    const Handle output = openPipe(handles->output);
+    const Handle errors = openPipe(handles->errors);
     handles->job = createJob();
-    const PROCESS_INFORMATION started = start(program, name, arguments, folder, output.get());
+    const PROCESS_INFORMATION started = start(program, name, arguments, folder, output.get(), errors.get());
     handles->process = Handle(started.hProcess);
     const Handle thread(started.hThread);
     try {
@@ -161,20 +157,15 @@ RunningTool::~RunningTool() {
     }
 }
 
-std::optional<std::size_t> RunningTool::read(char* data, std::size_t count, std::chrono::milliseconds longest) {
+bool RunningTool::read(std::string& output, std::string& errors, std::chrono::milliseconds longest) {
     constexpr std::chrono::milliseconds pause(10);
-    DWORD available = 0;
-    if (PeekNamedPipe(handles->output.get(), nullptr, 0, nullptr, &available, nullptr) == 0) {
-        return 0;  // all writers have closed it
-    }
-    if (available == 0) {
+    const std::size_t before = output.size() + errors.size();
+    const bool isOpen = readInto(output, handles->output.get());
+    readInto(errors, handles->errors.get());
+    if (output.size() + errors.size() == before) {
         Sleep(static_cast<DWORD>(std::min(pause, longest).count()));
-        return std::nullopt;
     }
-    DWORD got = 0;
-    const auto most = static_cast<DWORD>(std::min<std::size_t>(count, available));
-    requireSuccess(ReadFile(handles->output.get(), data, most, &got, nullptr));
-    return got;
+    return isOpen;
 }
 
 bool RunningTool::hasEnded() const {

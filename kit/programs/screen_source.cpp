@@ -39,8 +39,17 @@ void requireCommandName(const std::string& name) {
     }
 }
 
-std::string readFile(const std::string& name) {
+/// Refuses a pipe, which may never end.
+void requireFile(const std::string& name) {
     requireNoFolder(name);
+    std::error_code ignored;
+    if (std::filesystem::is_other(std::filesystem::status(pathOf(name), ignored))) {
+        throw std::runtime_error(name + " is not a regular file");
+    }
+}
+
+std::string readFile(const std::string& name) {
+    requireFile(name);
     errno = 0;
     std::ifstream input(pathOf(name), std::ios::binary);
     std::string text(RunLimits().bytes + 1, '\0');

@@ -3,9 +3,9 @@
 #include <kelpkit/Files.h>
 #include <kelpkit/Interruption.h>
 
-#include <array>
+#include <algorithm>
+#include <optional>
 #include <stdexcept>
-#include <thread>
 
 #include "empty_folder.h"
 #include "running_tool.h"
@@ -36,23 +36,41 @@ private:
     Clock::time_point end;
 };
 
-std::string readAll(RunningTool& tool, const Deadline& deadline, std::size_t most) {
-    std::string text;
-    std::array<char, 4096> buffer{};
-    while (text.size() <= most) {
-        const std::optional<std::size_t> count = tool.read(buffer.data(), buffer.size(), deadline.left());
-        if (count == 0U) {
-            break;
-        }
-        text.append(buffer.data(), count.value_or(0));
-    }
-    return text;
-}
+/// What a tool prints.
+class Prints {
+public:
+    explicit Prints(RunningTool& tool) : tool(tool) {}
 
-void waitForEnd(const RunningTool& tool, const Deadline& deadline) {
+    /// Reads for a while. Returns false at the end of standard output.
+    bool read(std::chrono::milliseconds longest) {
+        constexpr std::size_t most = 1000;
+        const bool isOpen = tool.read(output, errors, longest);
+        errors.erase(0, errors.size() - std::min(errors.size(), most));
+        return isOpen;
+    }
+
+    std::string output;
+
+    /// Reads what is left of standard error. Returns its last line that is not blank.
+    std::string lastError() {
+        constexpr int reads =
+            300;  // 1 MiB, the largest pipe of Linux; a process that has left the group may print for ever
+        for (int i = 0; i < reads; ++i) {
+            read(std::chrono::milliseconds(0));
+        }
+        errors.erase(errors.find_last_not_of(" \r\n") + 1);
+        return errors.substr(errors.rfind('\n') + 1);
+    }
+
+private:
+    RunningTool& tool;
+    std::string errors;  ///< the end of it
+};
+
+void waitForEnd(const RunningTool& tool, Prints& prints, const Deadline& deadline) {
     constexpr std::chrono::milliseconds pause(10);
     while (!tool.hasEnded()) {
-        std::this_thread::sleep_for(std::min(pause, deadline.left()));
+        prints.read(std::min(pause, deadline.left()));
     }
 }
 
@@ -68,15 +86,18 @@ std::string runTool(const Run& run, const RunLimits& limits) {
     } catch (const std::system_error& error) {
         fail("cannot run " + run.program, error.code());
     }
-    std::string text = readAll(*tool, deadline, limits.bytes);
-    if (text.size() > limits.bytes) {
+    Prints prints(*tool);
+    while (prints.output.size() <= limits.bytes && prints.read(deadline.left())) {
+    }
+    if (prints.output.size() > limits.bytes) {
         throw std::runtime_error(run.program + " prints more than " + std::to_string(limits.bytes) + " bytes");
     }
-    waitForEnd(*tool, deadline);
+    waitForEnd(*tool, prints, deadline);
     if (const std::string problem = tool->finish(); !problem.empty()) {
-        throw std::runtime_error(run.program + " " + problem);
+        const std::string error = prints.lastError();
+        throw std::runtime_error(run.program + " " + problem + (error.empty() ? "" : ": " + error));
     }
-    return text;
+    return std::move(prints.output);
 }
 
 std::string readHelp(const std::string& program, const std::string& name, const RunLimits& limits) {

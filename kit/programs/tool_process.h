@@ -22,10 +22,11 @@ struct Run {
 
 /// Runs a tool and returns what it prints on standard output, to the end of file. Calls noteInterruptions().
 ///
-/// The tool has no standard input, its standard error is dropped, and its current folder is a new empty one, which is removed
+/// The tool has no standard input, its standard error is read, and its current folder is a new empty one, which is removed
 /// afterwards. It runs apart from the terminal; it and the processes it has started, unless they have left its process group, are
 /// killed at the end.
-/// \throws std::runtime_error  if it cannot be started, does not end in time with exit status 0, or prints too much
+/// \throws std::runtime_error  if it cannot be started, does not end in time with exit status 0, or prints too much. The
+///                             text has the exit status, and the last line of standard error, without its beginning if it is long.
 /// \throws Interruption        if a signal asked this process to end
 std::string runTool(const Run& run, const RunLimits& limits = {});
 

@@ -4,6 +4,7 @@
 #include "ascii_case.h"
 #include "rules.h"
 #include "shell_words.h"
+#include "usage_line.h"
 
 namespace Kelpkit::rules {
 
@@ -34,51 +35,16 @@ bool isAnswered(const Tool& tool, std::string_view word) {
            (equalIgnoringCase(word, versionForm) || (option != nullptr && equalIgnoringCase(word, option->shortForm)));
 }
 
-/// Returns whether the option exists and the flag has a value exactly if the option takes one. `option` is null if no option has
-/// this name.
-bool fits(const Option* option, std::string_view flag) {
-    return option != nullptr && option->takesValue.value_or(hasValue(flag)) == hasValue(flag);
+/// Returns whether the option exists and is written with a value exactly if it takes one. `option` is null if no option has this
+/// name.
+bool fits(const Option* option, bool hasValue) {
+    return option != nullptr && option->takesValue.value_or(hasValue) == hasValue;
 }
 
-/// Splits a usage line at blanks and brackets, and at "|" except in a value: "-m=fast|exact".
-std::vector<std::string> usageWords(const std::string& usage) {
-    std::vector<std::string> words(1);
-    for (const char character : usage) {
-        const bool separates = character == '|'
-                                   ? !hasValue(words.back())
-                                   : std::string_view(" \t[](){},").find(character) != std::string_view::npos;
-        if (separates) {
-            words.emplace_back();
-        } else {
-            words.back() += character;
-        }
-    }
-    return words;
-}
-
-/// Whether a usage line contains a name, not only as a part of another one.
-bool mentions(const std::string& usage, const std::string& name) {
-    for (std::size_t at = usage.find(name); at != std::string::npos; at = usage.find(name, at + 1)) {
-        const std::size_t end = at + name.size();
-        if ((at == 0 || !isWordCharacter(usage[at - 1])) && (end == usage.size() || !isWordCharacter(usage[end]))) {
-            return true;
-        }
-    }
-    return false;
-}
-
-/// Returns a usage line without the options that have a value, which do not name arguments.
-std::string withoutValues(const std::string& usage) {
-    std::string rest;
-    for (const std::string& word : usageWords(usage)) {
-        rest += hasValue(word) ? " " : word + " ";
-    }
-    return rest;
-}
-
-std::string withoutDots(std::string word) {
-    const std::size_t end = word.find("...");
-    return end == std::string::npos ? word : word.substr(0, end);
+bool fits(const Tool& tool, const UsageLine::Option& shown) {
+    const bool isBare = shown.value.takes == Takes::nothing;
+    return shown.value.takes != Takes::unknown &&
+           ((isBare && isAnswered(tool, shown.form)) || fits(findOption(tool, shown.form), !isBare));
 }
 
 /// Returns the first word of an example that the tool refuses, and collects the positional arguments before it.
@@ -91,7 +57,7 @@ const std::string* firstRefused(const Tool& tool, const std::vector<std::string>
             continue;
         }
         const Option* const option = findOption(tool, formOf(word));
-        if (!fits(option, word) || !used.insert(option).second) {
+        if (!fits(option, hasValue(word)) || !used.insert(option).second) {
             return &word;
         }
     }
@@ -114,14 +80,18 @@ void checkUsage(const Tool& tool, std::vector<Finding>& findings) {
     if (tool.usage.empty()) {
         return;
     }
-    for (const std::string& word : usageWords(tool.usage)) {
-        const std::string flag = withoutDots(word);
-        if (flag != "-" && isFlag(flag) && !isAnswered(tool, flag) && !fits(findOption(tool, formOf(flag)), flag)) {
-            findings.push_back({Id::usageNames, flag});
+    std::set<std::string> names;
+    for (const Argument& argument : tool.arguments) {
+        names.insert(argument.name);
+    }
+    const UsageLine usage = readUsage(tool.usage, names);
+    for (const UsageLine::Option& option : usage.options) {
+        if (!fits(tool, option)) {
+            findings.push_back({Id::usageNames, option.form});
         }
     }
     for (const Argument& argument : tool.arguments) {
-        if (!mentions(withoutValues(tool.usage), argument.name)) {
+        if (usage.arguments.count(argument.name) == 0) {
             findings.push_back({Id::usageNames, argument.name});
         }
     }

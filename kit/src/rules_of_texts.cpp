@@ -26,12 +26,12 @@ bool isArgumentName(std::string_view name) {
 }
 
 bool isFileName(std::string_view name) {
-    const auto portable = [](char each) { return isWordCharacter(each) || each == '.'; };
+    const auto portable = [](char each) { return isWordCharacter(each) || each == '.' || each == '+'; };
     const bool isDevice = std::any_of(std::begin(devices), std::end(devices), [name](std::string_view device) {
         return equalIgnoringCase(name.substr(0, name.find('.')), device);
     });
     return !name.empty() && std::all_of(name.begin(), name.end(), portable) && name.front() != '-' &&
-           name.front() != '.' && name.front() != '_' && name.back() != '.' && !isDevice;
+           name.front() != '.' && name.front() != '_' && name.front() != '+' && name.back() != '.' && !isDevice;
 }
 
 /// Returns the number of characters of a UTF-8 text.

@@ -17,6 +17,7 @@
 
 namespace {
 
+using Kelpkit::Takes;
 using namespace Kelpkit::programs;
 using fuzz::expectSame;
 namespace model = documents_model;

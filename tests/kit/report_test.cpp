@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "page_samples.h"
 #include "rules.h"
 #include "shell_words.h"
 
@@ -20,6 +21,8 @@ using Kelpkit::Definition;
 using Kelpkit::isSwitch;
 using Kelpkit::report;
 using Kelpkit::takesValue;
+using page_samples::pageSamples;
+using page_samples::pageTool;
 
 Definition faultless() {
     return {"firstlines",
@@ -104,7 +107,7 @@ const std::string outputLetter =
     "letter\n";
 const std::string usageNames =
     ": the usage line does not fit the options and arguments; correct the usage line, or leave it empty\n";
-const std::string refused = ": the tool refuses its own example; correct the example\n";
+const std::string refused = ": a tool of the kit refuses this example; correct the example\n";
 const std::string argumentName =
     ": the usage line cannot be read with this name; use letters, digits, \"-\" and \"_\", a letter "
     "first\n";
@@ -113,7 +116,7 @@ const std::string control =
     ": a control character, or a byte that is not UTF-8, disturbs the help screen; use one line of plain text\n";
 const std::string tooLong = ": the line of the help screen does not fit into 80 columns; shorten the text\n";
 const std::string fileName =
-    ": not every system allows a file of this name; use letters, digits, \"-\", \"_\" and \".\", a letter or "
+    ": not every system allows a file of this name; use letters, digits, \"-\", \"_\", \"+\" and \".\", a letter or "
     "digit first, and no device name of Windows\n";
 const std::string shortName =
     ": on Windows a tool without the kit cannot show its help screen when it is started by its path without .exe; use at least four letters\n";
@@ -235,13 +238,19 @@ const Case optionCases[] = {
 
 const Case lineCases[] = {
     {"usage-names", set(&Definition::usage, "[-x] FILE"), "warning usage-names -x" + usageNames},
-    {"usage-names", set(&Definition::usage, "[--numbers=N] FILE"), "warning usage-names --numbers=N" + usageNames},
+    {"usage-names", set(&Definition::usage, "[--numbers=N] FILE"), "warning usage-names --numbers" + usageNames},
     {"usage-names", set(&Definition::usage, "[-n] FILE"), "warning usage-names -n" + usageNames},
-    {"usage-names", set(&Definition::usage, "[-q=N|-h] FILE"), "warning usage-names -q=N|-h" + usageNames},
+    {"usage-names", set(&Definition::usage, "[-q=N|-h] FILE"), "warning usage-names -q" + usageNames},
     {"usage-names", set(&Definition::usage, "[-n=N]"), "warning usage-names FILE" + usageNames},
     {"usage-names", set(&Definition::usage, "[--version] FILE"), "warning usage-names --version" + usageNames},
     {"usage-names", both(set(&Definition::usage, "[--version] FILE"), set(&Definition::version, "1.0")), ""},
-    {"usage-names", set(&Definition::usage, "[-h|--help|-Q|{--QUIET}]... (-n=1|2|-3) -o=O... - FILE..."), ""},
+    {"usage-names", set(&Definition::usage, "[-h|--help|-Q|{--QUIET}]... (-n=1|2|3) -o=O... - FILE..."), ""},
+    {"usage-names", set(&Definition::usage, "-n[=LINES] [--] <FILE>..."), ""},
+    {"usage-names", set(&Definition::usage, "[-n=A,-B] FILE"), ""},
+    {"usage-names", set(&Definition::usage, "[-q FILE]"), ""},
+    {"usage-names", set(&Definition::usage, "[-q] LINES FILE"), ""},
+    {"usage-names", set(&Definition::usage, "[-q LINES] FILE"), "warning usage-names -q" + usageNames},
+    {"usage-names", set(&Definition::usage, "[-q <lines>] FILE"), "warning usage-names -q" + usageNames},
     {"usage-names", set(&Definition::usage, "[OPTIONS] FILE"), ""},
     {"usage-names", set(&Definition::usage, "[-n=FILE]"), "warning usage-names FILE" + usageNames},
     {"usage-names", set(&Definition::usage, "[-n=FILE] FILE"), ""},
@@ -254,17 +263,18 @@ const Case lineCases[] = {
      },
      "warning no-help: the help screen does not mention how it is called; list the option -h, --help\n"},
 
-    {"example-refused", set(&Definition::example, "-x notes.txt"), "error example-refused -x" + refused},
-    {"example-refused", set(&Definition::example, "-n 3 notes.txt"), "error example-refused -n" + refused},
-    {"example-refused", set(&Definition::example, "-n3 notes.txt"), "error example-refused -n3" + refused},
-    {"example-refused", set(&Definition::example, "--numb=3 notes.txt"), "error example-refused --numb=3" + refused},
-    {"example-refused", set(&Definition::example, "-q=1 notes.txt"), "error example-refused -q=1" + refused},
+    {"example-refused", set(&Definition::example, "-x notes.txt"), "warning example-refused -x" + refused},
+    {"example-refused", set(&Definition::example, "-n 3 notes.txt"), "warning example-refused -n" + refused},
+    {"example-refused", set(&Definition::example, "-n3 notes.txt"), "warning example-refused -n3" + refused},
+    {"example-refused", set(&Definition::example, "--numb=3 notes.txt"), "warning example-refused --numb=3" + refused},
+    {"example-refused", set(&Definition::example, "-q=1 notes.txt"), "warning example-refused -q=1" + refused},
     {"example-refused", set(&Definition::example, "-n=1 --number=2 notes.txt"),
-     "error example-refused --number=2" + refused},
-    {"example-refused", set(&Definition::example, "-n=1"), "error example-refused FILE" + refused},
-    {"example-refused", set(&Definition::example, "a b"), "error example-refused b" + refused},
-    {"example-refused", set(&Definition::example, "a --version"), "error example-refused --version" + refused},
-    {"example-refused", [](Definition& tool) { tool.arguments.clear(); }, "error example-refused notes.txt" + refused},
+     "warning example-refused --number=2" + refused},
+    {"example-refused", set(&Definition::example, "-n=1"), "warning example-refused FILE" + refused},
+    {"example-refused", set(&Definition::example, "a b"), "warning example-refused b" + refused},
+    {"example-refused", set(&Definition::example, "a --version"), "warning example-refused --version" + refused},
+    {"example-refused", [](Definition& tool) { tool.arguments.clear(); },
+     "warning example-refused notes.txt" + refused},
     {"example-refused",
      [](Definition& tool) {
          tool.arguments.clear();
@@ -274,15 +284,15 @@ const Case lineCases[] = {
     {"example-refused", set(&Definition::example, "-N=1 --QUIET notes.txt -o='a b' | sort -r > out"), ""},
     {"example-refused", set(&Definition::example, "--help"), ""},
     {"example-refused", set(&Definition::example, "/h a b"), ""},
-    {"example-refused", set(&Definition::example, "-Q a b"), "error example-refused b" + refused},
+    {"example-refused", set(&Definition::example, "-Q a b"), "warning example-refused b" + refused},
     {"example-refused",
      both(option("-y", "--version"), both(set(&Definition::example, "-Y"), set(&Definition::version, "1"))),
      "error long-letter --version" + longLetter},
     {"example-refused",
      both(option("-y", "--yes"), both(set(&Definition::example, "-y"), set(&Definition::version, "1"))),
-     "error example-refused FILE" + refused},
-    {"example-refused", set(&Definition::example, "- 2>/dev/null"), "error example-refused -" + refused},
-    {"example-refused", set(&Definition::example, "-- a"), "error example-refused --" + refused},
+     "warning example-refused FILE" + refused},
+    {"example-refused", set(&Definition::example, "- 2>/dev/null"), "warning example-refused -" + refused},
+    {"example-refused", set(&Definition::example, "-- a"), "warning example-refused --" + refused},
     {"example-refused", set(&Definition::example, "'' 2>/dev/null"), ""},
     {"example-refused", both(set(&Definition::example, "--version"), set(&Definition::version, "1")), ""},
     {"example-refused",
@@ -345,7 +355,7 @@ const Case textCases[] = {
     {"control-character", set(&Definition::description, "two\nlines"),
      "warning control-character description" + control},
     {"control-character", set(&Definition::example, "a\x1b[0m"), "warning control-character example" + control},
-    {"control-character", set(&Definition::usage, "FILE\x7f"), "warning control-character usage" + control},
+    {"control-character", set(&Definition::usage, "FILE \x7f"), "warning control-character usage" + control},
     {"control-character", set(&Definition::banner, std::string(1, '\0')), "warning control-character banner" + control},
     {"control-character", set(&Definition::version, "1\r"), "warning control-character version" + control},
     {"control-character", option("-x", "--xy", isSwitch, "a\tb"), "warning control-character -x" + control},
@@ -386,13 +396,14 @@ const Case textCases[] = {
     {"file-name", set(&Definition::name, "-first"), "warning file-name -first" + fileName},
     {"file-name", set(&Definition::name, ".first"), "warning file-name .first" + fileName},
     {"file-name", set(&Definition::name, "_first"), "warning file-name _first" + fileName},
+    {"file-name", set(&Definition::name, "+first"), "warning file-name +first" + fileName},
     {"file-name", set(&Definition::name, "first."), "warning file-name first." + fileName},
     {"file-name", set(&Definition::name, "a/first"), "warning file-name a/first" + fileName},
     {"file-name", set(&Definition::name, "f\xc3\xbcnf"), "warning file-name f\xc3\xbcnf" + fileName},
     {"file-name", set(&Definition::name, "NUL"), "warning file-name NUL" + fileName},
     {"file-name", set(&Definition::name, "com1.tool"), "warning file-name com1.tool" + fileName},
     {"file-name", set(&Definition::name, "console"), ""},
-    {"file-name", set(&Definition::name, "First-lines_2.0"), ""},
+    {"file-name", set(&Definition::name, "First-lines_2.0+"), ""},
 
     {"short-name", set(&Definition::name, "cat"), "note short-name cat" + shortName},
     {"short-name", set(&Definition::name, "cats"), ""},
@@ -517,61 +528,6 @@ std::string rulesPage() {
     std::ifstream file(KELPKIT_RULES_PAGE);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
-
-// The samples of the page, as code and as its text.
-#define CODE(...) #__VA_ARGS__, [](Definition & tool) { __VA_ARGS__; }
-#define TEXT_AND_VALUE(...) #__VA_ARGS__, __VA_ARGS__
-
-const std::pair<std::string, Definition> pageTool{
-    TEXT_AND_VALUE(Definition{"commonlines",
-                              "Shows the lines that two texts have in common.",
-                              {{"-n", "--number", "how many lines to show", takesValue},
-                               {"-o", "--output", "write to this file", takesValue},
-                               {"-h", "--help", "show this help", isSwitch}},
-                              {{"FILE", "a text", false}, {"OTHER", "another text", false}},
-                              "-n=3 a.txt b.txt"})};
-
-const struct {
-    const char* rule;
-    const char* sampleText;
-    void (*sample)(Definition& tool);
-    const char* neighbourText;
-    void (*neighbour)(Definition& tool);
-} pageSamples[] = {
-    {"same-letter", CODE(tool.options.emplace_back("-N", "--name", "a name", isSwitch)),
-     CODE(tool.options.emplace_back("-m", "--mode", "a mode", isSwitch))},
-    {"short-form", CODE(tool.options.emplace_back("e", "--exact", "exactly", isSwitch)),
-     CODE(tool.options.emplace_back("-e", "--exact", "exactly", isSwitch))},
-    {"long-letter", CODE(tool.options.emplace_back("-x", "--exact", "exactly", isSwitch)),
-     CODE(tool.options.emplace_back("-E", "--exact", "exactly", isSwitch))},
-    {"long-form", CODE(tool.options.emplace_back("-e", "--exact match", "exactly", isSwitch)),
-     CODE(tool.options.emplace_back("-e", "--exact-match", "exactly", isSwitch))},
-    {"empty-long", CODE(tool.options.emplace_back("-e", "", "exactly", isSwitch)),
-     CODE(tool.options.emplace_back("-e", "--e", "exactly", isSwitch))},
-    {"help-taken", CODE(tool.options[2] = {"-h", "--height", "how many rows", takesValue}),
-     CODE(tool.options[2] = {"-H", "--HELP", "show this help", isSwitch})},
-    {"no-help", CODE(tool.options.erase(tool.options.begin() + 2)), CODE(tool.options.erase(tool.options.begin() + 1))},
-    {"verbose-taken", CODE(tool.options.emplace_back("-v", "--vertical", "in columns", isSwitch)),
-     CODE(tool.options.emplace_back("-v", "--verbose", "print each step", isSwitch))},
-    {"version-letter", CODE(tool.options.emplace_back("-V", "--version", "print the version", isSwitch)),
-     CODE(tool.version = "1.2.0")},
-    {"output-letter", CODE(tool.options[1] = {"-o", "--offset", "the first line", takesValue}),
-     CODE(tool.options[1] = {"-o", "--outfile", "write to this file", takesValue})},
-    {"digit", CODE(tool.options.emplace_back("-3", "--3-columns", "in columns", isSwitch)),
-     CODE(tool.options.emplace_back("-c", "--columns-3", "in columns", isSwitch))},
-    {"usage-names", CODE(tool.usage = "[-n LINES] FILE OTHER"), CODE(tool.usage = "[-n=LINES] FILE OTHER")},
-    {"example-refused", CODE(tool.example = "-n 3 a.txt b.txt"), CODE(tool.example = "-N=3 a.txt b.txt | sort")},
-    {"name-twice", CODE(tool.arguments[1].name = "FILE"), CODE(tool.arguments[1].name = "FILE2")},
-    {"argument-name", CODE(tool.arguments[1].name = "OTHER FILE"), CODE(tool.arguments[1].name = "OTHER-FILE")},
-    {"repeated-not-last", CODE(tool.arguments[0].repeated = true), CODE(tool.arguments[1].repeated = true)},
-    {"no-example", CODE(tool.example = ""), CODE(tool.example = "a.txt b.txt")},
-    {"no-description", CODE(tool.description = ""), CODE(tool.description = "Compares texts.")},
-    {"empty-text", CODE(tool.options[0].description = ""), CODE(tool.options[0].description = "a number")},
-    {"control-character", CODE(tool.description = "Compares\ntexts."), CODE(tool.description = "Compares texts: ä")},
-    {"too-long", CODE(tool.description = std::string(80, 'x')), CODE(tool.description = std::string(79, 'x'))},
-    {"file-name", CODE(tool.name = "common lines"), CODE(tool.name = "common-lines")},
-    {"short-name", CODE(tool.name = "cmp"), CODE(tool.name = "comm")},
-};
 
 std::string reportOfPageTool(void (*change)(Definition& tool)) {
     Definition definition = pageTool.second;

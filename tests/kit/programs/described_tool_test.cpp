@@ -8,12 +8,12 @@
 
 namespace {
 
+using Kelpkit::Takes;
 using Kelpkit::programs::describe;
 using Kelpkit::programs::DescribedTool;
 using Kelpkit::programs::HelpScreen;
 using Kelpkit::programs::Hint;
 using Kelpkit::programs::readHint;
-using Kelpkit::programs::Takes;
 
 const char* word(Takes takes) {
     constexpr const char* words[] = {"?", "-", "text", "file", "folder", "choice"};
@@ -129,10 +129,10 @@ TEST(DescribedTool, Values) {
         {"", "-N=3", {}, "text", "file FILE"},
         {"", "--NUMBER=3", {}, "text", "file FILE"},
         {"", "-n -o=x", {}, "-", "file FILE"},
-        {"", "a -o", {}, "?", "-"},
+        {"", "a -o", {}, "?", "file FILE"},
         {"", "'-n=3'", {}, "text", "file FILE"},
         {"", "\"-n=3", {}, "text", "file FILE"},
-        {"", "-n -n=3", {}, "-", "file FILE"},
+        {"", "-n -n=3", {}, "text", "file FILE"},
         {"", "a | x -n=3", {}, "?", "file FILE"},
         {"", "a; x -n=3", {}, "?", "file FILE"},
         {"", "a > -n=3", {}, "?", "file FILE"},
@@ -155,12 +155,28 @@ TEST(DescribedTool, Values) {
         {"(-n=1|2)", "", {}, "choice 1 2", "file FILE"},
         {"-n=LOW|HIGH", "", {}, "text LOW|HIGH", "file FILE"},
         {"-n=all|LINES", "", {}, "choice all LINES", "file FILE"},
-        {"-n|-o", "", {}, "-", "-"},
+        {"-n|-o", "", {}, "-", "file FILE"},
         {"-n=LINES|-o=DIR", "", {}, "text LINES", "folder DIR"},
         {"-n | -o=BASE", "", {}, "-", "file BASE"},
-        {"-n -n=LINES", "", {}, "-", "file FILE"},
-        {"[-n,-o]", "", {}, "-", "-"},
-        {"{-n}\n(-o)\t", "", {}, "-", "-"},
+        {"-n -n=LINES", "", {}, "text LINES", "file FILE"},
+        {"[-n,-o]", "", {}, "-", "file FILE"},
+        {"{-n}\n(-o)\t", "", {}, "-", "file FILE"},
+        {"[-n, --number=LINES]", "", {}, "text LINES", "file FILE"},
+        {"[--number|-n=LINES]", "", {}, "text LINES", "file FILE"},
+        {"[-n=LINES|--number=COUNT]", "", {}, "text LINES", "file FILE"},
+        {"[-n]", "-n=3", {}, "text", "file FILE"},
+        {"[-n]", "--number=3", {}, "text", "file FILE"},
+        {"[-n LINES]", "a", {}, "?", "file FILE"},
+        {"[-n LINES]", "-n 3", {}, "?", "file FILE"},
+        {"[-n  <lines>]", "", {}, "?", "file FILE"},
+        {"[-n LINES]", "-n=3", {}, "text", "file FILE"},
+        {"-n FIRST", "", {}, "-", "file FILE"},
+        {"-n <FIRST>", "", {}, "-", "file FILE"},
+        {"-n lines", "", {}, "-", "file FILE"},
+        {"[-n] LINES", "", {}, "-", "file FILE"},
+        {"-n | LINES", "", {}, "-", "file FILE"},
+        {"-n or LINES", "", {}, "-", "file FILE"},
+        {"-n=3 LINES", "", {}, "text 3", "file FILE"},
         {"-", "", {}, "?", "file FILE"},
         {"x-n=5 -nx", "", {}, "?", "file FILE"},
         // Hints
@@ -237,7 +253,17 @@ TEST(DescribedTool, Arguments) {
         {"[-n] FIRST] [OTHER]", "FIRST, [OTHER]"},
         {"[-n[=LINES] FIRST [OTHER]] ", "[FIRST], [OTHER]"},
         {"-n[=LINES] [FIRST] OTHER", "[FIRST], OTHER"},
-        {"(FIRST | OTHER)...", "FIRST, OTHER..."},
+        {"(FIRST | OTHER)...", "[FIRST], [OTHER...]"},
+        {"FIRST|OTHER", "[FIRST], [OTHER]"},
+        {"FIRST | -n OTHER", "[FIRST], [OTHER]"},
+        {"FIRST  or  -n OTHER...", "[FIRST], [OTHER...]"},
+        {"(FIRST | -n) OTHER", "[FIRST], OTHER"},
+        {"FIRST (-n|-o) {-n | -o} OTHER", "FIRST, OTHER"},
+        {"-n|-o FIRST OTHER", "FIRST, OTHER"},
+        {"(FIRST) | [OTHER", "[FIRST], [OTHER]"},
+        {"[FIRST", "[FIRST], OTHER"},
+        {"<FIRST> <OTHER>...", "FIRST, OTHER..."},
+        {"<FIRST> [<OTHER...>]", "FIRST, [OTHER...]"},
         {"FIRST -n...", "FIRST, OTHER"},
         {"first other...", "FIRST, OTHER"},
     };

@@ -9,7 +9,7 @@ namespace {
 using Kelpkit::programs::DescribedTool;
 using Kelpkit::programs::json;
 using Kelpkit::programs::markdown;
-using Kelpkit::programs::Takes;
+using Kelpkit::Takes;
 
 const DescribedTool usual{"firstlines",
                           "     Small tools",

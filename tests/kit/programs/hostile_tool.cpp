@@ -62,9 +62,26 @@ int readInput() {
     return print(screenOf("input", std::getchar() == EOF ? "no input" : "input"));
 }
 
+int failWith(const std::string& errors) {
+    std::fwrite(errors.data(), 1, errors.size(), stderr);
+    return 3;
+}
+
 int complain() {
     std::fputs("a complaint\n", stderr);
     return print(screenOf("complaint"));
+}
+
+/// Prints 20 MB of errors on standard error, also after the end of standard output, and ends with exit status 3.
+int complainLong() {
+    for (int i = 0; i < 200; ++i) {
+        std::fputs((std::string(99'999, 'x') + "\n").c_str(), stderr);
+        if (i == 100) {
+            print(screenOf("flood"));
+            std::fclose(stdout);
+        }
+    }
+    return failWith("the end\n");
 }
 
 /// Leaves a read-only file and a folder in the current folder, and says which it is and how many entries it had.
@@ -96,6 +113,9 @@ std::map<std::string, Behaviour> behaviours() {
             {"late", sleepAtTheEnd},
             {"input", readInput},
             {"complaint", complain},
+            {"flood", complainLong},
+            {"reason", [] { return failWith("first\nlast \033[0m\xff\n \r\n"); }},
+            {"long-reason", [] { return failWith("begin" + std::string(2000, 'x')); }},
             {"litter", litter},
             {"other", [] { return print(screenOf("another")); }},
             {"path", [] { return print(screenOf("../path")); }}};

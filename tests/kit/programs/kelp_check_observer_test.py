@@ -30,7 +30,9 @@ FINDINGS = {
                      "the file as an argument, or use a constructor without arguments",
 }
 DROPPED = "error same-letter -N: an earlier option has this letter, so this one cannot be used; choose another letter\n"
-UNSEEN = f"kelp-check: {OBSERVED}: only the help screen is checked; the tool cannot be observed\n"
+UNSEEN = f"kelp-check: {OBSERVED}: only the help screen is checked; the tool cannot be observed: it may be " \
+         "linked statically, or built for another processor or C++ library\n"
+SILENT = f"kelp-check: {OBSERVED}: it asked for no option in the run with -a, which may have ended early\n"
 
 # Tools that disturb the observer, and whether it sees them.
 TRICKS = {"unset": False, "again": True, "moved": False, "closing": True, "flood": False, "garbage": False, "empty": False,
@@ -68,8 +70,10 @@ class ObserverTest(unittest.TestCase):
 
 class Rules(ObserverTest):
     def test_samples(self):
-        self.check_tools({("finding-" + rule, "-a=."): (1, finding + "\n", "") for rule, finding in FINDINGS.items()})
-        self.check_tools({("none-" + rule, "-a=."): (0, "", "") for rule in FINDINGS})
+        self.check_tools({("finding-" + rule, "-a=."): (1, finding + "\n", SILENT if rule == "file-demanded" else "")
+                          for rule, finding in FINDINGS.items()})
+        self.check_tools({("none-" + rule, "-a=."): (0, "", SILENT if rule in ("file-demanded", "late-option") else "")
+                          for rule in FINDINGS})
 
     def test_samples_of_the_page(self):
         page = pathlib.Path(PAGE).read_text(encoding="utf-8")
@@ -83,6 +87,10 @@ class Rules(ObserverTest):
         self.check_tools({("finding-" + rule,): (1, finding + "\n", "") if rule == "file-demanded" else (0, "", "")
                           for rule, finding in FINDINGS.items()})
 
+    def test_runs_that_end_early(self):
+        # A file that is missing in the empty folder, and an option that the tool refuses
+        self.check_tools({("queries", "-a=" + arguments): (0, "", SILENT) for arguments in ("letter.txt", "-q .", "")})
+
     def test_queries(self):
         self.check_tools({("queries", "-s", "-a=."): (0, "", ""), ("queries", "-s", "-a=-n=3 -v '.'"): (0, "", "")})
 
@@ -94,6 +102,11 @@ class Rules(ObserverTest):
                           "error asked-by-long-name --help", "error asked-unregistered -a", "error asked-unregistered -b",
                           "error asked-unregistered -c", "error asked-by-long-name --number",
                           "error asked-unregistered --depth", "error asked-unregistered -e", "error asked-unregistered -f"])
+
+    def test_other_command_line(self):
+        status, output, errors = self.check_tool("other-line", "-a=.")
+        self.assertEqual((status, [line.split(":")[0] for line in output.splitlines()], errors),
+                         (1, ["error asked-unregistered -" + letter for letter in "abcde"], ""))
 
 
 class Definitions(ObserverTest):
@@ -146,6 +159,21 @@ class HardToObserve(ObserverTest):
         self.assertEqual(self.check("-n=dropped", "-t=n=LINES", OBSERVED, program=str(copy)), (0, "", message))
         shutil.copy(OBSERVER, self.folder.parent)
         self.assertEqual(self.check("-n=dropped", "-t=n=LINES", OBSERVED, program=str(copy)), (1, DROPPED, ""))
+
+    def test_relative_temporary_folder(self):
+        self.environment["TMPDIR"] = "."
+        self.assertEqual(self.check_tool("dropped", "-t=n=LINES"), (1, DROPPED, ""))
+
+    def test_address_sanitizer(self):
+        script = self.folder.parent / "dropped"
+        for before, expected in ("color=never", "color=never:verify_asan_link_order=0"), (None, "verify_asan_link_order=0"):
+            self.environment.pop("ASAN_OPTIONS", None)
+            if before:
+                self.environment["ASAN_OPTIONS"] = before
+            script.write_text(f'#!/bin/bash\ntest "$ASAN_OPTIONS" = {expected} || unset LD_PRELOAD\n'
+                              f'exec -a dropped "{OBSERVED}" "$@"\n', encoding="utf-8")
+            script.chmod(0o755)
+            self.assertEqual(self.check("-t=n=LINES", str(script)), (1, DROPPED, ""))
 
     def test_script(self):
         script = self.folder.parent / "dropped"

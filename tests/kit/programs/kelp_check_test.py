@@ -15,7 +15,7 @@ import programs
 
 KELP_CHECK, KELP_DOC, HOSTILE, DEFINED, *EXAMPLES = sys.argv[1:]
 NOT_A_SCREEN = ": no help screen: "
-BLIND = re.compile(r"kelp-check: [^\n]*: only the help screen is checked; (the tool cannot be observed|there is no kelp_observer.so|"
+BLIND = re.compile(r"kelp-check: [^\n]*: only the help screen is checked; (the tool cannot be observed: [^\n]*|there is no kelp_observer.so|"
                    r"Windows has no way to observe it)\n")
 
 # Names of the hostile tool, and the message.
@@ -64,8 +64,15 @@ CHANGES = [
     ("[-n=LINES]", "[-x]", ["warning usage-names -x"]),
     ("-n=3 a.txt", "a.txt", []),
     ("-n=3 a.txt b.txt", "a.txt", []),
-    ("-n=3 a.txt b.txt", "-n=3", ["error example-refused FILE"]),
-    ("-n=3", "-n 3", ["error example-refused -n"]),
+    ("-n=3 a.txt b.txt", "-n=3", ["warning example-refused FILE"]),
+    ("-n=3", "-n 3", ["warning example-refused -n"]),
+    ("[-n=LINES]", "[-n LINES]", ["warning usage-names -n"]),
+    ("[-n=LINES]", "[-n]", ["warning usage-names -n"]),
+    ("[-n=LINES]", "[-n[=LINES]] [--]", []),
+    ("[-o=FILE]", "[-o]", ["warning usage-names -o"]),
+    ("-n=3 a.txt", "-o a.txt", ["warning example-refused -o"]),
+    ("FILE [OTHER...]", "FILE  or  -o=FILE OTHER...", []),
+    ("-n=LINES] [-o=FILE] FILE [OTHER...]$", "-n=LINES] FILE | -o=FILE OTHER...$", []),
     ("[OTHER...]", "[OTHER]", []),
     ("a.txt b.txt", "a.txt b.txt c.txt", []),
     ("[-n=LINES] ", "", []),  # the example shows the value
@@ -193,6 +200,15 @@ class CommandLines(KelpCheckTest):
         ]:
             with self.subTest(arguments=arguments):
                 self.assertEqual(self.check(*arguments), (2, "", "kelp-check: " + message + " (see kelp-check --help)\n"))
+
+    def test_arguments(self):
+        for arguments in ("a;b", "a|b", "a &", "<a", "2>a", "#1 x", "a #", ";", "word;", "'a", '"a', "a '", "\"a\\\"", "a\\"):
+            self.assertEqual(self.check("-a=" + arguments, "none"),
+                             (2, "", f"kelp-check: -a={arguments}: quote each of ; | & < > # and close each quote "
+                                     "(see kelp-check --help)\n"))
+        for arguments in ("", " ", "a#b", "';' \"|\" \\&", "'<>'\\#", "a '' ", "\"it's\"", "\\\\"):
+            self.assertEqual(self.check("-a=" + arguments, "none"),
+                             (1, "", "kelp-check: cannot run none: No such file or directory\n"))
 
     def test_start(self):
         self.assertEqual(self.check("none"), (1, "", "kelp-check: cannot run none: No such file or directory\n"))

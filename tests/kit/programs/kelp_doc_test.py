@@ -27,6 +27,9 @@ INSTALLED = ["share/bash-completion/completions/plain", "share/doc/plain/plain.j
 REFUSED = [
     ("silent", NOT_A_SCREEN + "line 1: expected an empty line"),
     ("status", " ended with exit status 3"),
+    ("flood", " ended with exit status 3: the end"),
+    ("reason", r" ended with exit status 3: last \x1b[0m\xff"),
+    ("long-reason", " ended with exit status 3: " + 1000 * "x"),
     ("twice", NOT_A_SCREEN + "line 17: expected the end of the help screen"),
     ("before", NOT_A_SCREEN + "line 1: expected an empty line"),
     ("after", NOT_A_SCREEN + "line 17: expected the end of the help screen"),
@@ -406,6 +409,11 @@ class ManPages(KelpDocTest):
 
 
 class SavedScreens(KelpDocTest):
+    @native_only
+    def test_pipe(self):
+        os.mkfifo(self.folder / "pipe")
+        self.assertEqual(self.doc("-s", "pipe"), (1, "", "kelp-doc: pipe is not a regular file\n"))
+
     def test_saved(self):
         expected = self.document("-n=plain", HOSTILE)
         visible = self.document("-n=plain", "-f=screen", HOSTILE)

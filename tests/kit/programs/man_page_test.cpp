@@ -8,7 +8,7 @@ namespace {
 
 using Kelpkit::programs::DescribedTool;
 using Kelpkit::programs::manPage;
-using Kelpkit::programs::Takes;
+using Kelpkit::Takes;
 
 constexpr const char* date = "November 22, 2026";
 

@@ -47,6 +47,17 @@ TEST(Observation, ReadsAReport) {
     EXPECT_TRUE(read.queries[1].isValue);
 }
 
+TEST(Observation, AsksForOptions) {
+    const std::string tool = event({"tool", "1", "full", "own"}) + event({"option", "1", "-n", "--number", "how many"});
+    EXPECT_FALSE(asksForOptions(readReport("")));
+    EXPECT_FALSE(asksForOptions(readReport(tool)));
+    for (const std::string& asking :
+         {event({"late", "1", "-q", "--quick", "fast"}), event({"asks", "1", "-n"}), event({"verbose", "1"}),
+          event({"output", "1"}), event({"token", "-n", ""}), event({"value", "-n", ""})}) {
+        EXPECT_TRUE(asksForOptions(readReport(tool + asking + tool))) << asking;
+    }
+}
+
 TEST(Observation, TheLastToolOfTheScreen) {
     const Observation read = readReport(report + event({"tool", "2", "short", "own"}) + report);
     HelpScreen screen;

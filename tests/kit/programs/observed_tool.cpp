@@ -149,6 +149,26 @@ int playVainQueries(int argc, char** argv) {
     return play(argc, argv, {}, {"", {}, use});
 }
 
+/// Asks a reader of another command line, then in vain one of the own line at the same address.
+int playOtherLine(int argc, char** argv) {
+    const auto use = [](int count, char** words) {
+        Kelp::OptionReader reader(count, words);
+        std::string value;
+        int number = 0;
+        reader.getValue(count == 2 ? "-a" : "-z", "--zone", number, 0);
+        reader.getValue(std::string(count == 2 ? "-b" : "-y"), std::string(), value, 0);
+        reader.getValue(count == 2 ? "-c" : "-x", nullptr, value, 0);
+        reader.hasOption(count == 2 ? "-d" : "-w", "", 0);
+        reader.hasOption(Kelp::Option(count == 2 ? "-e" : "-u", "", "", false), 0);
+    };
+    std::string words[] = {"-z=1", "-y", "-x"};
+    char* line[] = {words[0].data(), words[1].data(), words[2].data()};
+    const int status = playPlain(argc, argv);
+    use(3, line);
+    use(argc, argv);
+    return status;
+}
+
 /// The other constructors, with the options that they take.
 int playShort(int argc, char** argv) {
     const std::string name = argv[0];
@@ -190,9 +210,9 @@ int playTwoSteps(int argc, char** argv) {
 }
 
 const std::map<std::string, int (*)(int, char**)> behaviours{
-    {"plain", playPlain},      {"dropped", playDropped}, {"version", playVersion}, {"queries", playQueries},
-    {"vain", playVainQueries}, {"short0", playShort},    {"short1", playShort},    {"short2", playShort},
-    {"short3", playShort},     {"derived", playDerived}, {"steps", playTwoSteps}};
+    {"plain", playPlain},     {"other-line", playOtherLine}, {"dropped", playDropped}, {"version", playVersion},
+    {"queries", playQueries}, {"vain", playVainQueries},     {"short0", playShort},    {"short1", playShort},
+    {"short2", playShort},    {"short3", playShort},         {"derived", playDerived}, {"steps", playTwoSteps}};
 
 const char* const reportVariable = "KELPLIB_OBSERVER_REPORT";
 

@@ -16,7 +16,7 @@ namespace {
 
 using Kelpkit::programs::DescribedTool;
 using Kelpkit::programs::manPage;
-using Kelpkit::programs::Takes;
+using Kelpkit::Takes;
 namespace fs = std::filesystem;
 
 constexpr const char* date = "November 22, 2026";

@@ -15,7 +15,7 @@
 namespace {
 
 using Kelpkit::programs::DescribedTool;
-using Kelpkit::programs::Takes;
+using Kelpkit::Takes;
 namespace fs = std::filesystem;
 
 DescribedTool firstlines() {

@@ -1,11 +1,12 @@
-#ifndef KELPKIT_PROGRAMS_USAGE_LINE_H
-#define KELPKIT_PROGRAMS_USAGE_LINE_H
+#ifndef KELPKIT_USAGE_LINE_H
+#define KELPKIT_USAGE_LINE_H
 
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
-namespace Kelpkit::programs {
+namespace Kelpkit {
 
 /// What an option takes after its "=".
 enum class Takes {
@@ -29,18 +30,23 @@ struct Value {
 Value valueOf(const std::string& text);
 
 struct UsageLine {
+    struct Option {
+        std::string form;
+        Value value;  ///< of Takes::unknown for "-n LINES", which means a value in other programs
+    };
     struct Argument {
         bool repeated = false;
-        bool optional = true;
+        bool optional = true;  ///< also if it is one of several alternatives
     };
 
-    std::map<std::string, Value> options;       ///< by their forms in lower case
+    std::vector<Option> options;                ///< every mention
     std::map<std::string, Argument> arguments;  ///< all words that are not options, by their names
 };
 
-/// Reads a usage line: "[-n=LINES] [-m=fast|exact] [-f] FIRST [OTHER...]". The first mention of an option counts.
-UsageLine readUsage(const std::string& usage);
+/// Reads a usage line: "[-n=LINES] [-m=fast|exact] [-f] FIRST [OTHER...] or -l".
+/// \param arguments  the names of the tool's arguments: after a bare option, another name in upper case or angles is its value
+UsageLine readUsage(const std::string& usage, const std::set<std::string>& arguments);
 
-}  // namespace Kelpkit::programs
+}  // namespace Kelpkit
 
 #endif
