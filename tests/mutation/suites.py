@@ -12,7 +12,7 @@ import subprocess
 import tempfile
 import time
 
-GOOGLE_TESTS = ("unit", "kit", "kit_new_file", "kit_progress", "kit_report")
+GOOGLE_TESTS = ("unit", "kit", "kit_new_file", "kit_progress", "kit_report", "kit_programs")
 QUICK_SECONDS = 0.05
 MEMORY_BYTES = 2 << 30
 FILE_BYTES = 64 << 20

@@ -144,10 +144,12 @@ class HostileTools(KelpDocTest):
 
     @native_only
     def test_no_temporary_folder(self):
-        for folder, reason in ("none", "No such file or directory"), ("script", "Not a directory"):
+        for folder in "none", "script":
             script = self.script("exit 3")
             self.environment["TMPDIR"] = str(self.folder / "tmp" / folder)
-            self.assertEqual(self.doc(script), (1, "", f"kelp-doc: cannot use the folder for temporary files: {reason}\n"))
+            # The standard library decides which.
+            self.assertIn(self.doc(script), [(1, "", f"kelp-doc: cannot use the folder for temporary files: {reason}\n")
+                                             for reason in ("No such file or directory", "Not a directory")])
 
     @native_only
     def test_ignored_end_of_children(self):
@@ -331,8 +333,10 @@ class Output(KelpDocTest):
         blocked = self.folder / "out/share/zsh/site-functions"
         blocked.parent.mkdir(parents=True)
         blocked.write_bytes(b"old")
-        self.assertEqual(self.doc("-a", "-o=out", "-n=plain", HOSTILE),
-                         (1, "", "kelp-doc: cannot create out/share/zsh/site-functions: Not a directory\n"))
+        # The standard library decides which.
+        self.assertIn(self.doc("-a", "-o=out", "-n=plain", HOSTILE),
+                      [(1, "", f"kelp-doc: cannot create out/share/zsh/site-functions: {reason}\n")
+                       for reason in ("Not a directory", "File exists")])
         self.assertEqual([name for name in self.files() if (self.folder / name).is_file()],
                          ["file", "out/share/zsh/site-functions"])
         self.assertEqual(blocked.read_bytes(), b"old")
