@@ -30,7 +30,7 @@ struct HelpScreen {
     std::string example;  ///< the text after the name and a blank
 };
 
-/// A text that is no help screen of the library.
+/// Thrown for a text that is not a help screen of the library.
 class ScreenError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
@@ -53,7 +53,7 @@ std::string visibleScreen(const HelpScreen& screen);
 /// Returns whether a text begins like a visible form, as no help screen does.
 bool isVisibleForm(std::string_view text);
 /// Returns the text with the visible form `text`. Its line ends are LF or CRLF.
-/// \throws ScreenError  "line 7: expected $ at the end" for a text that is none
+/// \throws ScreenError  "line 7: expected $ at the end" for a text that is not a visible form
 std::string textOfVisibleForm(std::string_view text);
 /// @}
 

@@ -70,8 +70,8 @@ std::string options(const DescribedTool& tool) {
 
 /// Without the kit, a refused command line ends with status 0.
 std::string exitStatus() {
-    return std::string(listBegin) + ".It 0\nThe work is done, or only help or a message was printed.\n" +
-           ".It >0\nThe work failed or did not begin.\n" + listEnd;
+    return std::string(listBegin) + ".It 0\nSuccess.\nHelp or a rejected command line may also end with 0.\n" +
+           ".It >0\nAn error occurred.\n" + listEnd;
 }
 
 std::string examples(const DescribedTool& tool) {

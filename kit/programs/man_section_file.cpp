@@ -29,7 +29,7 @@ std::string readManSections(const std::string& file) {
     try {
         return checkedManSections(bytes);
     } catch (const ScreenError& error) {
-        throw std::runtime_error(file + ": no sections of a man page: " + error.what());
+        throw std::runtime_error(file + ": not man page sections: " + error.what());
     }
 }
 

@@ -24,8 +24,8 @@ void insertManSections(std::vector<ManSection>& page, const std::string& section
 std::string checkedManSections(const std::string& bytes);
 
 /// Reads sections for insertManSections from a file.
-/// \throws std::runtime_error  "notes.mdoc: no sections of a man page: line 7: expected ..." for a text that is none; for more
-///                             than 1,000,000 bytes; if the file cannot be read
+/// \throws std::runtime_error  "notes.mdoc: not man page sections: line 7: expected ..."; for more than 1,000,000 bytes; if the
+///                             file cannot be read
 std::string readManSections(const std::string& file);
 
 }  // namespace Kelpkit::programs

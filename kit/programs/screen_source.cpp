@@ -85,7 +85,7 @@ HelpScreen readScreen(const std::string& source, bool isSaved, const std::option
     try {
         return isSaved ? readSavedScreen(source, name) : askTool(source, name ? *name : plainName(source));
     } catch (const ScreenError& error) {
-        throw std::runtime_error(source + ": no help screen: " + error.what());
+        throw std::runtime_error(source + ": not a kelplib help screen: " + error.what());
     }
 }
 

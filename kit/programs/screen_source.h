@@ -12,7 +12,7 @@ namespace Kelpkit::programs {
 /// \param source   the program, which is run, or the file of a saved screen, as its bytes or in the visible form
 /// \param isSaved  whether it is a saved screen
 /// \param name     the name of the tool; by default that of the program's file without ".exe", or that in the saved screen
-/// \throws std::runtime_error  "bin/tool: no help screen: line 7: expected ...", and what readHelp() throws
+/// \throws std::runtime_error  "bin/tool: not a kelplib help screen: line 7: expected ...", and what readHelp() throws
 HelpScreen readScreen(const std::string& source, bool isSaved, const std::optional<std::string>& name);
 
 }  // namespace Kelpkit::programs

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <sstream>
 #include <stdexcept>
 
 #include "empty_folder.h"
@@ -19,20 +20,24 @@ using Clock = std::chrono::steady_clock;
 /// Counts the time down.
 class Deadline {
 public:
-    Deadline(const std::string& program, std::chrono::milliseconds time) : program(program), end(Clock::now() + time) {}
+    Deadline(const std::string& program, std::chrono::milliseconds time)
+        : program(program), time(time), end(Clock::now() + time) {}
 
     /// Returns the time that is left. Throws if there is none, or if a signal asked this process to end.
     std::chrono::milliseconds left() const {
         checkInterruption();
         const auto rest = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
         if (rest.count() <= 0) {
-            throw std::runtime_error(program + " does not end within its time");
+            std::ostringstream seconds;
+            seconds << std::chrono::duration<double>(time).count();
+            throw std::runtime_error(program + " did not finish within " + seconds.str() + " seconds");
         }
         return rest;
     }
 
 private:
     const std::string& program;
+    std::chrono::milliseconds time;
     Clock::time_point end;
 };
 

@@ -14,7 +14,7 @@ import unittest
 import programs
 
 KELP_CHECK, KELP_DOC, HOSTILE, DEFINED, *EXAMPLES = sys.argv[1:]
-NOT_A_SCREEN = ": no help screen: "
+NOT_A_SCREEN = ": not a kelplib help screen: "
 BLIND = re.compile(r"kelp-check: [^\n]*: only the help screen is checked; (the tool cannot be observed: [^\n]*|there is no kelp_observer.so|"
                    r"Windows has no way to observe it)\n")
 
@@ -140,7 +140,7 @@ class SavedScreens(KelpCheckTest):
 
     def test_refused(self):
         self.assertEqual(self.check_screen("Usage: tool\n"),
-                         (1, "", "kelp-check: saved: no help screen: line 1: expected an empty line\n"))
+                         (1, "", "kelp-check: saved: not a kelplib help screen: line 1: expected an empty line\n"))
         self.assertEqual(self.check("-r", "none"), (1, "", "kelp-check: cannot read none: No such file or directory\n"))
 
 
@@ -182,7 +182,7 @@ class Tools(KelpCheckTest):
                 status, output, errors = self.check("-s", *([] if hints == "-t=" else [hints]), program)
                 if pathlib.Path(program).stem == "slice":  # has a help text of its own
                     self.assertEqual((status, output, errors),
-                                     (1, "", f"kelp-check: {program}: no help screen: line 1: expected an empty line\n"))
+                                     (1, "", f"kelp-check: {program}: not a kelplib help screen: line 1: expected an empty line\n"))
                     continue
                 self.assertTrue(errors == "" or BLIND.fullmatch(errors), errors)
                 self.assertEqual(status, 0)

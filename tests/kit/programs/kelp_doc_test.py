@@ -17,7 +17,7 @@ import unittest
 import programs
 
 KELP_DOC, HOSTILE, DEFINED = sys.argv[1:4]
-NOT_A_SCREEN = ": no help screen: "
+NOT_A_SCREEN = ": not a kelplib help screen: "
 native_only = unittest.skipIf(programs.ON_WINDOWS, "a shell script is no program on Windows")
 
 # Names of the hostile tool, and the message. The exit status is 1.
@@ -210,7 +210,7 @@ class HostileTools(KelpDocTest):
         for run, tool in zip(runs, [HOSTILE, script]):
             output, errors = run.communicate(timeout=60)
             self.assertEqual((run.returncode, output, errors.decode()),
-                             (1, b"", f"kelp-doc: {tool} does not end within its time\n"))
+                             (1, b"", f"kelp-doc: {tool} did not finish within 10 seconds\n"))
         self.assertGreaterEqual(time.monotonic() - started, 10)
         self.check_ended(int(identity.read_text()))
         identity.unlink()
@@ -397,7 +397,7 @@ class ManPages(KelpDocTest):
                                  (b".Sh BUGS\n\0", "line 2: expected printable characters in UTF-8")]:
             sections.write_bytes(content)
             self.assertEqual(self.doc("-f=man", "-i=sections", "-o=out", "-n=plain", HOSTILE),
-                             (1, "", f"kelp-doc: sections: no sections of a man page: {message}\n"))
+                             (1, "", f"kelp-doc: sections: not man page sections: {message}\n"))
             self.assertEqual(self.files(), ["sections"])
 
     def test_included_as_output(self):

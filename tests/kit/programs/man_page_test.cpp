@@ -92,9 +92,10 @@ how wide
 .Sh EXIT STATUS
 .Bl -tag -width Ds
 .It 0
-The work is done, or only help or a message was printed.
+Success.
+Help or a rejected command line may also end with 0.
 .It >0
-The work failed or did not begin.
+An error occurred.
 .El
 .Sh EXAMPLES
 .Bd -literal -offset indent
@@ -151,9 +152,10 @@ text
 .Sh EXIT STATUS
 .Bl -tag -width Ds
 .It 0
-The work is done, or only help or a message was printed.
+Success.
+Help or a rejected command line may also end with 0.
 .It >0
-The work failed or did not begin.
+An error occurred.
 .El
 .Sh EXAMPLES
 .Bd -literal -offset indent
@@ -181,9 +183,10 @@ is anywhere on the command line, the tool prints its help and does nothing else.
 .Sh EXIT STATUS
 .Bl -tag -width Ds
 .It 0
-The work is done, or only help or a message was printed.
+Success.
+Help or a rejected command line may also end with 0.
 .It >0
-The work failed or did not begin.
+An error occurred.
 .El
 )");
 }

@@ -108,7 +108,7 @@ TEST_F(ManSectionsFile, Read) {
 }
 
 TEST_F(ManSectionsFile, Refused) {
-    const std::string what = ": no sections of a man page: ";
+    const std::string what = ": not man page sections: ";
     EXPECT_EQ(readBack(""), what + "line 1: expected \".Sh\" and a title");
     EXPECT_EQ(readBack("\n\n"), what + "line 3: expected \".Sh\" and a title");
     EXPECT_EQ(readBack("\n.Dd x\n.Sh A\n"), what + "line 2: expected \".Sh\" and a title");

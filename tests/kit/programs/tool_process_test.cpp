@@ -28,7 +28,7 @@ TEST(ToolProcess, ToolsThatDoNotEnd) {
     const RunLimits limits{std::chrono::milliseconds(400), 1'000'000};
     for (const char* name : {"sleeping", "late"}) {
         const Clock::time_point start = Clock::now();
-        EXPECT_EQ(refusal(name, limits), "does not end within its time") << name;
+        EXPECT_EQ(refusal(name, limits), "did not finish within 0.4 seconds") << name;
         EXPECT_GE(Clock::now() - start, limits.time) << name;
         EXPECT_LT(Clock::now() - start, std::chrono::minutes(1)) << name;
     }
