@@ -19,9 +19,9 @@ BUILD, CXX_COMPILER, CXX_FLAGS = sys.argv[1:]
 CXX_FLAGS = CXX_FLAGS.removeprefix("--flags=")
 del sys.argv[1:]
 
-TOOL = "word-count"
+TOOL = "line-count"
 # A second tool of the project. Shells could take the names of their functions for the same.
-OTHER = "word_count"
+OTHER = "line_count"
 PROGRAMS = [f"bin/{TOOL}", f"bin/{OTHER}"]
 
 
@@ -65,9 +65,14 @@ class Template(InOneFolder):
         cls.project = odd / TOOL
         cls.environment = {"HOME": str(cls.home), "CXX": CXX_COMPILER, "CXXFLAGS": CXX_FLAGS, "CMAKE_GENERATOR": "Ninja",
                            "CMAKE_PREFIX_PATH": str(prefix), "SOURCE_DATE_EPOCH": "1700000000"}
-        blocks = re.findall(r"^```sh\n(.*?)^```$", (odd / "examples/template/README.md").read_text(encoding="utf-8"), re.M | re.S)
-        cls.printed = cls.output("sh", "-ec", "cd \"$0\"\n" + "".join(blocks), odd)
+        cls.output("sh", "-ec", "cd \"$0\"\n" + cls.commands(odd / "examples" / "template")[0], odd)
+        cls.printed = cls.output("sh", "-ec", "cd \"$0\"\n" + "".join(cls.commands(cls.project)), cls.project)
         cls.build = cls.project / "build"
+
+    @staticmethod
+    def commands(project):
+        """Returns the blocks of commands in the README of a project."""
+        return re.findall(r"^```sh\n(.*?)^```$", (project / "README.md").read_text(encoding="utf-8"), re.M | re.S)
 
     @staticmethod
     def add_other_tool(project):
@@ -101,7 +106,10 @@ class Template(InOneFolder):
     def test_readme(self):
         self.assertIn("100% tests passed", self.printed)
         self.assertIn(f"Test #1: {TOOL}-", self.printed)
-        self.assertIn("\n4\t```sh\n", self.printed)
+        # The README of the copy does not describe how to copy it.
+        self.assertIn("\n3\t```sh\n", self.printed)
+        self.assertEqual(re.findall("^#+ .*", (self.project / "README.md").read_text(encoding="utf-8"), re.M),
+                         [f"# {TOOL}", "## Build and install"])
         self.assertEqual((self.project / f"{TOOL}.screen").read_text(encoding="utf-8"),
                          (ROOT / "examples/template/tally.screen").read_text(encoding="utf-8").replace("tally", TOOL))
         self.assertNotIn("tally", "".join(path.read_text(encoding="utf-8") for path in self.project.iterdir() if path.is_file()))
