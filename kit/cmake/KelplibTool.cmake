@@ -1,22 +1,24 @@
 # Builds console tools with the kit. Available after find_package(kelplib COMPONENTS kit), and after add_subdirectory or
 # FetchContent_MakeAvailable with KELPLIB_BUILD_KIT=ON.
 #
-#     kelplib_add_tool(NAME SOURCES... [VERSION VERSION] [TAKES HINT...] [SCREEN FILE] [MAN_SECTIONS FILE] [COMPONENT COMPONENT])
+#     kelplib_add_tool(NAME SOURCES... [VERSION VERSION] [OUTPUT_NAME COMMAND] [TAKES HINT...] [SCREEN FILE] [MAN_SECTIONS FILE]
+#                      [COMPONENT COMPONENT] [ALLOW_WARNINGS])
 #
-# Adds the executable NAME, links it with kelplib::kit, and calls the functions below. VERSION is the macro TOOL_VERSION in the
-# sources, a text, and the version of the file on Windows.
+# Adds the executable NAME, links it with kelplib::kit, and calls the functions below. VERSION, numbers with dots, is the macro
+# TOOL_VERSION in the sources, a text, and the version of the file on Windows.
 #
 #     kelplib_add_windows_parts(TARGET ...)        see KelplibWindowsParts.cmake
 #     kelplib_copy_libraries(TARGET)
 #     kelplib_add_documents(TARGET [TAKES HINT...] [SCREEN FILE] [MAN_SECTIONS FILE])
-#     kelplib_add_tool_tests(TARGET [TAKES HINT...] [SCREEN FILE])
+#     kelplib_add_tool_tests(TARGET [TAKES HINT...] [SCREEN FILE] [ALLOW_WARNINGS])
 #     kelplib_install_tool(TARGET [COMPONENT COMPONENT] [EXCLUDE_FROM_ALL])
 #     kelplib_install_documents(TARGET [COMPONENT COMPONENT] [EXCLUDE_FROM_ALL])
 #
-# Call them for an executable of the current folder, in this order. Its name as a command is its OUTPUT_NAME or TARGET.
+# Call them for an executable of the current folder, in this order. Its name as a command is its OUTPUT_NAME, which is set before, or
+# TARGET.
 #
 # TAKES says what options take, where the help screen does not: n=LINES o=FILE:file d=DIR:folder "m=fast|exact" l
-# (see kelp-doc --help). MAN_SECTIONS is a file with further sections of the man page, in mdoc.
+# (see kelp-doc --help). A hint cannot contain a comma. MAN_SECTIONS is a file with further sections of the man page, in mdoc.
 # SCREEN is the tool's help screen in the visible form of kelp-doc, kept with the sources. A test compares it with what the tool
 # prints, and the target TARGET-screen writes it. Without a tool that runs here it is the source of the documents.
 #
@@ -25,18 +27,28 @@
 include_guard(GLOBAL)
 
 function(kelplib_add_tool name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "VERSION;SCREEN;MAN_SECTIONS;COMPONENT" "TAKES")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "ALLOW_WARNINGS" "VERSION;OUTPUT_NAME;SCREEN;MAN_SECTIONS;COMPONENT" "TAKES")
+    if("VERSION" IN_LIST ARGN AND NOT "${arg_VERSION}" MATCHES "^[0-9]+([.][0-9]+)*$")
+        message(FATAL_ERROR "kelplib_add_tool(${name}): VERSION \"${arg_VERSION}\": expected numbers with dots, as in 1.2.0")
+    endif()
     add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
     target_link_libraries(${name} PRIVATE kelplib::kit)
+    if(arg_OUTPUT_NAME)
+        set_target_properties(${name} PROPERTIES OUTPUT_NAME ${arg_OUTPUT_NAME})
+    endif()
     set(version)
-    if(arg_VERSION)
+    if(DEFINED arg_VERSION)
         target_compile_definitions(${name} PRIVATE "TOOL_VERSION=\"${arg_VERSION}\"")
         set(version VERSION ${arg_VERSION})
     endif()
     kelplib_add_windows_parts(${name} ${version})
     kelplib_copy_libraries(${name})
     kelplib_add_documents(${name} TAKES ${arg_TAKES} SCREEN ${arg_SCREEN} MAN_SECTIONS ${arg_MAN_SECTIONS})
-    kelplib_add_tool_tests(${name} TAKES ${arg_TAKES} SCREEN ${arg_SCREEN})
+    set(warnings)
+    if(arg_ALLOW_WARNINGS)
+        set(warnings ALLOW_WARNINGS)
+    endif()
+    kelplib_add_tool_tests(${name} TAKES ${arg_TAKES} SCREEN ${arg_SCREEN} ${warnings})
     kelplib_install_tool(${name} COMPONENT ${arg_COMPONENT})
 endfunction()
 
@@ -68,7 +80,7 @@ function(kelplib_add_documents target)
     set(needed ${target})
     set(screen_target ${saved})
     if(NOT kelp_doc)
-        message(STATUS "Without documents about ${name}, which need kelp-doc (KELPLIB_KELP_DOC)")
+        message(STATUS "No documents for ${name}: kelp-doc not found; set KELPLIB_KELP_DOC")
         return()
     elseif(NOT CMAKE_CROSSCOMPILING)
         set(commands COMMAND ${write_screen} $<TARGET_FILE:${target}>)
@@ -81,7 +93,7 @@ function(kelplib_add_documents target)
         set(screen_target)
         set(commands COMMAND ${write_screen} -s ${saved})
     else()
-        message(STATUS "Without documents about ${name}, which need CMAKE_CROSSCOMPILING_EMULATOR or a saved SCREEN")
+        message(STATUS "No documents for ${name}: it cannot run here; set CMAKE_CROSSCOMPILING_EMULATOR or pass SCREEN")
         return()
     endif()
 
@@ -119,10 +131,10 @@ function(kelplib_add_documents target)
     endif()
 endfunction()
 
-# kelplib_add_tool_tests(TARGET ...): adds the test TARGET-definition, which runs kelp-check, and with SCREEN the test
-# TARGET-screen. Does nothing if BUILD_TESTING is off. As for all tests, the project calls enable_testing() in its top folder.
+# kelplib_add_tool_tests(TARGET ...): adds the test TARGET-definition, which runs kelp-check and fails for errors and, unless
+# ALLOW_WARNINGS is given, for warnings; with SCREEN also the test TARGET-screen. Does nothing if BUILD_TESTING is off. As for all tests, the project calls enable_testing() in its top folder.
 function(kelplib_add_tool_tests target)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "SCREEN" "TAKES")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "ALLOW_WARNINGS" "SCREEN" "TAKES")
     _kelplib_refuse_others(kelplib_add_tool_tests)
     if(DEFINED BUILD_TESTING AND NOT BUILD_TESTING)
         return()
@@ -133,6 +145,10 @@ function(kelplib_add_tool_tests target)
     if(TARGET kelplib::kelp-check AND (NOT CMAKE_CROSSCOMPILING OR (WIN32 AND emulator)))
         list(JOIN arg_TAKES "," hints)
         set(options -n=${name})
+        if(NOT arg_ALLOW_WARNINGS)
+            # ctest does not show what a test prints that passes.
+            list(APPEND options -s)
+        endif()
         if(hints)
             list(APPEND options -t=${hints})
         endif()
@@ -216,13 +232,29 @@ function(_kelplib_list_documents name variable)
         PARENT_SCOPE)
 endfunction()
 
-# _kelplib_name_of(TARGET VARIABLE): sets the variable to the tool's name as a command.
+# _kelplib_name_of(TARGET VARIABLE): sets the variable to the tool's name as a command, which may not change any more.
 function(_kelplib_name_of target variable)
     get_target_property(name ${target} OUTPUT_NAME)
     if(NOT name)
         set(name ${target})
     endif()
     set(${variable} ${name} PARENT_SCOPE)
+    get_target_property(used_name ${target} KELPLIB_COMMAND)
+    if(NOT used_name)
+        set_target_properties(${target} PROPERTIES KELPLIB_COMMAND ${name})
+        # The arguments of a deferred call are evaluated in the folder, which does not know the variables of this function.
+        cmake_language(EVAL CODE "cmake_language(DEFER CALL _kelplib_check_name [[${target}]])")
+    endif()
+endfunction()
+
+# _kelplib_check_name(TARGET): fails if the tool's name as a command is not the one that its documents and tests have.
+function(_kelplib_check_name target)
+    get_target_property(used_name ${target} KELPLIB_COMMAND)
+    _kelplib_name_of(${target} name)
+    if(NOT name STREQUAL used_name)
+        message(FATAL_ERROR "${target}: OUTPUT_NAME ${name} is set too late, the documents have the name ${used_name}; pass "
+            "OUTPUT_NAME to kelplib_add_tool, or set it before the first of its pieces")
+    endif()
 endfunction()
 
 # _kelplib_refuse_others(FUNCTION): fails if the function got an argument that it does not know.

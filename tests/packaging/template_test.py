@@ -168,7 +168,7 @@ class Template(InOneFolder):
         folder, staged = self.folder / "cross", self.folder / "cross staged"
         expected = self.contents(self.build / "documents")
         printed = self.configured(folder, "-DCMAKE_SYSTEM_NAME=Linux", "-DKELPLIB_KELP_DOC=")
-        self.assertIn(f"-- Without documents about {TOOL}, which need kelp-doc (KELPLIB_KELP_DOC)", printed)
+        self.assertIn(f"-- No documents for {TOOL}: kelp-doc not found; set KELPLIB_KELP_DOC\n", printed)
         self.built(folder)
         self.output("cmake", "--install", folder, "--prefix", staged)
         self.assertEqual(files(staged), PROGRAMS)
@@ -191,8 +191,57 @@ class Template(InOneFolder):
         self.addCleanup(cmake.write_text, text, encoding="utf-8")
         cmake.write_text(text.replace(f" SCREEN {TOOL}.screen", ""), encoding="utf-8")
         printed = self.configured(folder, f"-DKELPLIB_KELP_DOC={self.prefix}/bin/kelp-doc", "-DCMAKE_CROSSCOMPILING_EMULATOR=")
-        self.assertIn(f"-- Without documents about {TOOL}, which need CMAKE_CROSSCOMPILING_EMULATOR or a saved SCREEN", printed)
+        self.assertIn(f"-- No documents for {TOOL}: it cannot run here; set CMAKE_CROSSCOMPILING_EMULATOR or pass SCREEN\n", printed)
         self.built(folder)
+
+    def copied(self, name, old, new, file="CMakeLists.txt"):
+        """Copies the project and changes a text in one of its files. Returns the copy."""
+        project = self.folder / name
+        shutil.copytree(self.project, project, ignore=shutil.ignore_patterns("build"))
+        text = (project / file).read_text(encoding="utf-8")
+        self.assertIn(old, text)
+        (project / file).write_text(text.replace(old, new), encoding="utf-8")
+        return project
+
+    def check_configuration(self, project, problem):
+        self.assertIn(problem, refusal("cmake", "-S", project, "-B", project / "build", **self.environment))
+
+    def test_warnings(self):
+        """A warning of kelp-check is a failure that can be allowed."""
+        project = self.copied("warned", '"the text"', '""', f"{TOOL}.cpp")
+        folder = project / "build"
+        self.output("cmake", "-S", project, "-B", folder)
+        self.built(folder)
+        test = ("ctest", "--test-dir", folder, "--output-on-failure", "-R", f"^{TOOL}-definition")
+        self.assertIn("warning empty-text FILE: ", refusal(*test, **self.environment))
+        cmake = project / "CMakeLists.txt"
+        text = cmake.read_text(encoding="utf-8")
+        cmake.write_text(text.replace(f"{TOOL}.screen)", f"{TOOL}.screen ALLOW_WARNINGS)"), encoding="utf-8")
+        self.output("cmake", folder)
+        self.assertIn("100% tests passed, 0 tests failed out of 1", self.output(*test))
+
+    def test_output_name(self):
+        project = self.copied("called", f"{TOOL}.screen)", f"{TOOL}.screen OUTPUT_NAME lines)")
+        folder = project / "build"
+        self.output("cmake", "-S", project, "-B", folder)
+        self.built(folder)
+        self.output("cmake", "--install", folder, "--prefix", project / "installed")
+        self.assertEqual(files(project / "installed"),
+                         sorted(["bin/lines", *documents("lines"), f"bin/{OTHER}", *documents(OTHER)]))
+        self.assertIn("complete -F _kelp_lines -- 'lines'\n", (project / "installed" / documents("lines")[0]).read_text(encoding="utf-8"))
+        # The documents of a name that changes afterwards would be those of another command.
+        project = self.copied("called late", f"{TOOL}.screen)", f"{TOOL}.screen)\nset_target_properties({TOOL} PROPERTIES "
+                              "OUTPUT_NAME lines)")
+        self.check_configuration(project, f"{TOOL}: OUTPUT_NAME lines is set too late, the documents have the name {TOOL}; pass "
+                                          "OUTPUT_NAME to kelplib_add_tool, or set it before the first of its pieces")
+
+    def test_versions(self):
+        for i, version in enumerate(("v1.2", "1.2.", "1.2-rc1", '""', "")):
+            with self.subTest(version):
+                project = self.copied(f"version {i}", "VERSION ${PROJECT_VERSION}", f"VERSION {version}")
+                shown = version.strip('"')
+                self.check_configuration(project, f'kelplib_add_tool({TOOL}): VERSION "{shown}": expected numbers with dots, as in '
+                                                  "1.2.0")
 
     def test_man(self):
         folder = self.home / ".local"
