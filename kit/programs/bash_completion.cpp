@@ -50,9 +50,12 @@ _ID_read() {
     done
 }
 
-# Offers a word without the part that readline does not replace.
+# Offers a word without the part that readline does not replace, and without a "=" that follows the cursor.
 _ID_offer() {
     local rest=${1#"$before"} each
+    if [[ ${COMP_LINE:COMP_POINT:1} == = ]]; then
+        rest=${rest%=}
+    fi
     case $quote in
         \') rest=${rest//\'/\'\\\'\'} ;;
         \")
@@ -185,9 +188,9 @@ std::string bashCompletion(const DescribedTool& tool) {
     const std::string identifier = identifierOf(tool.name);
     std::string script = named(functions, identifier) + valueBranches(tool, identifier);
     script += "                *) ;;\n            esac\n            ;;\n";
-    script += tool.arguments.empty() ? "        -* | '')\n" : "        -*)\n";
+    script += takesFiles(tool) ? "        -*)\n" : "        -* | '')\n";
     script += "            " + offerFlags(tool, identifier) + "\n            ;;\n";
-    script += tool.arguments.empty() ? "        *) ;;\n" : named("        *) _ID_offer_files ;;\n", identifier);
+    script += takesFiles(tool) ? named("        *) _ID_offer_files ;;\n", identifier) : "        *) ;;\n";
     script += "    esac\n}\n\n";
     return script + named("complete -F _ID -- ", identifier) + quotedForShell(tool.name) + '\n';
 }

@@ -84,28 +84,43 @@ void add(Values& values, const std::string& form, const Value& value) {
     }
 }
 
-/// Returns what the usage line and the example show.
-Values valuesIn(const UsageLine& usage, const std::string& example) {
+Values valuesIn(const UsageLine& usage) {
     Values values;
     for (const UsageLine::Option& option : usage.options) {
         add(values, option.form, option.value);
     }
-    for (const std::string& word : shellWords(example)) {
-        const std::size_t equals = word.find('=');
-        if (word.size() > 1 && word.front() == '-') {
-            const Takes takes = equals == std::string::npos ? Takes::nothing : Takes::text;
-            add(values, word.substr(0, equals), {takes, "", {}});
+    return values;
+}
+
+bool isNumber(const std::string& word) {
+    return !word.empty() && word[0] >= '0' && word[0] <= '9' &&
+           word.find_first_not_of("0123456789.") == std::string::npos;
+}
+
+/// Returns what an example shows. "-n 3" says nothing of -n.
+Values valuesIn(const std::string& example) {
+    Values values;
+    const std::vector<std::string> words = shellWords(example);
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        const std::size_t equals = words[i].find('=');
+        const bool isBare = equals == std::string::npos;
+        const bool isFlag = words[i].size() > 1 && words[i].front() == '-';
+        if (isFlag && !(isBare && i + 1 < words.size() && isNumber(words[i + 1]))) {
+            add(values, words[i].substr(0, equals), {isBare ? Takes::nothing : Takes::text, "", {}});
         }
     }
     return values;
 }
 
-const Value* find(const Values& values, const HelpScreen::Option& option) {
+/// Returns what some places say of an option, of which the first counts most.
+const Value* find(const std::vector<Values>& places, const HelpScreen::Option& option) {
     const Value* value = nullptr;
-    for (const std::string& form : {lowerCase(option.shortForm), lowerCase(option.longForm)}) {
-        const auto found = values.find(form);
-        if (found != values.end() && (value == nullptr || saysMore(found->second, *value))) {
-            value = &found->second;
+    for (const Values& values : places) {
+        for (const std::string& form : {lowerCase(option.shortForm), lowerCase(option.longForm)}) {
+            const auto found = values.find(form);
+            if (found != values.end() && (value == nullptr || saysMore(found->second, *value))) {
+                value = &found->second;
+            }
         }
     }
     return value;
@@ -139,8 +154,8 @@ Value asOutput(Value value) {
 }
 
 /// Returns what the screen and the library's rules say of an option.
-Value shownValue(const HelpScreen::Option& option, const Values& values) {
-    const Value* const shown = find(values, option);
+Value shownValue(const HelpScreen::Option& option, const std::vector<Values>& places) {
+    const Value* const shown = find(places, option);
     const bool isRuled = isOutput(option) && lowerCase(option.longForm).rfind("--out", 0) == 0;
     const bool isKnown =
         shown != nullptr && shown->takes != Takes::unknown && (shown->takes != Takes::nothing || !isRuled);
@@ -150,25 +165,29 @@ Value shownValue(const HelpScreen::Option& option, const Values& values) {
 
 }  // namespace
 
+bool isOfShortConstructor(const std::string& banner) {
+    return banner == "     Copyright (c) 2026 The kelplib authors, MIT licence";
+}
+
 Hint readHint(const std::string& text) {
     const bool hasValue = text.size() > 2 && text[1] == '=';
     const std::optional<Value> value = hasValue ? hintedValue(text.substr(2)) : Value{Takes::nothing, "", {}};
     if (text.empty() || !isLetter(text.front()) || (text.size() > 1 && !hasValue) || !value ||
         printable(text) != text) {
         throw std::runtime_error("\"" + text +
-                                 "\" is no hint; write l, n=LINES, o=FILE:file, d=DIR:folder or m=fast|exact");
+                                 "\" is not a hint; write l, n=LINES, o=FILE:file, d=DIR:folder or m=fast|exact");
     }
     return {text.front(), *value};
 }
 
 DescribedTool describe(const HelpScreen& screen, const std::vector<Hint>& hints) {
-    const Values hinted = valuesOf(screen, hints);
+    const std::vector<Values> hinted{valuesOf(screen, hints)};
     std::set<std::string> names;
     for (const HelpScreen::Argument& argument : screen.arguments) {
         names.insert(argument.name);
     }
     const UsageLine usage = readUsage(screen.usage, names);
-    const Values shown = valuesIn(usage, screen.example);
+    const std::vector<Values> shown{valuesIn(usage), valuesIn(screen.example)};
     DescribedTool tool{screen.name, screen.banner, screen.description, screen.usage, screen.example, {}, {}};
     for (const HelpScreen::Option& option : screen.options) {
         const Value* const hint = find(hinted, option);

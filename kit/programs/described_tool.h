@@ -14,7 +14,7 @@ struct DescribedOption {
     std::string longForm;
     std::string text;
     Takes takes = Takes::unknown;
-    std::string valueName;             ///< "LINES" in -n=LINES; empty if it is not known
+    std::string valueName;             ///< "LINES" in -n=LINES and in -n=LINES|all; empty if it is not known
     std::vector<std::string> choices;  ///< of Takes::choice
 };
 
@@ -43,11 +43,14 @@ struct Hint {
 };
 
 /// Reads a hint. The kind after the last ":" is text, file or folder; without it, the name decides as in a usage line.
-/// \throws std::runtime_error  for a text that is none: also for another kind in lower case, and for empty or equal choices
+/// \throws std::runtime_error  if the text is not a hint, as with another kind in lower case, or with empty or equal choices
 Hint readHint(const std::string& text);
 
+/// Returns whether the line in a banner is that of the library's short constructors. They describe no arguments and no example.
+bool isOfShortConstructor(const std::string& banner);
+
 /// Adds to a help screen what it does not say. What an option takes is decided by the first of these that says it: the hints,
-/// the usage line, the example up to the first of | ; & > and <, and the library's rules (-o names the output file; -h with
+/// the usage line, the example up to the first of | ; & > < and #, and the library's rules (-o names the output file; -h with
 /// --help and -v with --verbose are switches). A value in either line counts more than a bare form in both, and a bare form does
 /// not make a switch of -o with --out.... The value of -o is a file unless a hint or the name of the value says otherwise.
 /// Arguments are repeated and optional as the usage line shows them: "[FILE...]".

@@ -85,7 +85,7 @@ std::string fileCondition(const DescribedTool& tool) {
     const std::string values = letters.empty() ? "false"
                                                : "contains -- \"$letter\" " + letters +
                                                      "; and not string match -q -- '*=~*' (commandline -ct)";
-    const std::string arguments = tool.arguments.empty() ? "false" : "not string match -q -- '-*' \"$word\"";
+    const std::string arguments = takesFiles(tool) ? "not string match -q -- '-*' \"$word\"" : "false";
     return "    if test -n \"$flag\"\n        " + values + "\n    else\n        " + arguments + "\n    end\n";
 }
 
@@ -127,8 +127,8 @@ std::string fishCompletion(const DescribedTool& tool) {
     const std::string complete = "complete -c " + quotedForFish(tool.name);
     return named(reading, identifier) + fileCondition(tool) + named(offering, identifier) +
            offerValues(tool, identifier) +
-           (tool.arguments.empty() ? "    else if string match -qr -- '^(-|$)' \"$word\"\n"
-                                   : "    else if string match -q -- '-*' \"$word\"\n") +
+           (takesFiles(tool) ? "    else if string match -q -- '-*' \"$word\"\n"
+                             : "    else if string match -qr -- '^(-|$)' \"$word\"\n") +
            offerFlags(tool) + "    end\nend\n\n" + complete + " -f\n" + complete +
            named(" -n _ID_wants_fish -F\n", identifier) + complete + named(" -a '(_ID)'\n", identifier);
 }

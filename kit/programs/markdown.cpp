@@ -82,14 +82,11 @@ std::string valueText(const DescribedOption& option) {
     if (option.takes == Takes::unknown || option.takes == Takes::nothing) {
         return "";
     }
-    std::string value;
+    std::string value = option.valueName;
     for (const std::string& choice : option.choices) {
         value += (value.empty() ? "" : "|") + choice;
     }
-    if (option.takes != Takes::choice) {
-        value = option.valueName.empty() ? "VALUE" : option.valueName;
-    }
-    return "=" + value;
+    return "=" + (value.empty() ? "VALUE" : value);
 }
 
 std::string formsOf(const DescribedOption& option) {

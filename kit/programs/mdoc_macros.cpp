@@ -25,37 +25,37 @@ bool isName(const std::string& text) {
     return lowerCase(text) != text && std::none_of(text.begin(), text.end(), isLower);
 }
 
-/// Returns the macro and the argument for a part of the usage line.
-std::string part(const std::string& text, bool isValue) {
+/// Returns the macro and the argument for a part of the usage line. `macro` is that of values, or empty outside of them.
+std::string part(const std::string& text, const std::string& macro) {
     if (isName(text)) {
         return "Ar " + mdocArgument(text);
     }
-    if (isValue) {
-        return "Cm " + mdocArgument(text);
+    if (!macro.empty()) {
+        return macro + mdocArgument(text);
     }
     return text.front() == '-' ? flag(text) : "No " + mdocArgument(text);
 }
 
 /// Returns the macros for a part of the usage line that "..." may follow.
-std::string repeatedPart(const std::string& text, bool isValue) {
+std::string repeatedPart(const std::string& text, const std::string& macro) {
     const std::size_t end = text.find_last_not_of('.') + 1;
     const bool isRepeated = end > 0 && end + 3 <= text.size();
-    return isRepeated ? part(text.substr(0, end), isValue) + " Ns No " + mdocArgument(text.substr(end))
-                      : part(text, isValue);
+    return isRepeated ? part(text.substr(0, end), macro) + " Ns No " + mdocArgument(text.substr(end))
+                      : part(text, macro);
 }
 
-/// Returns the macros for the choices of an option.
-std::string alternatives(const std::vector<std::string>& choices) {
-    std::string words;
-    std::string macros;
-    for (const std::string& choice : choices) {
+/// Returns the macros for the names and choices of a value.
+std::string alternatives(const DescribedOption& option) {
+    std::string words = option.valueName;
+    std::string macros = words.empty() ? "" : "Ar " + mdocArgument(words);
+    for (const std::string& choice : option.choices) {
         words += (words.empty() ? "" : "|") + choice;
     }
     const std::string separator = std::string(" Ns \\&|") + (words.size() > longWord ? mayBreak : "") + " Ns Cm ";
-    for (const std::string& choice : choices) {
+    for (const std::string& choice : option.choices) {
         macros += (macros.empty() ? "Cm " : separator) + mdocArgument(choice);
     }
-    return choices.size() > maximumParts ? "Cm " + mdocArgument(words) : macros;
+    return option.choices.size() > maximumParts ? "Cm " + mdocArgument(words) : macros;
 }
 
 /// Returns the macros that follow the form of an option: those for "=LINES" and "=fast|exact".
@@ -63,14 +63,15 @@ std::string valueOf(const DescribedOption& option) {
     if (option.takes == Takes::unknown || option.takes == Takes::nothing) {
         return "";
     }
-    const std::string name = option.valueName.empty() ? "VALUE" : option.valueName;
-    return " Ns = Ns " + (option.choices.empty() ? "Ar " + mdocArgument(name) : alternatives(option.choices));
+    const std::string macros = alternatives(option);
+    return " Ns = Ns " + (macros.empty() ? "Ar VALUE" : macros);
 }
 
 }  // namespace
 
 std::string mdocUsageWord(const std::string& word) {
     constexpr std::string_view separators = "[](){}<>|,=";
+    const char* const valueMacro = word.find('|') == std::string::npos ? "Ar " : "Cm ";
     const char* const lineBreak = word.size() > longWord ? mayBreak : "";
     std::string line;
     bool isValue = false;
@@ -80,8 +81,8 @@ std::string mdocUsageWord(const std::string& word) {
         const std::size_t length = parts < maximumParts ? std::max<std::size_t>(end - begin, 1) : std::string::npos;
         const std::string text = word.substr(begin, length);
         line += line.empty() ? "" : " Ns ";
-        line += end == begin ? "No " + mdocArgument(text) + lineBreak : repeatedPart(text, isValue);
-        isValue = isValue || text == "=";
+        line += end == begin ? "No " + mdocArgument(text) + lineBreak : repeatedPart(text, isValue ? valueMacro : "");
+        isValue = text == "=" || (isValue && text != "]" && text != ")" && text != "}");
         begin += text.size();
     }
     return line;

@@ -120,6 +120,10 @@ std::vector<OfferedFlag> offeredFlags(const DescribedTool& tool) {
     return flags;
 }
 
+bool takesFiles(const DescribedTool& tool) {
+    return !tool.arguments.empty() || isOfShortConstructor(tool.banner);
+}
+
 std::vector<OptionLetter> optionLetters(const DescribedTool& tool) {
     std::vector<OptionLetter> letters;
     std::set<std::string> known;

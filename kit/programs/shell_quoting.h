@@ -40,6 +40,9 @@ struct OfferedFlag {
 /// Returns all short and long forms in the order of the screen.
 std::vector<OfferedFlag> offeredFlags(const DescribedTool& tool);
 
+/// Returns whether a word that is no option may be a file.
+bool takesFiles(const DescribedTool& tool);
+
 /// An option by the first character of its name, in lower case: the library matches long forms by it.
 struct OptionLetter {
     std::string letter;

@@ -107,10 +107,9 @@ std::string zshCompletion(const DescribedTool& tool) {
         }
     }
     script += "        (*) return 1 ;;\n    esac\n";
-    script +=
-        tool.arguments.empty() ? "elif [[ -z $PREFIX || $PREFIX == -* ]]; then\n" : "elif [[ $PREFIX == -* ]]; then\n";
+    script += takesFiles(tool) ? "elif [[ $PREFIX == -* ]]; then\n" : "elif [[ -z $PREFIX || $PREFIX == -* ]]; then\n";
     script += offerFlags(tool);
-    script += tool.arguments.empty() ? "else\n    return 1\nfi\n" : "else\n    _files\nfi\n";
+    script += takesFiles(tool) ? "else\n    _files\nfi\n" : "else\n    return 1\nfi\n";
     return script;
 }
 

@@ -1,57 +1,17 @@
 #include "usage_line.h"
 
-#include <algorithm>
-#include <array>
 #include <string_view>
 #include <utility>
-
-#include "ascii_case.h"
 
 namespace Kelpkit {
 
 namespace {
 
-constexpr std::array<std::pair<const char*, Takes>, 5> kinds{{{"file", Takes::file},
-                                                              {"path", Takes::file},
-                                                              {"folder", Takes::folder},
-                                                              {"directory", Takes::folder},
-                                                              {"dir", Takes::folder}}};
-constexpr std::string_view blanks = " \t\r\n";
 constexpr std::string_view openings = "[({";
 constexpr std::string_view closings = "])}";
 
 bool contains(std::string_view characters, char character) {
     return characters.find(character) != std::string_view::npos;
-}
-
-Takes kindOf(const std::string& name) {
-    for (const auto& [word, kind] : kinds) {
-        if (equalIgnoringCase(name, word)) {
-            return kind;
-        }
-    }
-    return Takes::text;
-}
-
-/// Returns the pieces of a text between "|", without empty ones.
-std::vector<std::string> alternatives(const std::string& text) {
-    std::vector<std::string> pieces(1);
-    for (const char character : text + "|") {
-        if (character != '|') {
-            pieces.back() += character;
-        } else if (!pieces.back().empty()) {
-            pieces.emplace_back();
-        }
-    }
-    pieces.pop_back();
-    return pieces;
-}
-
-/// Whether a text is written like the name of a value, as in LINES.
-bool isInUpperCase(const std::string& text) {
-    const auto isUpper = [](char each) { return each >= 'A' && each <= 'Z'; };
-    return std::any_of(text.begin(), text.end(), isUpper) &&
-           std::none_of(text.begin(), text.end(), [](char each) { return each >= 'a' && each <= 'z'; });
 }
 
 bool isFlag(const std::string& word) {
@@ -65,10 +25,6 @@ bool removeRepetition(std::string& word) {
     return isRepeated;
 }
 
-std::string withoutAngles(const std::string& text) {
-    return text.size() > 2 && text.front() == '<' && text.back() == '>' ? text.substr(1, text.size() - 2) : text;
-}
-
 /// Reads a usage line word by word.
 class UsageReader {
 public:
@@ -76,6 +32,11 @@ public:
 
     void add(char character, char next) {
         if (!separates(character, next)) {
+            if (closing == '\0') {
+                closing = closingOf(character);
+            } else if (closing == character) {
+                closing = '\0';
+            }
             word += character;
             isInValue = isInValue || character == '=';
             return;
@@ -90,10 +51,13 @@ public:
         } else if (character == '|' && !joinsOptions) {
             groups.back().isOptional = true;
         }
-        mayBeValue = mayBeValue && contains(blanks, character);
+        between.append(contains(blanks, character) ? 0 : 1, character);
     }
     UsageLine take() {
         endWord();
+        for (UsageLine::Option& option : line.options) {
+            option.value = option.value.takes == Takes::text ? valueOf(option.value.name) : option.value;
+        }
         while (!groups.empty()) {
             closeGroup();
         }
@@ -117,8 +81,17 @@ private:
         bool isOptional;
     };
 
-    /// Values may contain "," and "|".
+    /// Returns the end of the brackets or quotes that a character opens after "=", or NUL.
+    char closingOf(char character) const {
+        const bool isFirst = isFlag(word) && word.back() == '=';
+        const std::size_t kind = isFirst ? valueOpenings.find(character) : std::string_view::npos;
+        return kind == std::string_view::npos ? '\0' : valueClosings[kind];
+    }
+    /// Values may contain "," and "|", and anything in brackets and quotes.
     bool separates(char character, char next) const {
+        if (closing != '\0' || closingOf(character) != '\0') {
+            return false;
+        }
         if (character == '|' || character == ',') {
             return !isInValue || (character == '|' && next == '-');
         }
@@ -138,13 +111,13 @@ private:
             addOption();
         } else if (word == "or") {
             groups.back().isOptional = true;
+            between += word;
         } else if (!word.empty()) {
-            addArgument();
+            addWord();
         }
         if (isRepeated && isAfterArgument) {
             mentions.back().isRepeated = true;  // also by "..." after a bracket
         }
-        mayBeValue = mayBeValue && (word.empty() || isFlag(word));
         word.clear();
         isInValue = false;
     }
@@ -152,42 +125,48 @@ private:
         const std::size_t equals = word.find('=');
         const bool isBare = equals == std::string::npos;
         const std::size_t end = isBare || word[equals - 1] != '[' ? equals : equals - 1;
-        line.options.push_back(
-            {word.substr(0, end), isBare ? Value{Takes::nothing, "", {}} : valueOf(word.substr(equals + 1))});
-        mayBeValue = isBare;
+        const std::string form = word.substr(0, end);
+        const std::string value = isBare ? "" : word.substr(equals + 1);
+        if (!isBare && !line.options.empty() && between == "|" &&
+            line.options.back().form == form) {  // -m=fast|-m=exact
+            line.options.back().value.name += '|' + value;
+        } else {
+            line.options.push_back({form, {isBare ? Takes::nothing : Takes::text, value, {}}});
+        }
+        between.clear();
         isAfterArgument = false;
     }
-    void addArgument() {
-        std::string name = withoutAngles(word);
+    /// Adds a word that is no option: the value of the option before it or an argument.
+    void addWord() {
+        std::string name = unwrapped(word);
         const bool isRepeated = removeRepetition(name);  // <FILE...>
-        if (mayBeValue && known.count(name) == 0 && (name != word || isInUpperCase(name))) {
-            line.options.back().value.takes = Takes::unknown;
+        Value* const value = line.options.empty() ? nullptr : &line.options.back().value;
+        if (value == nullptr || known.count(name) != 0 || between != (value->name.empty() ? "" : "|")) {
+            mentions.push_back({std::move(name), isRepeated});
+            isAfterArgument = true;
+            between += word;
+        } else if (value->name.empty()) {
+            value->takes = Takes::unknown;
+            between += word;
+        } else {
+            value->name += between + word;
+            between.clear();
         }
-        mentions.push_back({std::move(name), isRepeated});
-        isAfterArgument = true;
     }
 
     const std::set<std::string>& known;
     UsageLine line;
     std::string word;
+    std::string between;     ///< what follows the last option, without blanks
+    char closing = '\0';     ///< the end of the brackets or quotes around the value
     bool isInValue = false;  ///< whether the word has "="
     std::vector<Group> groups{{0, false}};
     std::vector<Mention> mentions;            ///< of arguments
     std::map<std::size_t, int> depthChanges;  ///< of optional groups, before the mentions of these indices
-    bool mayBeValue = false;                  ///< whether a bare option and blanks precede
     bool isAfterArgument = false;
 };
 
 }  // namespace
-
-Value valueOf(const std::string& text) {
-    const std::vector<std::string> pieces = alternatives(text);
-    if (pieces.size() > 1 && !std::all_of(pieces.begin(), pieces.end(), isInUpperCase)) {
-        return {Takes::choice, "", pieces};
-    }
-    const std::string name = withoutAngles(text);
-    return {kindOf(name), name, {}};
-}
 
 UsageLine readUsage(const std::string& usage, const std::set<std::string>& arguments) {
     UsageReader reader(arguments);

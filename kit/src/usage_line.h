@@ -4,6 +4,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Kelpkit {
@@ -20,19 +21,26 @@ enum class Takes {
 
 struct Value {
     Takes takes = Takes::unknown;
-    std::string name;                  ///< "LINES" in -n=LINES
+    std::string name;                  ///< "LINES" in -n=LINES and in -n=LINES|all
     std::vector<std::string> choices;  ///< of Takes::choice
 };
 
-/// Returns what the value in a usage line stands for: "FILE" and "PATH" for a file, "FOLDER", "DIRECTORY" and "DIR" for a folder, in
-/// any letter case, also in "<" and ">", "fast|exact" for two choices, and another name for a text. Alternatives in upper case,
-/// as in "LINES|all", are names of values unless one of them is not.
+constexpr std::string_view blanks = " \t\r\n";
+constexpr std::string_view valueOpenings = "[({<'\"";  ///< may enclose a value
+constexpr std::string_view valueClosings = "])}>'\"";
+
+/// Returns a text without blanks around it and without the brackets or quotes that enclose all of it.
+std::string unwrapped(std::string_view text);
+
+/// Returns what the value in a usage line stands for, in any letter case: a file if its name ends with FILE, FILENAME, PATH, INPUT
+/// or OUTPUT, a folder if it ends with FOLDER, DIRECTORY or DIR, also with "S" after them, and another name for a text.
+/// "fast|exact" are two choices. Alternatives in upper case or in "<" and ">", as in "LINES|all", are names of values.
 Value valueOf(const std::string& text);
 
 struct UsageLine {
     struct Option {
         std::string form;
-        Value value;  ///< of Takes::unknown for "-n LINES", which means a value in other programs
+        Value value;  ///< of Takes::unknown for "-n LINES" and "-m fast", which mean a value in other programs
     };
     struct Argument {
         bool repeated = false;
@@ -40,11 +48,11 @@ struct UsageLine {
     };
 
     std::vector<Option> options;                ///< every mention
-    std::map<std::string, Argument> arguments;  ///< all words that are not options, by their names
+    std::map<std::string, Argument> arguments;  ///< all words that are neither options nor values, by their names
 };
 
 /// Reads a usage line: "[-n=LINES] [-m=fast|exact] [-f] FIRST [OTHER...] or -l".
-/// \param arguments  the names of the tool's arguments: after a bare option, another name in upper case or angles is its value
+/// \param arguments  the names of the tool's arguments: another word is a value in "-n LINES" and in "-m=fast | exact"
 UsageLine readUsage(const std::string& usage, const std::set<std::string>& arguments);
 
 }  // namespace Kelpkit

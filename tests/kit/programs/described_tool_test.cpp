@@ -20,13 +20,13 @@ const char* word(Takes takes) {
     return words[static_cast<std::size_t>(takes)];
 }
 
-/// Returns "text LINES", "choice fast exact" or "-".
+/// Returns "text LINES", "choice fast exact", "choice all or LINES" or "-".
 std::string shown(Takes takes, const std::string& name, const std::vector<std::string>& choices) {
-    std::string text = word(takes) + (name.empty() ? "" : " " + name);
+    std::string text = word(takes);
     for (const std::string& choice : choices) {
         text += " " + choice;
     }
-    return text;
+    return text + (name.empty() ? "" : (choices.empty() ? " " : " or ") + name);
 }
 
 // Hints
@@ -47,10 +47,12 @@ TEST(Hint, Accepted) {
         {"t=HH:MM:file", "t file HH:MM"},
         {"m=fast|exact", "m choice fast exact"},
         {"u=hh:mm:text", "u text hh:mm"},
+        {"m=<fast|exact>", "m choice fast exact"},
+        {"m={1|<n>}", "m choice 1 or n"},
         {"i=FILE|URL:file", "i file FILE|URL"},
         {"m=fast|exact:text", "m text fast|exact"},
         {"m=a:b|c", "m choice a:b c"},
-        {"m=FAST|exact", "m choice FAST exact"},
+        {"m=FAST|exact", "m choice exact or FAST"},
         {"m=1|2", "m choice 1 2"},
         {"m=LOW|HIGH", "m text LOW|HIGH"},
         {"m=fast|Fast", "m choice fast Fast"},
@@ -94,8 +96,9 @@ TEST(Hint, Refused) {
             readHint(text);
             ADD_FAILURE() << text;
         } catch (const std::runtime_error& error) {
-            EXPECT_EQ(error.what(), "\"" + std::string(text) +
-                                        "\" is no hint; write l, n=LINES, o=FILE:file, d=DIR:folder or m=fast|exact");
+            EXPECT_EQ(error.what(),
+                      "\"" + std::string(text) +
+                          "\" is not a hint; write l, n=LINES, o=FILE:file, d=DIR:folder or m=fast|exact");
         }
     }
 }
@@ -138,6 +141,12 @@ TEST(DescribedTool, Values) {
         {"", "a > -n=3", {}, "?", "file FILE"},
         {"", "a < -n=3", {}, "?", "file FILE"},
         {"", "-nx", {}, "?", "file FILE"},
+        {"", "-n 3", {}, "?", "file FILE"},
+        {"", "-n 0.5 -n", {}, "-", "file FILE"},
+        {"", "-n 3.txt", {}, "-", "file FILE"},
+        {"", "-n .", {}, "-", "file FILE"},
+        {"", "-n ''", {}, "-", "file FILE"},
+        {"", "-n=3 4", {}, "text", "file FILE"},
         // The usage line
         {"[-n=LINES]", "-n", {}, "text LINES", "file FILE"},
         {"[--number=LINES]", "", {}, "text LINES", "file FILE"},
@@ -154,7 +163,7 @@ TEST(DescribedTool, Values) {
         {"-n=fast|exact", "", {}, "choice fast exact", "file FILE"},
         {"(-n=1|2)", "", {}, "choice 1 2", "file FILE"},
         {"-n=LOW|HIGH", "", {}, "text LOW|HIGH", "file FILE"},
-        {"-n=all|LINES", "", {}, "choice all LINES", "file FILE"},
+        {"-n=all|LINES", "", {}, "choice all or LINES", "file FILE"},
         {"-n|-o", "", {}, "-", "file FILE"},
         {"-n=LINES|-o=DIR", "", {}, "text LINES", "folder DIR"},
         {"-n | -o=BASE", "", {}, "-", "file BASE"},
@@ -172,7 +181,49 @@ TEST(DescribedTool, Values) {
         {"[-n LINES]", "-n=3", {}, "text", "file FILE"},
         {"-n FIRST", "", {}, "-", "file FILE"},
         {"-n <FIRST>", "", {}, "-", "file FILE"},
-        {"-n lines", "", {}, "-", "file FILE"},
+        {"-n lines", "", {}, "?", "file FILE"},
+        {"[-n fast|exact]", "", {}, "?", "file FILE"},
+        {"[-n] FIRST", "-n 3", {}, "-", "file FILE"},
+        // A value in brackets and quotes, after blanks, in two mentions
+        {"[-n=<fast|exact>] -o=DIR", "", {}, "choice fast exact", "folder DIR"},
+        {"[-n={fast|exact}] -o=DIR", "", {}, "choice fast exact", "folder DIR"},
+        {"[-n=(fast | exact)] -o=DIR", "", {}, "choice fast exact", "folder DIR"},
+        {"[-n=[fast|exact]] -o=DIR", "", {}, "choice fast exact", "folder DIR"},
+        {"-n='fast|exact' -o=DIR", "", {}, "choice fast exact", "folder DIR"},
+        {"-n=\"fast|exact\" -o=DIR", "", {}, "choice fast exact", "folder DIR"},
+        {"-n='fast'|'exact'", "", {}, "choice fast exact", "file FILE"},
+        {"-n[={fast|exact}]", "", {}, "choice fast exact", "file FILE"},
+        {"-n=<number of lines>", "", {}, "text number of lines", "file FILE"},
+        {"-n=<key>=<value>", "", {}, "text <key>=<value>", "file FILE"},
+        {"-n={a=<x y>|b}", "", {}, "choice b or a=<x y>", "file FILE"},
+        {"-n=<LINES -o=BASE", "", {}, "text <LINES -o=BASE", "file FILE"},
+        {"[-n=fast | exact | slow] -o=DIR", "", {}, "choice fast exact slow", "folder DIR"},
+        {"[-n=fast|-n=exact]", "", {}, "choice fast exact", "file FILE"},
+        {"[-n=fast | -n=exact]", "", {}, "choice fast exact", "file FILE"},
+        {"[-n=fast | FIRST]", "", {}, "text fast", "file FILE"},
+        {"[-n=fast] | exact", "", {}, "text fast", "file FILE"},
+        {"|-n=fast", "", {}, "text fast", "file FILE"},
+        {"-n= LINES", "", {}, "?", "file FILE"},
+        // Names beside choices
+        {"-n=LINES|all", "", {}, "choice all or LINES", "file FILE"},
+        {"-n=<lines>|all", "", {}, "choice all or lines", "file FILE"},
+        {"-n=ALL|LINES|a|b", "", {}, "choice a b or ALL|LINES", "file FILE"},
+        {"-n=<all>|<lines>", "", {}, "text all|lines", "file FILE"},
+        {"-n=URL|FILE|-", "", {}, "file URL|FILE", "file FILE"},
+        // The ends of names
+        {"-n=LOGFILE", "", {}, "file LOGFILE", "file FILE"},
+        {"-n=FILES", "", {}, "file FILES", "file FILE"},
+        {"-n=filename", "", {}, "file filename", "file FILE"},
+        {"-n=SEARCH_PATHS", "", {}, "file SEARCH_PATHS", "file FILE"},
+        {"-n=INPUT", "", {}, "file INPUT", "file FILE"},
+        {"-n=OUTPUT", "", {}, "file OUTPUT", "file FILE"},
+        {"-n=OUTDIR", "", {}, "folder OUTDIR", "file FILE"},
+        {"-n=FOLDERS", "", {}, "folder FOLDERS", "file FILE"},
+        {"-n=FILES_MAX", "", {}, "text FILES_MAX", "file FILE"},
+        // The usage line counts more than the example, whatever the forms
+        {"[--number=LINES]", "-n=3", {}, "text LINES", "file FILE"},
+        {"[--number=a|b]", "-n=a", {}, "choice a b", "file FILE"},
+        {"[-n=LINES]", "--number=3", {}, "text LINES", "file FILE"},
         {"[-n] LINES", "", {}, "-", "file FILE"},
         {"-n | LINES", "", {}, "-", "file FILE"},
         {"-n or LINES", "", {}, "-", "file FILE"},
@@ -266,6 +317,8 @@ TEST(DescribedTool, Arguments) {
         {"<FIRST> [<OTHER...>]", "FIRST, [OTHER...]"},
         {"FIRST -n...", "FIRST, OTHER"},
         {"first other...", "FIRST, OTHER"},
+        {"[-n={a | b}] [FIRST] OTHER", "[FIRST], OTHER"},
+        {"[-n=a | b] [-n lines...] FIRST OTHER", "FIRST, OTHER"},
     };
     for (const auto& [usage, expected] : table) {
         std::string text;
