@@ -102,11 +102,10 @@ Values valuesIn(const std::string& example) {
     Values values;
     const std::vector<std::string> words = shellWords(example);
     for (std::size_t i = 0; i < words.size(); ++i) {
-        const std::size_t equals = words[i].find('=');
-        const bool isBare = equals == std::string::npos;
-        const bool isFlag = words[i].size() > 1 && words[i].front() == '-';
-        if (isFlag && !(isBare && i + 1 < words.size() && isNumber(words[i + 1]))) {
-            add(values, words[i].substr(0, equals), {isBare ? Takes::nothing : Takes::text, "", {}});
+        const bool isBare = words[i].find('=') == std::string::npos;
+        const bool hasNumber = isBare && i + 1 < words.size() && isNumber(words[i + 1]);
+        if (words[i].size() > 1 && words[i].front() == '-' && !hasNumber) {
+            add(values, words[i].substr(0, words[i].find('=')), {isBare ? Takes::nothing : Takes::text, "", {}});
         }
     }
     return values;
@@ -164,10 +163,6 @@ Value shownValue(const HelpScreen::Option& option, const std::vector<Values>& pl
 }
 
 }  // namespace
-
-bool isOfShortConstructor(const std::string& banner) {
-    return banner == "     Copyright (c) 2026 The kelplib authors, MIT licence";
-}
 
 Hint readHint(const std::string& text) {
     const bool hasValue = text.size() > 2 && text[1] == '=';

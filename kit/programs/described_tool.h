@@ -46,9 +46,6 @@ struct Hint {
 /// \throws std::runtime_error  if the text is not a hint, as with another kind in lower case, or with empty or equal choices
 Hint readHint(const std::string& text);
 
-/// Returns whether the line in a banner is that of the library's short constructors. They describe no arguments and no example.
-bool isOfShortConstructor(const std::string& banner);
-
 /// Adds to a help screen what it does not say. What an option takes is decided by the first of these that says it: the hints,
 /// the usage line, the example up to the first of | ; & > < and #, and the library's rules (-o names the output file; -h with
 /// --help and -v with --verbose are switches). A value in either line counts more than a bare form in both, and a bare form does

@@ -176,4 +176,8 @@ std::string render(const HelpScreen& screen) {
     return text + "\n";
 }
 
+bool isOfShortConstructor(const std::string& banner) {
+    return banner == "     Copyright (c) 2026 The kelplib authors, MIT licence";
+}
+
 }  // namespace Kelpkit::programs

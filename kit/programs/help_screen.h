@@ -43,6 +43,9 @@ HelpScreen parse(std::string_view text);
 /// Returns the bytes of a help screen, with LF. For every text that parse() accepts with LF, render(parse(text)) is that text.
 std::string render(const HelpScreen& screen);
 
+/// Returns whether the line in a banner is that of the library's short constructors. They describe no arguments and no example.
+bool isOfShortConstructor(const std::string& banner);
+
 /// \name The visible form
 /// A help screen as a text that editors and version control show: "\e" is the escape character, "\t" a tab, "\r" a carriage
 /// return, "\xNN" another control character, "\\" a backslash, and "$" marks the line ends.

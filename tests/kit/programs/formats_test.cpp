@@ -6,10 +6,10 @@
 
 namespace {
 
+using Kelpkit::Takes;
 using Kelpkit::programs::DescribedTool;
 using Kelpkit::programs::json;
 using Kelpkit::programs::markdown;
-using Kelpkit::Takes;
 
 const DescribedTool usual{"firstlines",
                           "     Small tools",
@@ -129,6 +129,12 @@ firstlines [OPTIONS] FILE
 firstlines -n=3 notes.txt
 ```
 )");
+}
+
+TEST(Markdown, NameBesideChoices) {
+    DescribedTool tool = bare;
+    tool.options = {{"-j", "", "", Takes::choice, "N", {"auto", "all"}}};
+    EXPECT_NE(markdown(tool).find("\n- `-j=N|auto|all`\n"), std::string::npos);
 }
 
 TEST(Markdown, Odd) {

@@ -195,7 +195,7 @@ class CommandLines(KelpCheckTest):
         for arguments, message in [
                 ([], "TOOL is missing"),
                 (["-r", "-a=.", "x"], "-a=.: cannot be combined with -r"),
-                (["-t=n=", "x"], '-t=n=: "n=" is no hint; write l, n=LINES, o=FILE:file, d=DIR:folder or m=fast|exact'),
+                (["-t=n=", "x"], '-t=n=: "n=" is not a hint; write l, n=LINES, o=FILE:file, d=DIR:folder or m=fast|exact'),
                 (["-r", "-x", "x"], "-x: no such option"),
         ]:
             with self.subTest(arguments=arguments):

@@ -468,7 +468,7 @@ class CommandLines(KelpDocTest):
                           "-t": ("text", "HINTS", [])})
 
     def test_refused(self):
-        hint = "is no hint; write l, n=LINES, o=FILE:file, d=DIR:folder or m=fast|exact"
+        hint = "is not a hint; write l, n=LINES, o=FILE:file, d=DIR:folder or m=fast|exact"
         see = " (see kelp-doc --help)"
         for arguments, message in [
                 ([], "TOOL is missing"),

@@ -6,9 +6,9 @@
 
 namespace {
 
+using Kelpkit::Takes;
 using Kelpkit::programs::DescribedTool;
 using Kelpkit::programs::manPage;
-using Kelpkit::Takes;
 
 constexpr const char* date = "November 22, 2026";
 
@@ -211,6 +211,31 @@ That of
 .Sh BUGS
 None.
 )");
+}
+
+/// Both sections show a value in the same way.
+TEST(ManPage, Values) {
+    DescribedTool tool = bare;
+    tool.usage = "[-k=KEY=VALUE]... [-q=0..100] [-l=<lines>] [-j=N|auto]";
+    tool.options = {{"-q", "", "", Takes::text, "0..100", {}},
+                    {"-l", "", "", Takes::text, "lines", {}},
+                    {"-j", "", "", Takes::choice, "N", {"auto"}}};
+    const std::string page = manPage(tool, date, "");
+    EXPECT_NE(page.find(R"(.Sh SYNOPSIS
+.Nm
+.No \&[ Ns Fl k Ns No = Ns Ar \&KEY Ns No = Ns Ar VALUE Ns No \&] Ns No ...\&
+.No \&[ Ns Fl q Ns No = Ns Ar 0..100 Ns No \&]
+.No \&[ Ns Fl l Ns No = Ns No < Ns Ar lines Ns No > Ns No \&]
+.No \&[ Ns Fl j Ns No = Ns Ar N Ns No \&| Ns Cm auto Ns No \&]
+)"),
+              std::string::npos)
+        << page;
+    EXPECT_NE(page.find(R"(.It Fl q Ns = Ns Ar 0..100
+.It Fl l Ns = Ns Ar lines
+.It Fl j Ns = Ns Ar N Ns \&| Ns Cm auto
+)"),
+              std::string::npos)
+        << page;
 }
 
 TEST(ManPage, LongWords) {

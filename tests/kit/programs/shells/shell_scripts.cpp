@@ -111,6 +111,14 @@ DescribedTool only() {
     return tool;
 }
 
+/// A tool of a short constructor, which shows no arguments.
+DescribedTool shortTool() {
+    DescribedTool tool = only();
+    tool.name = "short";
+    tool.banner = "     Copyright (c) 2026 The kelplib authors, MIT licence";
+    return tool;
+}
+
 DescribedTool named(const std::string& name, DescribedTool tool) {
     tool.name = name;
     return tool;
@@ -134,6 +142,7 @@ void writeAll(const fs::path& folder) {
     writeScripts(folder, firstlines(), "firstlines");
     writeScripts(folder, large(), "large");
     writeScripts(folder, only(), "only");
+    writeScripts(folder, shortTool(), "short");
     writeScripts(folder, named("a-b", firstlines()), "a-b");
     writeScripts(folder, named("a_b", {}), "a_b");
     for (std::size_t i = 0; i < hostileTexts.size(); ++i) {

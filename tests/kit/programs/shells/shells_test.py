@@ -157,6 +157,13 @@ COMPLETED = (
     ("al -l" + LEFT * 3, ["alpha.txt", "-l"], None),
 )
 
+# zsh and fish complete no part of a word.
+BEFORE_EQUALS = (
+    ("-n=4" + LEFT * 2, ["-n=4"], None),
+    ("--nu=4" + LEFT * 2, ["--number=4"], None),
+    ("--nu= x" + LEFT * 3, ["--number=", "x"], None),
+)
+
 # zsh leaves these quotes open.
 IN_SINGLE_QUOTES = (
     ("'it", ["it's.txt"], DONE),
@@ -175,6 +182,8 @@ LINES = (
     ("a_b --nu", ["--nu"]),
     ("only ", ["--all"]),
     ("only al", ["al"]),
+    ("short al", ["alpha.txt"]),
+    ("short --a", ["--all"]),
 )
 
 BEHIND_SUDO = (
@@ -215,7 +224,7 @@ class ShellTest(unittest.TestCase):
             path.parent.mkdir(exist_ok=True)
             path.write_text("text\n")
         (shell.home / "target.txt").write_text("text\n")
-        for name in ("sudo", "a-b", "a_b", "only", shell.work / "firstlines"):
+        for name in ("sudo", "a-b", "a_b", "only", "short", shell.work / "firstlines"):
             shell.add_tool(name)
         return shell
 
@@ -234,7 +243,7 @@ class ShellTest(unittest.TestCase):
     def check_table(self, *settings, unlike=None):
         """Checks the table COMPLETED. `unlike` contains the rows that differ."""
         shell = self.session(*settings)
-        for typed, words, complete in COMPLETED + (() if SHELL == "zsh" else IN_SINGLE_QUOTES):
+        for typed, words, complete in COMPLETED + (() if SHELL == "zsh" else IN_SINGLE_QUOTES) + (BEFORE_EQUALS if SHELL == "bash" else ()):
             words, complete = (unlike or {}).get(typed, (words, complete))
             self.check(shell, "firstlines " + typed, words, complete)
         return shell
