@@ -46,21 +46,26 @@ public:
 
 protected:
     int_type underflow() override {
+        const bool isFirst = gptr() == nullptr;
+        const char last = isFirst ? '\0' : egptr()[-1];
         const std::ptrdiff_t count = descriptor == closed ? 0 : uninterrupted(name, [this] { return readBlock(); });
         if (count == 0) {
             close();
             return traits_type::eof();
         }
-        setg(area.data(), area.data(), area.data() + count);
-        return traits_type::to_int_type(area.front());
+        area.front() = last;
+        char* const block = area.data() + 1;
+        setg(isFirst ? block : area.data(), block, block + count);
+        return traits_type::to_int_type(*block);
     }
 
 private:
     static constexpr int closed = -1;
+    static constexpr std::size_t blockSize = 65536;
 
     std::ptrdiff_t readBlock() {
-        return isBinary ? readSome(descriptor, area.data(), area.size())
-                        : readText(descriptor, area.data(), area.size(), holdsReturn);
+        return isBinary ? readSome(descriptor, area.data() + 1, blockSize)
+                        : readText(descriptor, area.data() + 1, blockSize, holdsReturn);
     }
 
     void close() {
@@ -74,7 +79,7 @@ private:
     bool isBinary;
     bool holdsReturn = false;
     int descriptor = closed;
-    std::array<char, 65536> area;
+    std::array<char, 1 + blockSize> area;  ///< a block, and before it the last byte of the previous one, for unget()
 };
 
 InputFile::InputFile(const std::string& name, std::ios::openmode mode)

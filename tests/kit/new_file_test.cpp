@@ -285,6 +285,30 @@ TEST_F(NewFileTest, InputsAreReadToTheirEnd) {
     EXPECT_FALSE(std::getline(lines.stream(), line));
 }
 
+TEST_F(NewFileTest, InputsTakeAByteBack) {
+    for (const std::size_t size : {1U, 2U, 65535U, 65536U, 65537U, 131072U, 131073U}) {
+        std::string bytes;
+        for (std::size_t i = 0; i <= size; ++i) {
+            bytes += static_cast<char>(i % 251);
+        }
+        std::ofstream(in("input"), std::ios::binary) << bytes;
+        Kelpkit::InputFile input(in("input"), std::ios::binary);
+        std::string read(size, '?');
+        input.stream().read(read.data(), static_cast<std::streamsize>(size));
+        EXPECT_EQ(input.stream().peek(), static_cast<unsigned char>(bytes.back())) << size;
+        input.stream().unget();
+        EXPECT_EQ(input.stream().get(), static_cast<unsigned char>(bytes[size - 1])) << size;
+        EXPECT_EQ(input.stream().get(), static_cast<unsigned char>(bytes[size])) << size;
+        EXPECT_EQ(input.stream().get(), std::char_traits<char>::eof()) << size;
+        input.stream().clear();
+        input.stream().unget();
+        EXPECT_EQ(input.stream().get(), static_cast<unsigned char>(bytes[size])) << size;
+    }
+    Kelpkit::InputFile unread(in("input"));
+    EXPECT_EQ(unread.stream().peek(), 0);
+    EXPECT_THROW(unread.stream().unget(), std::ios_base::failure);
+}
+
 /// Reads the file as a text.
 std::string textOf(const std::string& name) {
     Kelpkit::InputFile input(name);
