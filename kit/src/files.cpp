@@ -34,6 +34,9 @@ bool exists(const std::string& name) {
 }
 
 void requireNoFolder(const std::string& name) {
+    if (name.empty()) {
+        throw std::runtime_error("the name of a file is empty");
+    }
     std::error_code ignored;
     if (std::filesystem::is_directory(pathOf(name), ignored)) {
         throw std::runtime_error(name + " is a directory");

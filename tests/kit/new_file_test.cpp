@@ -372,6 +372,8 @@ TEST_F(NewFileTest, FilesAreChecked) {
     EXPECT_EQ(messageOf([&] { Kelpkit::sizeOf(in("none")); }),
               "cannot read " + in("none") + ": No such file or directory");
     EXPECT_EQ(messageOf([&] { Kelpkit::sizeOf(in("")); }), in("") + " is a directory");
+    EXPECT_EQ(messageOf([] { Kelpkit::sizeOf(""); }), "the name of a file is empty");
+    EXPECT_EQ(messageOf([] { const Kelpkit::InputFile input(""); }), "the name of a file is empty");
     Kelpkit::requireNoPattern(in("none"));
     EXPECT_EQ(messageOf([&] { Kelpkit::requireNoPattern(in("*")); }),
               in("*") + ": name the file, patterns are not expanded");

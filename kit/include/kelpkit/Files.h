@@ -25,10 +25,11 @@ std::filesystem::path pathOf(const std::string& name);
 /// Returns whether the name is in use, even by a broken link. Throws if access is denied.
 bool exists(const std::string& name);
 
-/// Throws if the name belongs to a folder. A name that is not in use passes.
+/// Throws if the name is empty or belongs to a folder. A name that is not in use passes.
 void requireNoFolder(const std::string& name);
 
-/// Throws if the name belongs to anything but a regular file, or to a link to anything else. A name that is not in use passes.
+/// Throws if the name is empty or belongs to anything but a regular file, or to a link to anything else. A name that is not in use
+/// passes.
 void requirePlainFile(const std::string& name);
 
 /// Returns whether all are regular files, which can be read without waiting for input. Throws only for a name that is not a path.
@@ -47,7 +48,8 @@ class InputBuffer;
 ///     while (std::getline(input.stream(), line)) {
 class InputFile {
 public:
-    /// Opens the file. Throws "cannot read NAME: REASON", also if a later read fails; for a folder "NAME is a directory".
+    /// Opens the file. Throws "cannot read NAME: REASON", also if a later read fails; for a folder "NAME is a directory", for an
+    /// empty name "the name of a file is empty".
     /// \param mode  std::ios::binary for the bytes as they are; without it, "\\r\\n" is read as "\\n" on Windows
     explicit InputFile(const std::string& name, std::ios::openmode mode = {});
     /// Closes the file.
