@@ -20,7 +20,7 @@ constexpr double secondsBetweenDraws = 0.1;
 constexpr double longestEstimateSeconds = 1e9;
 
 constexpr int barWidth = 30;
-constexpr std::size_t labelLength = 12;
+constexpr std::size_t labelLength = 13;
 
 /// The space that a display needs: one column more than its longest line, so that the line does not wrap, and one row more than
 /// its lines for the cursor.

@@ -493,7 +493,8 @@ TEST_F(KitProgress, ShortensLabelsAndReplacesWhatCannotBePrinted) {
     const std::pair<std::string, std::string> table[] = {
         {"", "  50.0% "},
         {"twelve bytes", "twelve bytes  50.0% "},
-        {"thirteen byte", "thir...n byte  50.0% "},
+        {"thirteen byte", "thirteen byte  50.0% "},
+        {"fourteen bytes", "four... bytes  50.0% "},
         {"a\x1b[2J\n\x7f\tb", "a?[2J???b  50.0% "},
         {"\xc3\xa4\xff", "\xc3\xa4?  50.0% "},
         {std::string("a\0b", 3), "a?b  50.0% "},
@@ -503,7 +504,8 @@ TEST_F(KitProgress, ShortensLabelsAndReplacesWhatCannotBePrinted) {
         {"\xc3", "?  50.0% "},
         // Characters are whole: of "\u00e4" (two bytes), the euro sign (three) and an emoji (four).
         {"x\u00e4\u00e4\u00e4\u00e4\u00e4\u00e4\u00e4\u00e4\u00e4\u00e4", "x\u00e4...\u00e4\u00e4\u00e4  50.0% "},
-        {"\u00e4\u00e4\u00e4\u00e4\u00e4\u00e4x", "\u00e4\u00e4...\u00e4\u00e4x  50.0% "},
+        {"\u00e4\u00e4\u00e4\u00e4\u00e4\u00e4x", "\u00e4\u00e4\u00e4\u00e4\u00e4\u00e4x  50.0% "},
+        {"\u00e4\u00e4\u00e4\u00e4\u00e4\u00e4xy", "\u00e4\u00e4...\u00e4\u00e4xy  50.0% "},
         {"\u20ac\u20ac\u20ac\u20ac", "\u20ac\u20ac\u20ac\u20ac  50.0% "},
         {"\u20ac\u20ac\u20ac\u20ac\u20ac", "\u20ac...\u20ac\u20ac  50.0% "},
         {"x\u20ac\u20ac\u20ac\u20ac\u20ac", "x\u20ac...\u20ac\u20ac  50.0% "},
@@ -511,6 +513,7 @@ TEST_F(KitProgress, ShortensLabelsAndReplacesWhatCannotBePrinted) {
         {"\U0001f600\U0001f600\U0001f600\U0001f600", "\U0001f600...\U0001f600  50.0% "},
         {"x\U0001f600\U0001f600\U0001f600xxx", "x...xxx  50.0% "},
         {"x\U0001f600\U0001f600\U0001f600xx", "x...\U0001f600xx  50.0% "},
+        {"\U0001f600\U0001f600\U0001f600x", "\U0001f600\U0001f600\U0001f600x  50.0% "},
     };
     for (const auto& [label, start] : table) {
         const std::string text = written([&label = label] {

@@ -28,7 +28,7 @@ class Progress {
 public:
     /// Starts the clock.
     /// \param total  the amount of work, in any unit; 0 draws nothing
-    /// \param label  up to 12 bytes; of a longer label, "..." replaces the middle. Each byte that printable() escapes becomes "?"
+    /// \param label  up to 13 bytes; of a longer label, "..." replaces the middle. Each byte that printable() escapes becomes "?"
     /// \throws std::bad_alloc
     Progress(std::uintmax_t total, const std::string& label);
     /// If the work has not been finished, moves the cursor below the last frame, so that a message can follow.
