@@ -28,19 +28,18 @@ bool hasToken(int argc, char** argv, std::initializer_list<std::string_view> for
     return false;
 }
 
-/// Whether the library finds the name of the tool in the program path. It throws for paths such as C:\ab, and takes a path that
-/// begins with "-" for a flag.
+/// Whether the library finds the name of the tool in the program path. It throws for paths such as C:\ab, takes a path that
+/// begins with "-" for a flag, and names a tool "bin/" if the path is that of a folder.
 bool hasName(std::string path) {
-    if (!path.empty() && path.front() == '-') {
+    if (path.empty() || path.front() == '-' || path.back() == '/') {
         return false;
     }
     std::array<char*, 1> argv{path.data()};
     try {
-        static_cast<void>(CommandLineTool(1, argv.data(), "").getToolName());
+        return !CommandLineTool(1, argv.data(), "").getToolName().empty();
     } catch (const std::out_of_range&) {
         return false;
     }
-    return true;
 }
 
 }  // namespace
