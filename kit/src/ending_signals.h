@@ -15,6 +15,9 @@ void onEndingSignals();
 /// that removes them.
 void beforeForcedEnd(bool (*preparation)());
 
+/// Whether the signal only says that the output has lost its reader.
+bool isLostReader(int signal);
+
 /// Ends the process by the signal, also from a handler.
 [[noreturn]] void endBySignal(int signal);
 

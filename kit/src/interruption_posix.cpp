@@ -68,6 +68,10 @@ void onEndingSignals() {
     }
 }
 
+bool isLostReader(int signal) {
+    return signal == SIGPIPE;
+}
+
 void endBySignal(int signal) {
     std::signal(signal, SIG_DFL);
     sigset_t only;

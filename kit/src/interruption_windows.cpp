@@ -26,6 +26,10 @@ void onEndingSignals() {
     }
 }
 
+bool isLostReader(int /*signal*/) {
+    return false;
+}
+
 void endBySignal(int signal) {
     // A signal runs no functions registered with atexit().
     restoreConsole();

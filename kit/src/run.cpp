@@ -6,6 +6,7 @@
 #include <new>
 
 #include "console.h"
+#include "ending_signals.h"
 #include "help.h"
 #include "standard_output.h"
 
@@ -86,7 +87,10 @@ int run(const Definition& definition, int argc, char** argv, int (*work)(Command
         }
         return answer(definition, argc, argv, work);
     } catch (const Interruption& interruption) {
-        printError(definition, "interrupted", false);
+        // The reader of "tool | head" has what it wants: no user needs a message.
+        if (!isLostReader(interruption.signal)) {
+            printError(definition, "interrupted", false);
+        }
         endBy(interruption);
     } catch (const UsageError& error) {
         printError(definition, error.what(), true);

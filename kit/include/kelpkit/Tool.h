@@ -35,12 +35,13 @@ namespace Kelpkit {
 ///     std::bad_alloc                               "firstlines: out of memory"                            1
 ///     standard output is closed                    "firstlines: standard output is closed"                1
 ///     not all that was printed arrived             "firstlines: standard output cannot be written"        1
-///     Interruption, also if work has not noticed   "firstlines: interrupted"                              that of the signal
-///     the noted signal
+///     Interruption, also if work has not noticed   "firstlines: interrupted", but nothing if its signal   that of the signal
+///     the noted signal                             is SIGPIPE: the reader of the output has ended
 ///
 /// The first line of this table that applies counts, except that a closed standard output counts before all others. What the help
-/// screen prints is not checked. Control characters in messages, and bytes that are not UTF-8, are replaced by a backslash, "x" and
-/// two hexadecimal digits. Exceptions do not leave run().
+/// screen prints is not checked, nor what std::wcout still holds after std::ios_base::sync_with_stdio(false). Control characters in
+/// messages, and bytes that are not UTF-8, are replaced by a backslash, "x" and two hexadecimal digits. Exceptions do not leave
+/// run().
 /// \returns the exit status, unless help was asked for or a signal was noted: then the process ends
 int run(const Definition& definition, int argc, char** argv, int (*work)(CommandLine& line));
 
