@@ -14,11 +14,11 @@ std::optional<bool> takesValue(Takes takes) {
     return takes == Takes::unknown ? std::nullopt : std::optional(takes != Takes::nothing);
 }
 
-/// Returns the usage line that the library makes of the arguments.
-std::string libraryUsage(const std::vector<DescribedArgument>& arguments) {
-    std::string usage = "[OPTIONS] ";
+/// Returns the usage line that the library and the kit make of the arguments alone. The library's ends in a blank.
+std::string usageWithoutOptions(const std::vector<DescribedArgument>& arguments) {
+    std::string usage = "[OPTIONS]";
     for (const DescribedArgument& argument : arguments) {
-        usage += argument.name + (argument.repeated ? "... " : " ");
+        usage += " " + argument.name + (argument.repeated ? "..." : "");
     }
     return usage;
 }
@@ -58,8 +58,10 @@ rules::Tool checkedTool(const HelpScreen& screen, const std::vector<Hint>& hints
         argument.repeated = observed == nullptr ? argument.repeated : observed->arguments[i].repeated;
         tool.arguments.push_back({argument.name, argument.text, argument.repeated});
     }
-    if (screen.usage == libraryUsage(described.arguments)) {
+    const std::string made = usageWithoutOptions(described.arguments);
+    if (screen.usage == made || screen.usage == made + " ") {
         tool.usage.clear();
+        tool.madeUsage = made;
     }
     tool.optionalArguments = optionalCount(described.arguments);
     return tool;

@@ -42,11 +42,70 @@ bool hasName(std::string path) {
     }
 }
 
+bool isKnownSwitch(const Kelp::Option& option) {
+    const auto is = [&option](std::string_view shortForm, std::string_view longForm) {
+        return equalIgnoringCase(option.shortFlag, shortForm) && equalIgnoringCase(option.longFlag, longForm);
+    };
+    return option.marker == isSwitch && (is("-h", "--help") || is("-v", "--verbose"));
+}
+
+/// Returns "NUMBER" for --number, and "VALUE" if a long form would look like something else in a usage line.
+std::string valueName(const std::string& longForm) {
+    constexpr std::size_t dashes = 2;
+    std::string name = longForm.substr(std::min(dashes, longForm.size()));
+    for (char& character : name) {
+        const bool isLower = character >= 'a' && character <= 'z';
+        character = static_cast<char>(isLower ? character - 'a' + 'A' : character);
+    }
+    constexpr std::string_view plain = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-_";
+    if (name.empty() || name.find_first_not_of(plain) != std::string::npos) {
+        return "VALUE";
+    }
+    return name;
+}
+
+/// Returns the options but for the known switches: "[-n=NUMBER] [-f]".
+std::string shownOptions(const std::vector<Kelp::Option>& options) {
+    std::string text;
+    for (const Kelp::Option& option : options) {
+        if (isKnownSwitch(option)) {
+            continue;
+        }
+        text += (text.empty() ? "[" : " [") + option.shortFlag;
+        if (option.marker == takesValue) {
+            text += "=" + valueName(option.longFlag);
+        }
+        text += "]";
+    }
+    return text;
+}
+
+/// Returns the names of the arguments, the last `optional` of which may be missing: " FIRST [OTHER...]".
+std::string shownArguments(const std::vector<Kelp::Argument>& arguments, std::size_t optional) {
+    std::string text;
+    const std::size_t required = arguments.size() - std::min(optional, arguments.size());
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string name = arguments[i].name + (arguments[i].repeated ? "..." : "");
+        text += i < required ? " " + name : " [" + name + "]";
+    }
+    return text;
+}
+
 }  // namespace
 
+std::size_t lengthOf(std::string_view text) {
+    return static_cast<std::size_t>(std::count_if(
+        text.begin(), text.end(), [](char each) { return (static_cast<unsigned char>(each) & 0xC0U) != 0x80U; }));
+}
+
 std::string usageOf(const Definition& definition) {
-    const bool isMade = definition.usage.empty() && definition.optionalArguments > 0;
-    return isMade ? usageFrom(definition.arguments, definition.optionalArguments) : definition.usage;
+    if (!definition.usage.empty()) {
+        return definition.usage;
+    }
+    const std::string options = shownOptions(definition.options);
+    const std::string arguments = shownArguments(definition.arguments, definition.optionalArguments);
+    const bool fits = lengthOf("  " + definition.name + " " + options + arguments) <= screenWidth;
+    return (fits && !options.empty() ? options.c_str() : "[OPTIONS]") + arguments;
 }
 
 bool asksForHelp(int argc, char** argv) {

@@ -1,5 +1,6 @@
 #include <kelpkit/Definition.h>
 
+#include "help.h"
 #include "rules.h"
 
 namespace Kelpkit {
@@ -21,6 +22,7 @@ rules::Tool described(const Definition& definition) {
     tool.banner = definition.banner;
     tool.version = definition.version;
     tool.optionalArguments = definition.optionalArguments;
+    tool.madeUsage = usageOf(definition);
     return tool;
 }
 

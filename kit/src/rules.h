@@ -37,6 +37,7 @@ struct Tool {
     std::string banner;
     std::string version;
     std::size_t optionalArguments = 0;
+    std::string madeUsage = {};  ///< the usage line that is shown if `usage` is empty
 };
 
 /// An error never works for the user, a warning misleads, a note only asks for a second look.

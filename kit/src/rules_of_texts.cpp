@@ -9,7 +9,6 @@ namespace Kelpkit::rules {
 
 namespace {
 
-constexpr std::size_t screenWidth = 79;
 constexpr std::size_t shortestName = 4;
 
 /// Names that Windows gives to devices, with any extension.
@@ -32,12 +31,6 @@ bool isFileName(std::string_view name) {
     });
     return !name.empty() && std::all_of(name.begin(), name.end(), portable) && name.front() != '-' &&
            name.front() != '.' && name.front() != '_' && name.front() != '+' && name.back() != '.' && !isDevice;
-}
-
-/// Returns the number of characters of a UTF-8 text.
-std::size_t lengthOf(std::string_view text) {
-    return static_cast<std::size_t>(std::count_if(
-        text.begin(), text.end(), [](char each) { return (static_cast<unsigned char>(each) & 0xC0U) != 0x80U; }));
 }
 
 /// Checks a text that the help screen shows on one line.
@@ -96,8 +89,8 @@ void checkTexts(const Tool& tool, std::vector<Finding>& findings) {
     }
     const std::string margin = "  " + tool.name + " ";
     checkLine(margin, tool.example, "example", findings);
-    const std::string usage = tool.usage.empty() ? usageFrom(tool.arguments, tool.optionalArguments) : tool.usage;
-    // The names in a usage line of the library's have a rule of their own.
+    const std::string& usage = tool.usage.empty() ? tool.madeUsage : tool.usage;
+    // The names in a usage line that is made have rules of their own.
     if (!tool.usage.empty() || isPrintable(usage)) {
         checkLine(margin, usage, "usage", findings);
     }

@@ -13,7 +13,8 @@ The blocks of a page are used in order:
 - console: lines "$ command", each with its output below. Every command must succeed. Colours are removed; the command itself
   must make other control characters visible.
 - any other block below "`name`:" is that file. C and C++ files are compiled to a program of the same name, linked with the
-  library and the kit. A program of the same name in the folder examples has to have the same text.
+  library and the kit. A program of the same name in the folder examples has to have the same text. The help screen of a tool
+  of the kit has to show what its options take.
 - a part of a program: a hidden comment above it, "around name.cpp", contains the rest, with @@ in place of the block.
 - a block that is not run: a hidden comment above it contains "not run: " and the reason.
 """
@@ -77,6 +78,9 @@ class Home:
         output, status = self.run([
             self.environment[compiler], *shlex.split(self.environment.get(flags, "")), standard, *WARNINGS,
             f"-I{self.prefix}/include", name, "-o", path.stem, f"-L{self.library}", "-lkelpkit", "-lkelplib"])
+        if not status and "Kelpkit::run(" in text and (self.prefix / "bin/kelp-check").exists():
+            output, _ = self.run(["kelp-check", "-s", path.stem])
+            status = "value-unknown" in output
         return output if status else ""
 
 

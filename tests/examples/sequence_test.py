@@ -13,7 +13,7 @@ SCREEN = (
     b"\n"
     b"\033[36mPrints numbered names, one a line.\033[0m\n"
     b"\033[36mUsage:\033[0m\n"
-    b"  sequence [OPTIONS] \n"
+    b"  sequence [-r=RANGE] [-s=STEP] [-w=WIDTH] [-b=BEFORE] [-a=AFTER] [-o=OUTPUT]\n"
     b"\n"
     b"\033[36mOptions:\033[0m\n"
     b"  \033[34m-a, --after:\033[0m the text after the number\n"

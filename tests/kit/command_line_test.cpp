@@ -355,19 +355,58 @@ TEST(CommandLine, AsksForTheVersionInEitherForm) {
     EXPECT_FALSE(asks(tool, ""));
 }
 
-TEST(CommandLine, UsageNamesOptionalArguments) {
-    const Kelp::Argument one("ONE", "", false);
-    const Kelp::Argument more("MORE", "", true);
-    Definition tool = definition({one, more});
-    EXPECT_EQ(Kelpkit::usageOf(tool), "");
-    tool.optionalArguments = 1;
-    EXPECT_EQ(Kelpkit::usageOf(tool), "[OPTIONS] ONE [MORE...]");
-    tool.optionalArguments = 3;
-    EXPECT_EQ(Kelpkit::usageOf(tool), "[OPTIONS] [ONE] [MORE...]");
-    tool.usage = "ONE or MORE";
-    EXPECT_EQ(Kelpkit::usageOf(tool), "ONE or MORE");
-    tool.optionalArguments = 0;
-    EXPECT_EQ(Kelpkit::usageOf(tool), "ONE or MORE");
+TEST(CommandLine, UsageShowsOptionsAndArguments) {
+    using Options = std::vector<Kelp::Option>;
+    using Arguments = std::vector<Kelp::Argument>;
+    constexpr bool value = Kelpkit::takesValue;
+    constexpr bool flag = Kelpkit::isSwitch;
+    const Options known{{"-h", "--help", "", flag}, {"-V", "--Verbose", "", flag}};
+    const Arguments two{{"ONE", "", false}, {"MORE", "", true}};
+    const struct {
+        Options options;
+        Arguments arguments;
+        std::size_t optional;
+        std::string usage;
+    } cases[] = {
+        {{}, {}, 0, "[OPTIONS]"},
+        {known, {}, 0, "[OPTIONS]"},
+        {{}, two, 0, "[OPTIONS] ONE MORE..."},
+        {known, two, 1, "[OPTIONS] ONE [MORE...]"},
+        {known, two, 3, "[OPTIONS] [ONE] [MORE...]"},
+        {{{"-f", "--force", "", flag}}, {}, 0, "[-f]"},
+        {{{"-n", "--number", "", value}}, two, 0, "[-n=NUMBER] ONE MORE..."},
+        {{{"-n", "--number", "", value}, known[0], {"-f", "", "", flag}, known[1]},
+         two,
+         1,
+         "[-n=NUMBER] [-f] ONE [MORE...]"},
+        {{{"-m", "--Max-count_2", "", value}}, {}, 0, "[-m=MAX-COUNT_2]"},
+        {{{"-m", "", "", value}}, {}, 0, "[-m=VALUE]"},
+        {{{"-m", "--", "", value}}, {}, 0, "[-m=VALUE]"},
+        {{{"-m", "--a|b", "", value}}, {}, 0, "[-m=VALUE]"},
+        {{{"-g", "--gr\u00f6sse", "", value}}, {}, 0, "[-g=VALUE]"},
+        // With the same letters as -h, --help and -v, --verbose
+        {{{"-h", "--help", "", value}}, {}, 0, "[-h=HELP]"},
+        {{{"-h", "--hash", "", flag}, {"-x", "--help", "", flag}}, {}, 0, "[-h] [-x]"},
+        {{{"-v", "--volume", "", value}, {"-v", "--version", "", flag}}, {}, 0, "[-v=VOLUME] [-v]"},
+    };
+    for (const auto& row : cases) {
+        Definition tool = definition(row.arguments, row.optional);
+        tool.options = row.options;
+        EXPECT_EQ(Kelpkit::usageOf(tool), row.usage);
+        tool.usage = "ONE or MORE";
+        EXPECT_EQ(Kelpkit::usageOf(tool), "ONE or MORE");
+    }
+}
+
+TEST(CommandLine, UsageShowsOptionsInOneLine) {
+    // "  lines [-n=NUMBER] " precedes the argument.
+    Definition tool{"lines", "", {{"-n", "--number", "", Kelpkit::takesValue}}, {{std::string(59, 'X'), "", false}}};
+    EXPECT_EQ(Kelpkit::usageOf(tool), "[-n=NUMBER] " + std::string(59, 'X'));
+    tool.arguments[0].name += 'X';
+    EXPECT_EQ(Kelpkit::usageOf(tool), "[OPTIONS] " + std::string(60, 'X'));
+    // A character of two bytes
+    tool.arguments[0].name = std::string(58, 'X') + "\u00c4";
+    EXPECT_EQ(Kelpkit::usageOf(tool), "[-n=NUMBER] " + std::string(58, 'X') + "\u00c4");
 }
 
 TEST(CommandLine, IgnoresTheCaseOfLettersAlone) {

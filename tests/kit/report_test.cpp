@@ -79,6 +79,11 @@ Change both(const Change& first, const Change& second) {
     };
 }
 
+void oneSwitch(Definition& tool) {
+    tool.options.erase(tool.options.begin(), tool.options.begin() + 2);
+    tool.example = "notes.txt";
+}
+
 void oneOptionalArgument(Definition& tool) {
     tool.optionalArguments = 1;
 }
@@ -387,6 +392,9 @@ const Case textCases[] = {
     {"too-long", argument(std::string(48, 'x'), true), ""},
     {"too-long", both(argument(std::string(50, 'x')), oneOptionalArgument), "note too-long usage" + tooLong},
     {"too-long", both(argument(std::string(49, 'x')), oneOptionalArgument), ""},
+    // "  firstlines [-q] " precedes it.
+    {"too-long", both(oneSwitch, argument(std::string(57, 'x'))), "note too-long usage" + tooLong},
+    {"too-long", both(oneSwitch, argument(std::string(56, 'x'))), ""},
     {"too-long", set(&Definition::banner, std::string(80, 'x')), "note too-long banner" + tooLong},
     {"too-long", set(&Definition::version, std::string(69, 'x')), "note too-long version" + tooLong},
     {"too-long", set(&Definition::version, std::string(68, 'x')), ""},

@@ -27,7 +27,8 @@ struct Definition {
     /// Each is required once; the last one once or more often if it is repeated.
     std::vector<Kelp::Argument> arguments = {};
     std::string example = {};  ///< the text after the tool's name in the example line
-    /// The text after the tool's name in the usage line; by default "[OPTIONS]" and the names of the arguments.
+    /// The text after the tool's name in the usage line. By default it shows the options and arguments, as in "[-n=NUMBER] [-f] FILE",
+    /// or if the line would have more than 79 characters, "[OPTIONS] FILE". -h, --help and -v, --verbose are not in it.
     std::string usage = {};
     std::string banner = {};            ///< the line below the tool's name in the banner
     std::string version = {};           ///< printed for --version, which is refused without it unless it is an option

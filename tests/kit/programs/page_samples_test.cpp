@@ -18,24 +18,25 @@ using namespace Kelpkit::programs;
 using page_samples::Definition;
 
 /// Returns the help screen of a tool without the kit.
-HelpScreen screenOf(const Definition& tool) {
+/// \param end  of the usage line that is made of the arguments: a blank by the library, nothing by the kit
+HelpScreen screenOf(const Definition& tool, const std::string& end) {
     HelpScreen screen{tool.name, tool.banner, tool.description, tool.usage, {}, {}, tool.example};
     for (const Kelp::Option& option : tool.options) {
         screen.options.push_back({option.shortFlag, option.longFlag, option.description});
     }
-    std::string usage = "[OPTIONS] ";
+    std::string usage = "[OPTIONS]";
     for (const Kelp::Argument& argument : tool.arguments) {
         screen.arguments.push_back({argument.name, argument.description});
-        usage += argument.name + (argument.repeated ? "... " : " ");
+        usage += " " + argument.name + (argument.repeated ? "..." : "");
     }
-    screen.usage = tool.usage.empty() ? usage : tool.usage;
+    screen.usage = tool.usage.empty() ? usage + end : tool.usage;
     return screen;
 }
 
 /// Returns the findings of kelp-check for a saved screen, but for what only a definition says.
-std::string findings(const Definition& tool) {
+std::string findings(const Definition& tool, const std::string& end = " ") {
     const std::string file = testing::TempDir() + "kelp_page_sample_" + std::to_string(std::random_device()());
-    std::ofstream(file, std::ios::binary) << render(screenOf(tool));
+    std::ofstream(file, std::ios::binary) << render(screenOf(tool, end));
     const HelpScreen screen = readScreen(file, true, std::nullopt);
     std::filesystem::remove(file);
     std::string text;
@@ -52,6 +53,7 @@ TEST(KelpCheck, FindsInScreensWhatReportFindsInDefinitions) {
         // A tool of the kit may answer --version, so the screen alone does not tell.
         const bool isVersion = each.rule == std::string("version-letter");
         EXPECT_EQ(findings(sample), isVersion ? "" : report(sample)) << each.rule;
+        EXPECT_EQ(findings(sample, ""), findings(sample)) << each.rule;
         Definition neighbour = page_samples::pageTool.second;
         each.neighbour(neighbour);
         EXPECT_EQ(findings(neighbour), "") << each.rule;
