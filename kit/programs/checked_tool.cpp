@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <set>
+#include <stdexcept>
 #include <string>
 
 #include "ascii_case.h"
@@ -32,6 +33,26 @@ std::size_t optionalCount(const std::vector<DescribedArgument>& arguments) {
     return count;
 }
 
+/// Returns what a definition says of an option; none if it is not known.
+std::optional<bool> definedValue(const ObservedTool* observed, const std::string& shortForm) {
+    if (observed == nullptr) {
+        return std::nullopt;
+    }
+    const auto found = observed->takesValue.find(lowerCase(shortForm));
+    return found == observed->takesValue.end() ? std::nullopt : std::optional(found->second);
+}
+
+void requireFitting(const std::vector<Hint>& hints, const ObservedTool* observed) {
+    for (const Hint& hint : hints) {
+        const std::string form = std::string("-") + hint.letter;
+        const std::optional<bool> defined = definedValue(observed, form);
+        if (defined && *defined != takesValue(hint.value.takes)) {
+            throw std::runtime_error("the hint " + form.substr(1) + " does not fit " + form + ", " +
+                                     (*defined ? "which takes a value" : "a switch"));
+        }
+    }
+}
+
 }  // namespace
 
 rules::Tool checkedTool(const HelpScreen& screen, const std::vector<Hint>& hints, const ObservedTool* observed) {
@@ -40,6 +61,7 @@ rules::Tool checkedTool(const HelpScreen& screen, const std::vector<Hint>& hints
         whole.options = observed->options;
     }
     DescribedTool described = describe(whole, hints);
+    requireFitting(hints, observed);
     rules::Tool tool{screen.name, screen.description, {}, {}, screen.example, screen.usage, screen.banner, "", 0};
     // A tool of the kit answers --version without showing it. Only a tool that hands its own command line to the library refuses it.
     tool.version = observed != nullptr && observed->ownsCommandLine ? "" : "?";
@@ -50,6 +72,8 @@ rules::Tool checkedTool(const HelpScreen& screen, const std::vector<Hint>& hints
         std::optional<bool> value = takesValue(option.takes);
         if (!value && (isDropped || isAnswered)) {
             value = false;  // no finding that it is unknown
+        } else if (value && !isDropped) {
+            value = definedValue(observed, option.shortForm).value_or(*value);
         }
         tool.options.push_back({option.shortForm, option.longForm, option.text, value});
     }
@@ -61,7 +85,6 @@ rules::Tool checkedTool(const HelpScreen& screen, const std::vector<Hint>& hints
     const std::string made = usageWithoutOptions(described.arguments);
     if (screen.usage == made || screen.usage == made + " ") {
         tool.usage.clear();
-        tool.madeUsage = made;
     }
     tool.optionalArguments = optionalCount(described.arguments);
     return tool;

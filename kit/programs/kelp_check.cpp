@@ -67,6 +67,18 @@ Observation observeRuns(const Subject& subject, const HelpScreen& screen, std::c
     return observation;
 }
 
+/// Checks that a tool of the kit is defined with the name of its program.
+void checkDefinedName(const Subject& subject, const std::string& name, std::vector<Finding>& findings) {
+    try {
+        const std::string defined = definedName(subject.source);
+        if (defined != name) {
+            findings.push_back({Kelpkit::rules::Id::otherName, defined});
+        }
+    } catch (const std::runtime_error&) {
+        // It does something else under another name.
+    }
+}
+
 std::vector<Finding> check(const Subject& subject) {
     const auto start = std::chrono::steady_clock::now();
     const HelpScreen screen = readScreen(subject.source, subject.isSaved, subject.name);
@@ -88,6 +100,9 @@ std::vector<Finding> check(const Subject& subject) {
     }
     if (observed != nullptr) {
         checkObservation(*observed, observation, findings);
+        if (observed->isOfKit) {
+            checkDefinedName(subject, screen.name, findings);
+        }
     }
     return findings;
 }

@@ -6,6 +6,8 @@
 #include <optional>
 #include <utility>
 
+#include "ascii_case.h"
+
 namespace Kelpkit::programs {
 
 namespace {
@@ -86,8 +88,15 @@ private:
          [](ObservedTool& tool, const Fields& fields) {
              tool.isFull = fields[2] == "full";
              tool.ownsCommandLine = fields[3] == "own";
+             tool.isOfKit = tool.isFull && fields[3] == "kit";
          }},
-        {"option", 5, [](ObservedTool& tool, const Fields& fields) { tool.options.push_back(optionOf(fields)); }},
+        {"option", 6,
+         [](ObservedTool& tool, const Fields& fields) {
+             tool.options.push_back(optionOf(fields));
+             if (tool.isOfKit) {
+                 tool.takesValue.try_emplace(lowerCase(fields[2]), fields[5] == "marked");
+             }
+         }},
         {"argument", 5,
          [](ObservedTool& tool, const Fields& fields) {
              tool.arguments.push_back({fields[2], fields[3], fields[4] == "repeated"});

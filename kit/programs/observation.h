@@ -1,6 +1,7 @@
 #ifndef KELPKIT_PROGRAMS_OBSERVATION_H
 #define KELPKIT_PROGRAMS_OBSERVATION_H
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,10 +21,12 @@ struct ObservedArgument {
 struct ObservedTool {
     bool isFull = false;                      ///< whether the full constructor was called
     bool ownsCommandLine = false;             ///< whether the constructor was handed the command line of the program
+    bool isOfKit = false;                     ///< whether the kit called the constructor
     std::vector<HelpScreen::Option> options;  ///< all that were registered before the command line was checked
     std::vector<ObservedArgument> arguments;
     std::vector<HelpScreen::Option> lateOptions;  ///< registered after it
     std::vector<std::string> names;               ///< that it was asked for
+    std::map<std::string, bool> takesValue;       ///< in a tool of the kit, by the short forms in lower case
     bool asksVerbose = false;
     bool asksOutput = false;
 };
@@ -40,7 +43,7 @@ struct Observation {
     std::vector<ReaderQuery> queries;
 };
 
-/// Reads a report; see observer_report.h. A text that is no report gives an observation without tools.
+/// Reads a report; see observer_report.h. A text that is not a report gives an observation without tools.
 Observation readReport(std::string_view report);
 
 /// Returns whether a tool asks for options, also for verbose mode and output files, or registers them late.

@@ -51,10 +51,15 @@ Options registered(const ObservedTool& tool) {
     return options;
 }
 
+/// Whether an option has a name as its long form, or as one of its forms without the dashes.
+bool hasOtherName(const Options& options, const std::string& name) {
+    return hasLongForm(options, name) || hasShortForm(options, "-" + name) || hasLongForm(options, "--" + name);
+}
+
 void checkNames(const ObservedTool& tool, const Options& options, std::vector<Finding>& findings) {
     for (const std::string& name : tool.names) {
         if (!hasShortForm(options, name)) {
-            findings.push_back({hasLongForm(options, name) ? Id::askedByLongName : Id::askedUnregistered, name});
+            findings.push_back({hasOtherName(options, name) ? Id::askedByLongName : Id::askedUnregistered, name});
         }
     }
 }
@@ -69,13 +74,26 @@ std::string keyOf(const std::string& flag) {
     return std::string("-") + flag[isLong ? 2 : 1];
 }
 
+/// Checks a query of a value whose names have no dash, so that it finds nothing.
+void checkPlainNames(const ReaderQuery& query, const std::set<std::string>& letters, std::vector<Finding>& findings) {
+    const auto name = std::find_if(query.names.begin(), query.names.end(),
+                                   [&](const std::string& each) { return letters.count(lowerCase("-" + each)) != 0; });
+    if (query.isValue && name != query.names.end()) {
+        findings.push_back({Id::askedByLongName, *name});
+    }
+}
+
 /// Checks a query of a reader, which finds a value by a name of two characters, and a token by one that passed the check of the flags.
 void checkQuery(const ReaderQuery& query, const std::set<std::string>& letters, std::vector<Finding>& findings) {
     const auto canMatch = [&](const std::string& name) { return isFlag(name) && (!query.isValue || name.size() == 2); };
     const auto isKnown = [&](const std::string& name) { return letters.count(lowerCase(keyOf(name))) != 0; };
     const auto flag = std::find_if(query.names.begin(), query.names.end(), isFlag);
     const auto isFound = [&](const std::string& name) { return canMatch(name) && isKnown(name); };
-    if (flag == query.names.end() || std::any_of(query.names.begin(), query.names.end(), isFound)) {
+    if (flag == query.names.end()) {
+        checkPlainNames(query, letters, findings);
+        return;
+    }
+    if (std::any_of(query.names.begin(), query.names.end(), isFound)) {
         return;
     }
     const bool isLongName = std::none_of(query.names.begin(), query.names.end(), canMatch) && isKnown(*flag);

@@ -24,6 +24,9 @@ void add(Event fields);
 /// Whether a command line is that of this process.
 bool isOwn(int argc, char** argv);
 
+/// Returns whose a command line is: "own", "kit" for the one with which the kit shows a help screen, or "other".
+std::string_view ownerOf(int argc, char** argv);
+
 /// Notes whether the command line of a reader is that of this process.
 void noteReader(const void* reader, bool isOwn);
 

@@ -100,6 +100,15 @@ bool isOwn(int argc, char** argv) {
     return isSame;
 }
 
+std::string_view ownerOf(int argc, char** argv) {
+    if (isOwn(argc, argv)) {
+        return "own";
+    }
+    const bool isOfKit = argc == 2 && argv[0] != nullptr && argv[1] != nullptr && report().argumentCount > 0 &&
+                         std::string_view(argv[0]) == report().arguments[0] && std::string_view(argv[1]) == ".";
+    return isOfKit ? "kit" : "other";
+}
+
 [[gnu::noinline]] void* next() {
     Dl_info caller{};
     void* function = nullptr;

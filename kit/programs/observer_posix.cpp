@@ -17,19 +17,20 @@ std::string nameOf(const void* object) {
     return std::to_string(reinterpret_cast<std::uintptr_t>(object));
 }
 
-std::string optionText(std::string_view kind, const std::string& object, const Kelp::Option& option) {
-    return textOf({kind, object, option.shortFlag, option.longFlag, option.description});
+std::string optionText(const std::string& object, const Kelp::Option& option) {
+    return textOf(
+        {"option", object, option.shortFlag, option.longFlag, option.description, option.marker ? "marked" : "not"});
 }
 
 std::string toolText(const void* object, std::string_view constructor, int argc, char** argv) {
-    return textOf({"tool", nameOf(object), constructor, isOwn(argc, argv) ? "own" : "other"});
+    return textOf({"tool", nameOf(object), constructor, ownerOf(argc, argv)});
 }
 
 std::string optionTexts(const void* object, const std::vector<Kelp::Option>& options) {
     const std::string name = nameOf(object);
     std::string text;
     for (const Kelp::Option& option : options) {
-        text += optionText("option", name, option);
+        text += optionText(name, option);
     }
     return text;
 }
@@ -72,7 +73,7 @@ CommandLineTool::CommandLineTool(int argc, char** argv, std::string description)
 
 CommandLineTool::CommandLineTool(int argc, char** argv, std::string description, const Kelp::Option& option) {
     auto* const library = nextAs<void(void*, int, char**, std::string*, const Kelp::Option&)>(next());
-    addTool(toolText(this, "short", argc, argv) + optionText("option", nameOf(this), option));
+    addTool(toolText(this, "short", argc, argv) + optionText(nameOf(this), option));
     library(this, argc, argv, &description, option);
 }
 
@@ -80,8 +81,7 @@ CommandLineTool::CommandLineTool(int argc, char** argv, std::string description,
                                  const Kelp::Option& second) {
     auto* const library =
         nextAs<void(void*, int, char**, std::string*, const Kelp::Option&, const Kelp::Option&)>(next());
-    addTool(toolText(this, "short", argc, argv) + optionText("option", nameOf(this), first) +
-            optionText("option", nameOf(this), second));
+    addTool(toolText(this, "short", argc, argv) + optionText(nameOf(this), first) + optionText(nameOf(this), second));
     library(this, argc, argv, &description, first, second);
 }
 

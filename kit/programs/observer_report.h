@@ -10,8 +10,8 @@
 /// A report is a sequence of events, and an event is a field that consists of fields:
 ///
 ///     kind, fields after it                                     the tool
-///     tool, OBJECT, full or short, own or other                 calls a constructor, with its own command line or another
-///     option, OBJECT, SHORT, LONG, TEXT                         has passed this option to the constructor
+///     tool, OBJECT, full or short, own or kit or other          calls a constructor, with its own command line or another
+///     option, OBJECT, SHORT, LONG, TEXT, marked or not          has passed this option to the constructor
 ///     argument, OBJECT, NAME, TEXT, repeated or once            has passed this argument
 ///     late, OBJECT, SHORT, LONG, TEXT                           registers an option after the constructor
 ///     asks, OBJECT, NAME                                        asks for an option

@@ -81,6 +81,10 @@ HelpScreen askTool(const std::string& program, const std::string& name) {
 
 }  // namespace
 
+std::string definedName(const std::string& program) {
+    return parse(readHelp(program, "-")).name;
+}
+
 HelpScreen readScreen(const std::string& source, bool isSaved, const std::optional<std::string>& name) {
     try {
         return isSaved ? readSavedScreen(source, name) : askTool(source, name ? *name : plainName(source));

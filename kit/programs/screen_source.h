@@ -15,6 +15,10 @@ namespace Kelpkit::programs {
 /// \throws std::runtime_error  "bin/tool: not a kelplib help screen: line 7: expected ...", and what readHelp() throws
 HelpScreen readScreen(const std::string& source, bool isSaved, const std::optional<std::string>& name);
 
+/// Returns the name in the definition of a tool of the kit, which its help screen shows if its program path is not one.
+/// \throws std::runtime_error  what readScreen() throws
+std::string definedName(const std::string& program);
+
 }  // namespace Kelpkit::programs
 
 #endif

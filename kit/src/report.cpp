@@ -22,8 +22,17 @@ rules::Tool described(const Definition& definition) {
     tool.banner = definition.banner;
     tool.version = definition.version;
     tool.optionalArguments = definition.optionalArguments;
-    tool.madeUsage = usageOf(definition);
     return tool;
+}
+
+/// Returns the line of a finding, with less weight on what happens in a tool without the kit: a misread long form is a warning,
+/// and a short name is nothing.
+std::string reported(const rules::Finding& finding) {
+    if (finding.rule == rules::Id::shortName) {
+        return "";
+    }
+    const bool isMilder = finding.rule == rules::Id::longLetter;
+    return lineOf(finding, isMilder ? rules::Severity::warning : severityOf(finding)) + "\n";
 }
 
 }  // namespace
@@ -31,7 +40,7 @@ rules::Tool described(const Definition& definition) {
 std::string report(const Definition& definition) {
     std::string text;
     for (const rules::Finding& finding : rules::check(described(definition))) {
-        text += rules::lineOf(finding) + "\n";
+        text += reported(finding);
     }
     return text;
 }

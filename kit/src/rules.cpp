@@ -19,7 +19,8 @@ constexpr Rule allRules[count] = {
     {Id::shortForm, Severity::error, "short-form", "the library refuses every command line with this short form",
      R"(use "-" and one ASCII letter)"},
     {Id::longLetter, Severity::error, "long-letter",
-     "the library reads this long form as the option of its first letter", "let both forms begin with the same letter"},
+     "a tool without the kit reads this long form as the option of its first letter",
+     "let both forms begin with the same letter"},
     {Id::longForm, Severity::error, "long-form", "no command line can contain this long form",
      R"(use "--" and a name without blanks and "=")"},
     {Id::emptyLong, Severity::warning, "empty-long",
@@ -27,7 +28,7 @@ constexpr Rule allRules[count] = {
      "give it a long form"},
     {Id::helpTaken, Severity::error, "help-taken", "the tool answers with its help screen instead",
      "keep -h and --help for the help, as a switch"},
-    {Id::noHelp, Severity::warning, "no-help", "the help screen does not mention how it is called",
+    {Id::noHelp, Severity::warning, "no-help", "the help screen does not list the option that shows it",
      "list the option -h, --help"},
     {Id::verboseTaken, Severity::warning, "verbose-taken", "the option also switches verbose mode on",
      "keep -v and --verbose for verbose mode, as a switch"},
@@ -41,7 +42,7 @@ constexpr Rule allRules[count] = {
     {Id::noOutput, Severity::error, "no-output",
      "the tool asks for output files, but the library refuses -o and prints an error", "list the option -o, --output"},
     {Id::askedByLongName, Severity::error, "asked-by-long-name",
-     "the tool asks for this name, which the library never finds", "ask for the short form"},
+     "the tool asks for this name, which the library never finds", "ask for the short form, such as -n"},
     {Id::askedUnregistered, Severity::error, "asked-unregistered",
      "the tool asks for this option, but the library refuses it", "list the option, or do not ask for it"},
     {Id::lateOption, Severity::error, "late-option",
@@ -76,6 +77,8 @@ constexpr Rule allRules[count] = {
     {Id::shortName, Severity::note, "short-name",
      "on Windows a tool without the kit cannot show its help screen when it is started by its path without .exe",
      "use at least four letters"},
+    {Id::otherName, Severity::warning, "other-name", "the messages of the tool show this name, not that of the program",
+     "give the definition the name of the program"},
 };
 
 constexpr bool followsEnumeration() {
@@ -102,14 +105,18 @@ Severity severityOf(const Finding& finding) {
     return allRules[static_cast<std::size_t>(finding.rule)].severity;
 }
 
-std::string lineOf(const Finding& finding) {
+std::string lineOf(const Finding& finding, Severity severity) {
     const Rule& rule = allRules[static_cast<std::size_t>(finding.rule)];
-    std::string line(nameOf(rule.severity));
+    std::string line(nameOf(severity));
     line.append(" ").append(rule.name);
     if (!finding.subject.empty()) {
         line.append(" ").append(printable(finding.subject));
     }
     return line.append(": ").append(rule.consequence).append("; ").append(rule.cure);
+}
+
+std::string lineOf(const Finding& finding) {
+    return lineOf(finding, severityOf(finding));
 }
 
 std::vector<Finding> check(const Tool& tool) {

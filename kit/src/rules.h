@@ -37,10 +37,9 @@ struct Tool {
     std::string banner;
     std::string version;
     std::size_t optionalArguments = 0;
-    std::string madeUsage = {};  ///< the usage line that is shown if `usage` is empty
 };
 
-/// An error never works for the user, a warning misleads, a note only asks for a second look.
+/// With an error, what the definition promises cannot work; a warning misleads; a note only asks for a second look.
 enum class Severity { error, warning, note };
 
 /// In the order of the table.
@@ -75,8 +74,9 @@ enum class Id {
     tooLong,
     fileName,
     shortName,
+    otherName,
 };
-inline constexpr std::size_t count = static_cast<std::size_t>(Id::shortName) + 1;
+inline constexpr std::size_t count = static_cast<std::size_t>(Id::otherName) + 1;
 
 struct Rule {
     Id id;
@@ -99,6 +99,7 @@ struct Finding {
 Severity severityOf(const Finding& finding);
 
 /// Returns the finding as a line: "error same-letter -n: CONSEQUENCE; CURE". The subject is made printable().
+std::string lineOf(const Finding& finding, Severity severity);
 std::string lineOf(const Finding& finding);
 
 /// Returns all findings: those of the options in their order, then those of the lines and the texts.
@@ -123,6 +124,15 @@ bool isPrintable(const std::string& text);
 
 /// Whether a character may be in the name of an argument: an ASCII letter or digit, "-" or "_".
 bool isWordCharacter(char character);
+
+/// Whether a text can be read as the name of an argument: a letter, then word characters.
+bool isArgumentName(std::string_view name);
+
+/// Whether the tool answers a word with its help screen or its version, whatever else is on the command line.
+bool isAnswered(const Tool& tool, std::string_view word);
+
+/// Whether an option exists and takes a value exactly if it is written with one. `option` is null if no option has the name.
+bool fits(const Option* option, bool hasValue);
 
 /// Returns the form of an option that names it in findings.
 const std::string& nameOf(const Option& option);

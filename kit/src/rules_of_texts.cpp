@@ -20,10 +20,6 @@ bool isLetter(char character) {
     return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
 }
 
-bool isArgumentName(std::string_view name) {
-    return !name.empty() && isLetter(name.front()) && std::all_of(name.begin(), name.end(), isWordCharacter);
-}
-
 bool isFileName(std::string_view name) {
     const auto portable = [](char each) { return isWordCharacter(each) || each == '.' || each == '+'; };
     const bool isDevice = std::any_of(std::begin(devices), std::end(devices), [name](std::string_view device) {
@@ -58,6 +54,10 @@ bool isWordCharacter(char character) {
     return isLetter(character) || (character >= '0' && character <= '9') || character == '-' || character == '_';
 }
 
+bool isArgumentName(std::string_view name) {
+    return !name.empty() && isLetter(name.front()) && std::all_of(name.begin(), name.end(), isWordCharacter);
+}
+
 void checkArguments(const Tool& tool, std::vector<Finding>& findings) {
     std::set<std::string> names;
     for (const Argument& argument : tool.arguments) {
@@ -87,12 +87,10 @@ void checkTexts(const Tool& tool, std::vector<Finding>& findings) {
     if (tool.example.empty()) {
         findings.push_back({Id::noExample, ""});
     }
-    const std::string margin = "  " + tool.name + " ";
-    checkLine(margin, tool.example, "example", findings);
-    const std::string& usage = tool.usage.empty() ? tool.madeUsage : tool.usage;
-    // The names in a usage line that is made have rules of their own.
-    if (!tool.usage.empty() || isPrintable(usage)) {
-        checkLine(margin, usage, "usage", findings);
+    checkLine("  " + tool.name + " ", tool.example, "example", findings);
+    // A usage line may be as long as the options demand.
+    if (!isPrintable(tool.usage)) {
+        findings.push_back({Id::controlCharacter, "usage"});
     }
     checkLine("", tool.banner, "banner", findings);
     checkLine(tool.name + " ", tool.version, "version", findings);

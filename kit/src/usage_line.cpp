@@ -64,7 +64,7 @@ public:
         int depth = 0;
         for (std::size_t i = 0; i < mentions.size(); ++i) {
             depth += depthChanges[i];
-            UsageLine::Argument& argument = line.arguments[mentions[i].name];
+            UsageLine::Argument& argument = line.arguments[argumentOf(mentions[i].name)];
             argument.optional = argument.optional && depth > 0;
             argument.repeated = argument.repeated || mentions[i].isRepeated;
         }
@@ -97,6 +97,11 @@ private:
         }
         return contains(blanks, character) || contains(closings, character) ||
                (contains(openings, character) && (character != '[' || next != '='));
+    }
+    /// Returns the argument that a word names: NAME for NAME=TEXT.
+    std::string argumentOf(const std::string& name) const {
+        const std::string first = name.substr(0, name.find('='));
+        return known.count(name) == 0 && known.count(first) != 0 ? first : name;
     }
     void closeGroup() {
         if (groups.back().isOptional) {

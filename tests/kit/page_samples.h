@@ -51,7 +51,7 @@ inline const PageSample pageSamples[] = {
     {"verbose-taken", CODE(tool.options.emplace_back("-v", "--vertical", "in columns", isSwitch)),
      CODE(tool.options.emplace_back("-v", "--verbose", "print each step", isSwitch))},
     {"version-letter", CODE(tool.options.emplace_back("-V", "--version", "print the version", isSwitch)),
-     CODE(tool.version = "1.2.0")},
+     CODE(tool.version = "1.2.0"; tool.options.emplace_back("-V", "--version", "print the version", isSwitch))},
     {"output-letter", CODE(tool.options[1] = {"-o", "--offset", "the first line", takesValue}),
      CODE(tool.options[1] = {"-o", "--outfile", "write to this file", takesValue})},
     {"digit", CODE(tool.options.emplace_back("-3", "--3-columns", "in columns", isSwitch)),

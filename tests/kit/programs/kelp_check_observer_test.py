@@ -21,7 +21,7 @@ FINDINGS = {
     "no-output": "error no-output: the tool asks for output files, but the library refuses -o and prints an error; list the "
                  "option -o, --output",
     "asked-by-long-name": "error asked-by-long-name --number: the tool asks for this name, which the library never finds; ask "
-                          "for the short form",
+                          "for the short form, such as -n",
     "asked-unregistered": "error asked-unregistered -q: the tool asks for this option, but the library refuses it; list the "
                           "option, or do not ask for it",
     "late-option": "error late-option -v: the tool registers this option after the constructor, which refuses it; pass it to the "
@@ -99,9 +99,10 @@ class Rules(ObserverTest):
         self.assertEqual((status, errors), (1, ""))
         self.assertEqual([line.split(":")[0] for line in output.splitlines()],
                          ["error no-verbose", "error no-output", "error late-option -g", "error late-option -i",
-                          "error asked-by-long-name --help", "error asked-unregistered -a", "error asked-unregistered -b",
+                          "error asked-by-long-name --help", "error asked-unregistered -a", "error asked-by-long-name h",
+                          "error asked-by-long-name number", "error asked-unregistered -b",
                           "error asked-unregistered -c", "error asked-by-long-name --number",
-                          "error asked-unregistered --depth", "error asked-unregistered -e", "error asked-unregistered -f"])
+                          "error asked-unregistered --depth", "error asked-by-long-name n", "error asked-unregistered -e", "error asked-unregistered -f"])
 
     def test_other_command_line(self):
         status, output, errors = self.check_tool("other-line", "-a=.")
@@ -117,6 +118,21 @@ class Definitions(ObserverTest):
         # The screen alone may be that of a tool of the kit, which answers it.
         status, output, errors = self.check_tool("version", "-t=v")
         self.assertEqual((status, output.split(":")[0], output.count("\n"), errors), (0, "warning version-letter -V", 1, ""))
+
+    def test_definition_of_the_kit(self):
+        status, output, errors = self.check_tool("kits")
+        self.assertEqual((status, [line.split(":")[0] for line in output.splitlines()], errors),
+                         (0, ["warning usage-names -n", "warning usage-names -q"], ""))
+        self.assertEqual(self.check_tool("kits", "-t=n=LINES,q")[0::2], (0, ""))
+        for hint, end in ("n", "-n, which takes a value"), ("q=TEXT", "-q, a switch"):
+            self.assertEqual(self.check_tool("kits", "-t=" + hint),
+                             (1, "", f"kelp-check: the hint {hint[0]} does not fit {end}\n"))
+
+    def test_defined_name(self):
+        name = "warning other-name kelp-check: the messages of the tool show this name, not that of the program; give the " \
+               "definition the name of the program\n"
+        self.assertEqual(self.check("-n=other", KELP_CHECK), (0, name, ""))
+        self.assertEqual(self.check("-s", KELP_CHECK), (0, "", ""))
 
     def test_constructors(self):
         # The screen shows one option -h; the other ones are seen in the constructors.

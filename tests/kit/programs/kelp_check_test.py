@@ -124,8 +124,8 @@ class SavedScreens(KelpCheckTest):
 
     def test_line(self):
         self.assertEqual(self.check_screen(SCREEN.replace("-n, --number", "-n, --lines")),
-                         (1, "error long-letter --lines: the library reads this long form as the option of its first letter; let "
-                             "both forms begin with the same letter\n", ""))
+                         (1, "error long-letter --lines: a tool without the kit reads this long form as the option of its first "
+                             "letter; let both forms begin with the same letter\n", ""))
 
     def test_hints(self):
         text = SCREEN.replace("[-n=LINES] ", "").replace("-n=3 ", "")

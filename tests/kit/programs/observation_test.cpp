@@ -24,8 +24,8 @@ std::string event(const std::vector<std::string>& fields) {
 }
 
 const std::string report =
-    event({"tool", "1", "full", "own"}) + event({"option", "1", "-n", "--number", "how many"}) +
-    event({"option", "1", "-N", "--name", ""}) + event({"argument", "1", "FILE", "a text", "repeated"}) +
+    event({"tool", "1", "full", "own"}) + event({"option", "1", "-n", "--number", "how many", "marked"}) +
+    event({"option", "1", "-N", "--name", "", "not"}) + event({"argument", "1", "FILE", "a text", "repeated"}) +
     event({"late", "1", "-q", "--quick", "fast"}) + event({"asks", "1", "-n"}) + event({"verbose", "1"}) +
     event({"output", "1"}) + event({"token", "-n", "--number"}) + event({"value", "-n", ""});
 
@@ -42,13 +42,30 @@ TEST(Observation, ReadsAReport) {
     EXPECT_EQ(tool.lateOptions[0].text, "fast");
     EXPECT_EQ(tool.names, std::vector<std::string>{"-n"});
     EXPECT_FALSE(read.tools[1].isFull || read.tools[1].ownsCommandLine || read.tools[1].asksVerbose);
+    EXPECT_FALSE(tool.isOfKit);
+    EXPECT_TRUE(tool.takesValue.empty());
     ASSERT_EQ(read.queries.size(), 2U);
     EXPECT_FALSE(read.queries[0].isValue);
     EXPECT_TRUE(read.queries[1].isValue);
 }
 
+TEST(Observation, OnlyTheKitSaysWhatOptionsTake) {
+    const auto toolOf = [](const std::string& constructor, const std::string& owner) {
+        return readReport(event({"tool", "1", constructor, owner}) + event({"option", "1", "-N", "", "", "marked"}) +
+                          event({"option", "1", "-q", "", "", "not"}) + event({"option", "1", "-n", "", "", "not"}))
+            .tools.front();
+    };
+    EXPECT_EQ(toolOf("full", "kit").takesValue, (std::map<std::string, bool>{{"-n", true}, {"-q", false}}));
+    EXPECT_TRUE(toolOf("full", "kit").isOfKit);
+    for (const auto& [constructor, owner] : {std::pair("short", "kit"), {"full", "own"}, {"full", "other"}}) {
+        EXPECT_TRUE(toolOf(constructor, owner).takesValue.empty());
+        EXPECT_FALSE(toolOf(constructor, owner).isOfKit);
+    }
+}
+
 TEST(Observation, AsksForOptions) {
-    const std::string tool = event({"tool", "1", "full", "own"}) + event({"option", "1", "-n", "--number", "how many"});
+    const std::string tool =
+        event({"tool", "1", "full", "own"}) + event({"option", "1", "-n", "--number", "how many", "not"});
     EXPECT_FALSE(asksForOptions(readReport("")));
     EXPECT_FALSE(asksForOptions(readReport(tool)));
     for (const std::string& asking :

@@ -26,14 +26,14 @@ using Arguments = std::vector<Kelp::Argument>;
 
 struct Step {
     const char* text;
-    std::function<void(Options& options, Arguments& arguments)> change;
+    std::function<void(Options& options, Arguments& arguments, std::string& usage)> change;
     std::function<void(CommandLineTool& tool, Kelp::OptionReader& reader, FilePath& file, std::string& value)> use;
 };
 
-#define CHANGE(...)                                                                                                    \
-    Step {                                                                                                             \
-#__VA_ARGS__, []([[maybe_unused]] Options & options, [[maybe_unused]] Arguments & arguments) { __VA_ARGS__; }, \
-        {}                                                                                                             \
+#define CHANGE(...)                                                                                  \
+    Step {                                                                                           \
+#__VA_ARGS__, []([[maybe_unused]] Options & options, [[maybe_unused]] Arguments & arguments, \
+                         [[maybe_unused]] std::string & usage) { __VA_ARGS__; }, {}                  \
     }
 #define USE(...)                                                                                                      \
     Step {                                                                                                            \
@@ -58,18 +58,19 @@ const Sample samples[] = {
      USE(reader.getValue("-n", "--number", value, 1)), false},
     {"late-option", USE(tool.registerOption({"-v", "--verbose", "print each step", false})),
      CHANGE(options.emplace_back("-v", "--verbose", "print each step", false)), false},
-    {"file-demanded", CHANGE(arguments.clear()), CHANGE(arguments[0].repeated = true), false},
+    {"file-demanded", CHANGE(arguments.clear(); usage = "[-n=LINES]"),
+     CHANGE(arguments[0].repeated = true; usage = "[-n=LINES] [FILE...]"), false},
 };
 
 /// What the tool of the page does.
 int play(int argc, char** argv, const Step& step, const Step& calls) {
     Options options{{"-n", "--number", "how many lines to show", true}, {"-h", "--help", "show this help", false}};
     Arguments arguments{{"FILE", "a text", false}};
+    std::string usage = "[-n=LINES] [FILE]";
     if (step.change) {
-        step.change(options, arguments);
+        step.change(options, arguments, usage);
     }
-    CommandLineTool tool(argc, argv, "Shows the first lines of a text.", "[-n=LINES] [FILE]", "-n=3", "", options,
-                         arguments);
+    CommandLineTool tool(argc, argv, "Shows the first lines of a text.", usage, "-n=3", "", options, arguments);
     Kelp::OptionReader reader(argc, argv);
     FilePath file("a.txt");
     std::string value;
@@ -115,13 +116,15 @@ int playQueries(int argc, char** argv) {
         reader.hasOption("-n", "--number", 1);
         reader.hasOption("--number", "", 1);
         reader.hasOption("/n", "n", 1);
+        reader.getValue("x", "y", value, 1);
+        reader.getValue("n", "-n", value, 1);
         reader.hasOption(Kelp::Option("-o", "--output", "", true), 1);
         std::vector<FilePath> files{file};
         tool.getOutFiles(files, 1);
         tool.getOutFile(file);
         tool.print(tool.isVerbose() ? "yes" : "no");
     };
-    const auto change = [](Options& options, Arguments&) {
+    const auto change = [](Options& options, Arguments&, std::string&) {
         options.emplace_back("-O", "--output", "write to this file", true);
         options.emplace_back("-V", "--verbose", "print each step", false);
     };
@@ -141,6 +144,10 @@ int playVainQueries(int argc, char** argv) {
         reader.getValue(std::string("-c"), std::string("--colour"), value, 1);
         reader.getValue("--number", "", value, 1);
         reader.getValue("--depth", "", value, 1);
+        reader.getValue("n", "number", number, 1);
+        reader.getValue("y", "n", value, 1);
+        tool.hasOption("h", 1);
+        tool.hasOption("number", 1);
         reader.hasOption("-e", "--each", 1);
         reader.hasOption(Kelp::Option("-f", "--fast", "", false), 1);
         Options late{{"-g", "--group", "a group", true}, {"-i", "--index", "an index", true}};
@@ -209,10 +216,25 @@ int playTwoSteps(int argc, char** argv) {
     return EXIT_SUCCESS;
 }
 
+/// Shows its help screen as the kit does, and marks its options otherwise than the usage line shows them.
+int playKit(int, char** argv) {
+    Options options{{"-n", "--number", "how many lines to show", true},
+                    {"-q", "--quiet", "no messages", false},
+                    {"-h", "--help", "show this help", false}};
+    Arguments arguments{{"FILE", "a text", false}};
+    std::string path = argv[0] == std::string("-") ? "kits" : argv[0];
+    std::string file = ".";
+    char* line[] = {path.data(), file.data()};
+    const CommandLineTool tool(2, line, "Is like one of the kit.", "[-n] [-q=TEXT] FILE", "a.txt", "", options,
+                               arguments);
+    tool.printUsage();
+}
+
 const std::map<std::string, int (*)(int, char**)> behaviours{
-    {"plain", playPlain},     {"other-line", playOtherLine}, {"dropped", playDropped}, {"version", playVersion},
-    {"queries", playQueries}, {"vain", playVainQueries},     {"short0", playShort},    {"short1", playShort},
-    {"short2", playShort},    {"short3", playShort},         {"derived", playDerived}, {"steps", playTwoSteps}};
+    {"kits", playKit},        {"-", playKit},           {"plain", playPlain},     {"other-line", playOtherLine},
+    {"dropped", playDropped}, {"version", playVersion}, {"queries", playQueries}, {"vain", playVainQueries},
+    {"short0", playShort},    {"short1", playShort},    {"short2", playShort},    {"short3", playShort},
+    {"derived", playDerived}, {"steps", playTwoSteps}};
 
 const char* const reportVariable = "KELPLIB_OBSERVER_REPORT";
 
