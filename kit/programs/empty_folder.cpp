@@ -2,6 +2,7 @@
 
 #include <kelpkit/Files.h>
 
+#include <cstdlib>
 #include <random>
 #include <string>
 #include <system_error>
@@ -46,6 +47,10 @@ EmptyFolder::EmptyFolder() {
     const std::string name = "kelp-doc-" + std::to_string(random()) + "-" + std::to_string(random());
     std::error_code reason;
     folder = std::filesystem::temp_directory_path(reason);
+    if (const char* const chosen = std::getenv("TMPDIR"); reason && chosen != nullptr && *chosen == '\0') {
+        folder = "/tmp";
+        reason.clear();
+    }
     if (!reason) {
         folder = std::filesystem::absolute(folder / name, reason);
     }

@@ -49,16 +49,28 @@ void report(const Subject& subject, const std::string& text) {
     std::cerr << Kelpkit::printable("kelp-check: " + subject.source + ": " + text) << "\n";
 }
 
+/// Observes a run. Returns what the tool of the screen does in it.
+Observation observeRun(const Subject& subject, const HelpScreen& screen, const std::vector<std::string>& arguments,
+                       const RunLimits& limits) {
+    const Observation all = observe({subject.source, screen.name, arguments}, limits);
+    if (!all.isWhole) {
+        report(subject, "what was observed is damaged or longer than " + std::to_string(limits.bytes) +
+                            " bytes; the rest is not checked");
+    }
+    return ofScreen(all, screen);
+}
+
 /// Observes the runs of a tool, which end within the rest of its time.
 Observation observeRuns(const Subject& subject, const HelpScreen& screen, std::chrono::steady_clock::time_point start) {
     RunLimits limits;
     const auto used = std::chrono::steady_clock::now() - start;
     limits.time -= std::min(limits.time, std::chrono::duration_cast<std::chrono::milliseconds>(used));
-    Observation observation = observe({subject.source, screen.name, helpRequest()}, limits);
+    Observation observation = observeRun(subject, screen, helpRequest(), limits);
     if (subject.arguments) {
-        const Run run{subject.source, screen.name, Kelpkit::shellWords(*subject.arguments)};
-        const Observation other = observe(run, RunLimits());
-        if (!other.tools.empty() && !asksForOptions(other)) {
+        const Observation other = observeRun(subject, screen, Kelpkit::shellWords(*subject.arguments), RunLimits());
+        if (other.tools.empty()) {
+            report(subject, "it was not observed in the run with -a, which may have ended early");
+        } else if (!asksForOptions(other)) {
             report(subject, "it asked for no option in the run with -a, which may have ended early");
         }
         observation.tools.insert(observation.tools.end(), other.tools.begin(), other.tools.end());
@@ -89,16 +101,17 @@ std::vector<Finding> check(const Subject& subject) {
         problem =
             "the tool cannot be observed: it may be linked statically, or built for another processor or C++ library";
     }
-    const ObservedTool* const observed = findTool(observation, screen);
-    if (!subject.isSaved && observed == nullptr) {
+    const std::optional<ObservedTool> observed = findTool(observation, screen);
+    if (!subject.isSaved && !observed) {
         report(subject, "only the help screen is checked; " + problem);
     }
-    std::vector<Finding> findings = Kelpkit::rules::check(checkedTool(screen, subject.hints, observed));
+    std::vector<Finding> findings =
+        Kelpkit::rules::check(checkedTool(screen, subject.hints, observed ? &*observed : nullptr));
     if (isOfShortConstructor(screen.banner)) {
         const auto hasNoExample = [](const Finding& each) { return each.rule == Kelpkit::rules::Id::noExample; };
         findings.erase(std::remove_if(findings.begin(), findings.end(), hasNoExample), findings.end());
     }
-    if (observed != nullptr) {
+    if (observed) {
         checkObservation(*observed, observation, findings);
         if (observed->isOfKit) {
             checkDefinedName(subject, screen.name, findings);

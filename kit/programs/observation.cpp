@@ -47,6 +47,10 @@ class Reader {
 public:
     /// Returns whether it was an event.
     bool add(const Fields& fields) {
+        if (fields.size() == 2 && fields.front() == "process") {
+            process = fields[1];
+            return true;
+        }
         const auto* const kind = std::find_if(kinds.begin(), kinds.end(), [&](const Kind& each) {
             return fields.size() == each.fields && fields.front() == each.name;
         });
@@ -55,22 +59,23 @@ public:
         }
         const bool isTool = kind == kinds.begin();
         if (isTool) {
-            latest[fields[1]] = observation.tools.size();
-            observation.tools.emplace_back();
+            latest[{process, fields[1]}] = observation.tools.size();
+            observation.tools.emplace_back().process = process;
         }
         const bool isQuery = kind->addTo == nullptr;
         if (isQuery) {
-            observation.queries.push_back({fields[0] == "value", {fields[1], fields[2]}});
+            observation.queries.push_back({process, fields[0] == "value", {fields[1], fields[2]}});
             return true;
         }
-        const auto tool = latest.find(fields[1]);
+        const auto tool = latest.find({process, fields[1]});
         if (tool != latest.end()) {
             kind->addTo(observation.tools[tool->second], fields);
         }
         return tool != latest.end();
     }
 
-    Observation take() {
+    Observation take(bool isWhole) {
+        observation.isWhole = isWhole;
         return std::move(observation);
     }
 
@@ -113,7 +118,9 @@ private:
     }};
 
     Observation observation;
-    std::map<std::string, std::size_t> latest;  ///< the position of the last tool of each object
+    std::string process;  ///< that of the next events
+    std::map<std::pair<std::string, std::string>, std::size_t>
+        latest;  ///< the position of the last tool of each object
 };
 
 }  // namespace
@@ -123,10 +130,10 @@ Observation readReport(std::string_view report) {
     while (!report.empty()) {
         const std::optional<std::string_view> event = cutField(report);
         if (!event || !reader.add(fieldsOf(*event))) {
-            return {};
+            return reader.take(false);
         }
     }
-    return reader.take();
+    return reader.take(true);
 }
 
 }  // namespace Kelpkit::programs

@@ -2,6 +2,7 @@
 #define KELPKIT_PROGRAMS_OBSERVATION_H
 
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,6 +20,7 @@ struct ObservedArgument {
 
 /// A CommandLineTool in a run of a tool.
 struct ObservedTool {
+    std::string process;
     bool isFull = false;                      ///< whether the full constructor was called
     bool ownsCommandLine = false;             ///< whether the constructor was handed the command line of the program
     bool isOfKit = false;                     ///< whether the kit called the constructor
@@ -33,6 +35,7 @@ struct ObservedTool {
 
 /// A query of an OptionReader.
 struct ReaderQuery {
+    std::string process;
     bool isValue = false;  ///< whether it was a query of a value
     std::vector<std::string> names;
 };
@@ -41,19 +44,23 @@ struct ReaderQuery {
 struct Observation {
     std::vector<ObservedTool> tools;
     std::vector<ReaderQuery> queries;
+    bool isWhole = true;  ///< whether the report consists of events
 };
 
-/// Reads a report; see observer_report.h. A text that is not a report gives an observation without tools.
+/// Reads a report up to the first text that is not an event; see observer_report.h.
 Observation readReport(std::string_view report);
 
 /// Returns whether a tool asks for options, also for verbose mode and output files, or registers them late.
 bool asksForOptions(const Observation& observation);
 
-/// Returns the last tool with the options and arguments of a help screen; null if there is none.
-const ObservedTool* findTool(const Observation& observation, const HelpScreen& screen);
+/// Returns what happened in the processes that constructed a tool with the options and arguments of a help screen, not in
+/// other programs that they have started.
+Observation ofScreen(const Observation& observation, const HelpScreen& screen);
+
+/// Returns the last tool with the options and arguments of a help screen; it asks for what any of them does.
+std::optional<ObservedTool> findTool(const Observation& observation, const HelpScreen& screen);
 
 /// Appends the findings that only a run shows, each once.
-/// \param tool  one of the observation
 void checkObservation(const ObservedTool& tool, const Observation& observation, std::vector<rules::Finding>& findings);
 
 }  // namespace Kelpkit::programs

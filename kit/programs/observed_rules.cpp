@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <set>
 #include <utility>
@@ -32,6 +33,26 @@ std::vector<ShownOption> shown(const Options& options) {
 bool areEqual(const std::vector<ObservedArgument>& observed, const std::vector<HelpScreen::Argument>& arguments) {
     return std::equal(observed.begin(), observed.end(), arguments.begin(), arguments.end(),
                       [](const auto& a, const auto& b) { return a.name == b.name && a.text == b.text; });
+}
+
+/// Returns the tools with the options and arguments of a help screen, the last one first.
+std::vector<const ObservedTool*> toolsOf(const Observation& observation, const HelpScreen& screen) {
+    const std::vector<ShownOption> options = shown(screen.options);
+    std::vector<const ObservedTool*> result;
+    for (auto tool = observation.tools.rbegin(); tool != observation.tools.rend(); ++tool) {
+        if (areEqual(tool->arguments, screen.arguments) && shown(tool->options) == options) {
+            result.push_back(&*tool);
+        }
+    }
+    return result;
+}
+
+/// Adds what another tool asks for.
+void addQuestions(ObservedTool& tool, const ObservedTool& other) {
+    tool.names.insert(tool.names.end(), other.names.begin(), other.names.end());
+    tool.lateOptions.insert(tool.lateOptions.end(), other.lateOptions.begin(), other.lateOptions.end());
+    tool.asksVerbose = tool.asksVerbose || other.asksVerbose;
+    tool.asksOutput = tool.asksOutput || other.asksOutput;
 }
 
 bool hasShortForm(const Options& options, const std::string& form) {
@@ -136,13 +157,28 @@ bool asksForOptions(const Observation& observation) {
            });
 }
 
-const ObservedTool* findTool(const Observation& observation, const HelpScreen& screen) {
-    const std::vector<ShownOption> options = shown(screen.options);
-    const auto found =
-        std::find_if(observation.tools.rbegin(), observation.tools.rend(), [&](const ObservedTool& tool) {
-            return areEqual(tool.arguments, screen.arguments) && shown(tool.options) == options;
-        });
-    return found == observation.tools.rend() ? nullptr : &*found;
+Observation ofScreen(const Observation& observation, const HelpScreen& screen) {
+    std::set<std::string> processes;
+    for (const ObservedTool* const tool : toolsOf(observation, screen)) {
+        processes.insert(tool->process);
+    }
+    Observation result{{}, {}, observation.isWhole};
+    const auto isIts = [&](const auto& each) { return processes.count(each.process) != 0; };
+    std::copy_if(observation.tools.begin(), observation.tools.end(), std::back_inserter(result.tools), isIts);
+    std::copy_if(observation.queries.begin(), observation.queries.end(), std::back_inserter(result.queries), isIts);
+    return result;
+}
+
+std::optional<ObservedTool> findTool(const Observation& observation, const HelpScreen& screen) {
+    std::optional<ObservedTool> result;
+    for (const ObservedTool* const tool : toolsOf(observation, screen)) {
+        if (result) {
+            addQuestions(*result, *tool);
+        } else {
+            result = *tool;
+        }
+    }
+    return result;
 }
 
 void checkObservation(const ObservedTool& tool, const Observation& observation, std::vector<Finding>& findings) {

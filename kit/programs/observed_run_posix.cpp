@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <optional>
 #include <stdexcept>
+#include <string_view>
 #include <system_error>
 
 #include "empty_folder.h"
@@ -40,10 +41,17 @@ std::filesystem::path observerFile() {
 /// The file of a report. The tool may do anything with its name; what it holds is read from this one.
 class ReportFile {
 public:
-    explicit ReportFile(const std::filesystem::path& name)
+    /// Reserves the space where the system can, as the observer has nowhere to complain.
+    ReportFile(const std::filesystem::path& name, std::size_t most)
         : file(open(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR)) {
         if (file == -1) {
             fail("cannot create " + name.string(), std::error_code(errno, std::generic_category()));
+        }
+        const bool isReserved = fallocate(file, FALLOC_FL_KEEP_SIZE, 0, static_cast<off_t>(most)) == 0;
+        if (!isReserved && (errno == ENOSPC || errno == EDQUOT)) {
+            const std::error_code reason(errno, std::generic_category());
+            close(file);
+            fail("cannot write " + name.string(), reason);
         }
     }
     ~ReportFile() {
@@ -54,18 +62,18 @@ public:
     ReportFile(ReportFile&&) = delete;
     ReportFile& operator=(ReportFile&&) = delete;
 
-    /// Returns the report; an empty text if it is longer than `most`.
+    /// Returns the report; more than `most` bytes of it if it is longer.
     std::string read(std::size_t most) const {
         std::string text;
         std::array<char, 65536> buffer{};
         while (text.size() <= most) {
             const ssize_t count = pread(file, buffer.data(), buffer.size(), static_cast<off_t>(text.size()));
             if (count <= 0) {
-                return text;
+                break;
             }
             text.append(buffer.data(), static_cast<std::size_t>(count));
         }
-        return {};
+        return text;
     }
 
 private:
@@ -119,9 +127,13 @@ std::string observationProblem() {
 Observation observe(const Run& run, const RunLimits& limits) {
     const EmptyFolder folder;
     const std::filesystem::path link = folder.path() / observerName;
-    std::filesystem::create_symlink(observerFile(), link);
+    std::error_code reason;
+    std::filesystem::create_symlink(observerFile(), link, reason);
+    if (reason) {
+        fail("cannot create " + link.string(), reason);
+    }
     const std::filesystem::path name = folder.path() / "report";
-    const ReportFile report(name);
+    const ReportFile file(name, limits.bytes);
     try {
         const Variable preload("LD_PRELOAD", listWith("LD_PRELOAD", preloadName(link)));
         // AddressSanitizer of gcc 12 otherwise ends the tool, because the observer is loaded before it.
@@ -131,7 +143,10 @@ Observation observe(const Run& run, const RunLimits& limits) {
     } catch (const std::runtime_error&) {
         // What it has reported before counts.
     }
-    return readReport(report.read(limits.bytes));
+    const std::string report = file.read(limits.bytes);
+    Observation observation = readReport(std::string_view(report).substr(0, limits.bytes));
+    observation.isWhole = observation.isWhole && report.size() <= limits.bytes;
+    return observation;
 }
 
 }  // namespace Kelpkit::programs

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstdlib>
 #include <mutex>
 #include <set>
@@ -17,6 +18,7 @@ namespace {
 
 struct Report {
     std::string name;  ///< of its file; empty if there is none
+    std::string process;
     int argumentCount = 0;
     char** arguments = nullptr;
     std::mutex mutex;
@@ -33,13 +35,17 @@ Report& report() {
     if (const char* const path = std::getenv(reportVariable)) {
         report().name = path;
     }
+    const auto now = std::chrono::steady_clock::now().time_since_epoch().count();
+    report().process = std::to_string(getpid()) + "-" + std::to_string(now);
     report().argumentCount = argc;
     report().arguments = argv;
 }
 
-/// Opens the file each time, as tools may close descriptors. A report that does not arrive is missed by its reader.
-void append(const std::string& text) {
+/// Opens the file each time, as tools may close descriptors. Writes once, as other processes may write. A report that does not
+/// arrive is missed by its reader.
+void append(const std::string& events) {
     const int errorNumber = errno;
+    const std::string text = textOf({"process", report().process}) + events;
     const std::string& name = report().name;
     const int file = name.empty() ? -1 : open(name.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC | O_NOFOLLOW);
     if (file != -1) {

@@ -10,6 +10,7 @@
 /// A report is a sequence of events, and an event is a field that consists of fields:
 ///
 ///     kind, fields after it                                     the tool
+///     process, PROCESS                                          is in this process, until the next event of this kind
 ///     tool, OBJECT, full or short, own or kit or other          calls a constructor, with its own command line or another
 ///     option, OBJECT, SHORT, LONG, TEXT, marked or not          has passed this option to the constructor
 ///     argument, OBJECT, NAME, TEXT, repeated or once            has passed this argument
@@ -20,7 +21,8 @@
 ///     token, NAME, NAME                                         asks an OptionReader for a flag
 ///     value, NAME, NAME                                         asks an OptionReader for a value
 ///
-/// OBJECT names a CommandLineTool, until the next constructor of the same OBJECT.
+/// OBJECT names a CommandLineTool of the process, until the next constructor of the same OBJECT. A program that replaces itself
+/// (exec) gets another PROCESS; a copy of it (fork) does not.
 
 namespace Kelpkit::programs {
 

@@ -32,7 +32,7 @@ public:
 
     bool hasEnded() const;
 
-    /// Kills what is left of its process group, and waits for it. To be called once.
+    /// Kills what is left of its process group, and waits for it, on Linux at most half a second. To be called once.
     /// \returns an empty text for exit status 0, otherwise for example "ended with exit status 3"
     std::string finish();
 

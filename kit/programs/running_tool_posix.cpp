@@ -169,9 +169,13 @@ bool RunningTool::hasEnded() const {
 }
 
 std::string RunningTool::finish() {
+    constexpr int pauses = 50;
+    constexpr int milliseconds = 10;
     int status = 0;
     kill(-handles->process, SIGKILL);
-    while (waitpid(handles->process, &status, 0) == -1 && errno == EINTR) {
+    // A tool that has become another user cannot be killed.
+    for (int i = 0; i < pauses && waitpid(handles->process, &status, WNOHANG) == 0; ++i) {
+        poll(nullptr, 0, milliseconds);
     }
     handles->process = -1;
     if (WIFSIGNALED(status)) {

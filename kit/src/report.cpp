@@ -1,6 +1,5 @@
 #include <kelpkit/Definition.h>
 
-#include "help.h"
 #include "rules.h"
 
 namespace Kelpkit {

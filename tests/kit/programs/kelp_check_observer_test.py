@@ -4,8 +4,10 @@
 import concurrent.futures
 import os
 import pathlib
+import re
 import shutil
 import signal
+import subprocess
 import sys
 import tempfile
 import time
@@ -33,10 +35,12 @@ DROPPED = "error same-letter -N: an earlier option has this letter, so this one 
 UNSEEN = f"kelp-check: {OBSERVED}: only the help screen is checked; the tool cannot be observed: it may be " \
          "linked statically, or built for another processor or C++ library\n"
 SILENT = f"kelp-check: {OBSERVED}: it asked for no option in the run with -a, which may have ended early\n"
+CUT = f"kelp-check: {OBSERVED}: what was observed is damaged or longer than 1000000 bytes; the rest is not checked\n"
 
-# Tools that disturb the observer, and whether it sees them.
-TRICKS = {"unset": False, "again": True, "moved": False, "closing": True, "flood": False, "garbage": False, "empty": False,
-          "number": False, "fifo": False, "removed": False, "forked": True, "large": False, "killed": False}
+# Tools that disturb the observer, and what kelp-check says.
+TRICKS = {"unset": UNSEEN, "again": "", "moved": UNSEEN, "closing": "", "flood": CUT + UNSEEN, "garbage": CUT + UNSEEN,
+          "empty": CUT + UNSEEN, "number": CUT + UNSEEN, "fifo": UNSEEN, "removed": UNSEEN, "forked": "", "large": UNSEEN,
+          "killed": UNSEEN}
 
 
 class ObserverTest(unittest.TestCase):
@@ -104,6 +108,25 @@ class Rules(ObserverTest):
                           "error asked-unregistered -c", "error asked-by-long-name --number",
                           "error asked-unregistered --depth", "error asked-by-long-name n", "error asked-unregistered -e", "error asked-unregistered -f"])
 
+    def test_two_tools_of_one_screen(self):
+        status, output, errors = self.check_tool("twice", "-a=.")
+        self.assertEqual((status, [line.split(":")[0] for line in output.splitlines()], errors),
+                         (1, ["error no-verbose", "error no-output", "error late-option -l", "error asked-unregistered -q"], ""))
+
+    def test_other_program(self):
+        status, output, errors = self.check_tool("with-other", "-a=.")
+        self.assertEqual((status, [line.split(":")[0] for line in output.splitlines()], errors),
+                         (1, ["error asked-unregistered -r"], ""))
+
+    def test_run_without_tool(self):
+        unseen = SILENT.replace("asked for no option", "was not observed")
+        self.check_tools({("early", "-a=."): (0, "", unseen), ("early", "-a="): (0, "", unseen)})
+
+    def test_long_report(self):
+        finding = "error asked-unregistered -q: the tool asks for this option, but the library refuses it; list the option, or do " \
+                  "not ask for it\n"
+        self.assertEqual(self.check_tool("talkative", "-a=."), (1, finding, CUT))
+
     def test_other_command_line(self):
         status, output, errors = self.check_tool("other-line", "-a=.")
         self.assertEqual((status, [line.split(":")[0] for line in output.splitlines()], errors),
@@ -151,7 +174,7 @@ class Definitions(ObserverTest):
 
 class HardToObserve(ObserverTest):
     def test_tricks(self):
-        self.check_tools({(name,): (0, "", "" if seen else UNSEEN) for name, seen in TRICKS.items()})
+        self.check_tools({(name,): (0, "", errors) for name, errors in TRICKS.items()})
 
     def test_process_that_escapes(self):
         # It holds nothing that kelp-check waits for.
@@ -162,6 +185,49 @@ class HardToObserve(ObserverTest):
         os.kill(int(identity.read_text()), signal.SIGKILL)
         identity.unlink()
         self.assertEqual((status, errors, list(self.folder.iterdir())), (0, b"", []))
+
+    def test_full_disk(self):
+        if subprocess.run(["unshare", "-rm", "true"], stderr=subprocess.DEVNULL, check=False).returncode:
+            self.skipTest("this user may not mount")
+        for options, message in [("size=64k", "cannot write .*/report"), ("nr_inodes=2", "cannot create .*/kelp_observer.so")]:
+            done = subprocess.run(["unshare", "-rm", "sh", "-c", 'mount -t tmpfs -o "$0" none "$1" && shift && exec "$@"', options,
+                                   self.folder, *programs.command(KELP_CHECK, "-n=dropped", OBSERVED)],
+                                  env=self.environment, capture_output=True, timeout=60, check=False)
+            self.assertEqual((done.returncode, done.stdout), (1, b""))
+            self.assertRegex(done.stderr.decode(), f"^kelp-check: {message}: No space left on device\n$")
+
+    @unittest.skipIf(os.geteuid(), "only root can make a set-user-ID tool")
+    def test_tool_that_cannot_be_killed(self):
+        def become_ordinary():
+            os.setgroups([])
+            os.setgid(65534)
+            os.setuid(65534)
+        tool = self.folder.parent / "root"
+        shutil.copy(OBSERVED, tool)
+        tool.chmod(0o4755)
+        self.folder.parent.chmod(0o755)
+        self.folder.chmod(0o777)
+        try:
+            run = subprocess.Popen([KELP_CHECK, tool], cwd=self.folder, env=self.environment, stderr=subprocess.PIPE,
+                                   preexec_fn=become_ordinary)
+        except PermissionError as error:
+            self.skipTest(f"only root can run kelp-check: {error}")
+        with run:
+            child = self.root_child(run)
+            try:
+                run.send_signal(signal.SIGTERM)
+                self.assertEqual((run.communicate(timeout=60)[1], run.returncode), (b"kelp-check: interrupted\n", -signal.SIGTERM))
+            finally:
+                os.kill(child, signal.SIGKILL)
+
+    def root_child(self, run):
+        """Waits until a process has a child of root, and returns it."""
+        while run.poll() is None:
+            for child in pathlib.Path(f"/proc/{run.pid}/task/{run.pid}/children").read_text(encoding="utf-8").split():
+                if re.search(r"^Uid:\t0\t", pathlib.Path(f"/proc/{child}/status").read_text(encoding="utf-8"), re.MULTILINE):
+                    return int(child)
+            time.sleep(0.01)
+        self.skipTest(f"the tool does not run as root: {run.stderr.read()}")
 
     def test_ten_seconds(self):
         started = time.monotonic()

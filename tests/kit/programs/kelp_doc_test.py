@@ -152,6 +152,11 @@ class HostileTools(KelpDocTest):
                                              for reason in ("No such file or directory", "Not a directory")])
 
     @native_only
+    def test_empty_name_of_the_temporary_folder(self):
+        self.environment["TMPDIR"] = ""
+        self.assertEqual(json.loads(self.document("-n=plain", HOSTILE))["name"], "plain")
+
+    @native_only
     def test_ignored_end_of_children(self):
         script = self.script("exit 3")
         self.assertEqual(self.doc(script, preexec_fn=lambda: signal.signal(signal.SIGCHLD, signal.SIG_IGN)),

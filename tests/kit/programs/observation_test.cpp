@@ -75,21 +75,52 @@ TEST(Observation, AsksForOptions) {
     }
 }
 
-TEST(Observation, TheLastToolOfTheScreen) {
-    const Observation read = readReport(report + event({"tool", "2", "short", "own"}) + report);
+TEST(Observation, TheToolsOfTheScreen) {
+    const std::string same = event({"tool", "3", "full", "other"}) +
+                             event({"option", "3", "-n", "--number", "how many", "not"}) +
+                             event({"argument", "3", "FILE", "a text", "once"}) + event({"asks", "3", "-q"});
+    const Observation read = readReport(report + event({"tool", "2", "short", "own"}) + same);
     HelpScreen screen;
-    EXPECT_EQ(findTool(read, screen), &read.tools[1]);
+    ASSERT_TRUE(findTool(read, screen));
+    EXPECT_FALSE(findTool(read, screen)->isFull);
     screen.options = {{"-n", "--number", "how many"}};
-    EXPECT_EQ(findTool(read, screen), nullptr);
+    EXPECT_FALSE(findTool(read, screen));
     screen.arguments = {{"FILE", "a text"}};
-    EXPECT_EQ(findTool(read, screen), &read.tools[2]);
+    const auto tool = findTool(read, screen);
+    ASSERT_TRUE(tool);
+    EXPECT_TRUE(tool->isFull && tool->asksVerbose && tool->asksOutput);
+    EXPECT_FALSE(tool->ownsCommandLine || tool->arguments[0].repeated);
+    EXPECT_EQ(tool->names, (std::vector<std::string>{"-q", "-n"}));
+    ASSERT_EQ(tool->lateOptions.size(), 1U);
+    EXPECT_EQ(tool->lateOptions[0].shortForm, "-q");
     screen.options[0].text = "how few";
-    EXPECT_EQ(findTool(read, screen), nullptr);
-    EXPECT_EQ(findTool({}, {}), nullptr);
+    EXPECT_FALSE(findTool(read, screen));
+    EXPECT_FALSE(findTool({}, {}));
 }
 
-TEST(Observation, RefusesOtherTexts) {
-    EXPECT_TRUE(readReport("").tools.empty());
+TEST(Observation, TheProcessesOfTheScreen) {
+    const std::string other = event({"tool", "1", "short", "own"}) + event({"option", "1", "-n", "--number", "", "not"});
+    const std::string mine = event({"tool", "1", "short", "own"});
+    const std::string first = event({"process", "first"});
+    const std::string second = event({"process", "second"});
+    const Observation read =
+        readReport(first + event({"token", "-a", ""}) + mine + second + other + event({"asks", "1", "-b"}) +
+                   event({"value", "-c", ""}) + first + event({"asks", "1", "-d"}) + event({"value", "-e", ""}) + "x");
+    const Observation its = ofScreen(read, {});
+    ASSERT_EQ(its.tools.size(), 1U);
+    EXPECT_EQ(its.tools[0].names, std::vector<std::string>{"-d"});
+    ASSERT_EQ(its.queries.size(), 2U);
+    EXPECT_EQ(its.queries[0].names[0], "-a");
+    EXPECT_EQ(its.queries[1].names[0], "-e");
+    EXPECT_FALSE(its.isWhole);
+    HelpScreen screen;
+    screen.options = {{"-q", "--quick", ""}};
+    EXPECT_TRUE(ofScreen(read, screen).tools.empty());
+    EXPECT_TRUE(ofScreen(read, screen).queries.empty());
+}
+
+TEST(Observation, StopsAtOtherTexts) {
+    EXPECT_TRUE(readReport("").tools.empty() && readReport("").isWhole && readReport(report).isWhole);
     const std::vector<std::string> wrong{"x",
                                          ":",
                                          "1",
@@ -102,13 +133,14 @@ TEST(Observation, RefusesOtherTexts) {
                                          event({""}),
                                          event({"other"}),
                                          event({"tool"}),
+                                         event({"process"}),
                                          event({"verbose", "2"}),
                                          event({"tool", "1", "full", "own", ""}),
                                          field("4:tool1:1"),
                                          field("4:toolx")};
     for (const std::string& text : wrong) {
-        EXPECT_EQ(readReport(report).tools.size(), 1U);
-        EXPECT_TRUE(readReport(report + text).tools.empty()) << text;
+        EXPECT_EQ(readReport(report + text + report).tools.size(), 1U) << text;
+        EXPECT_FALSE(readReport(report + text).isWhole) << text;
         EXPECT_TRUE(readReport(text + report).tools.empty()) << text;
     }
     for (std::size_t size = 1; size < report.size(); ++size) {

@@ -176,6 +176,69 @@ int playOtherLine(int argc, char** argv) {
     return status;
 }
 
+/// Constructs the tool of the page twice, and asks the first one in vain.
+int playTwice(int argc, char** argv) {
+    const auto use = [argc, argv](CommandLineTool& tool, Kelp::OptionReader&, FilePath& file, std::string&) {
+        playPlain(argc, argv);
+        tool.hasOption("-q", 1);
+        tool.print("reading");
+        tool.getOutFile(file);
+        tool.registerOption({"-l", "--late", "is late", false});
+    };
+    return play(argc, argv, {}, {"", {}, use});
+}
+
+/// Asks in vain for one option, and then for more than a report can hold.
+int playTalkative(int argc, char** argv) {
+    const auto use = [](CommandLineTool& tool, Kelp::OptionReader&, FilePath&, std::string&) {
+        tool.hasOption("-q", 1);
+        tool.hasOption(std::string(1'000'000, 'x'), 1);
+        tool.hasOption("-r", 1);
+    };
+    return play(argc, argv, {}, {"", {}, use});
+}
+
+/// Constructs no tool unless it is asked for help.
+int playEarly(int argc, char** argv) {
+    return argc == 3 ? playPlain(argc, argv) : EXIT_FAILURE;
+}
+
+/// Runs another tool, which asks in vain, and then asks itself, also in a process of its own.
+int playWithOther(int argc, char** argv) {
+    const auto use = [argv](CommandLineTool& tool, Kelp::OptionReader& reader, FilePath&, std::string& value) {
+        if (fork() == 0) {
+            char name[] = "short-vain";
+            char* line[] = {name, argv[1], nullptr};
+            execv("/proc/self/exe", line);
+            std::abort();
+        }
+        wait(nullptr);
+        if (fork() == 0) {
+            reader.getValue("-r", "--rest", value, 1);
+            _exit(EXIT_SUCCESS);
+        }
+        wait(nullptr);
+        tool.hasOption("-n", 1);
+    };
+    return play(argc, argv, {}, {"", {}, use});
+}
+
+/// A tool with options of its own that asks in vain.
+int playShortVain(int argc, char** argv) {
+    const CommandLineTool tool(argc, argv, "Is short.");
+    Kelp::OptionReader reader(argc, argv);
+    std::string value;
+    reader.getValue("-a", "--all", value, 1);
+    return tool.hasOption("-b", 1);
+}
+
+/// Becomes another user, whose processes its caller may not kill.
+int playRoot(int /*argc*/, char** /*argv*/) {
+    setuid(0);
+    std::this_thread::sleep_for(std::chrono::minutes(2));
+    return EXIT_SUCCESS;
+}
+
 /// The other constructors, with the options that they take.
 int playShort(int argc, char** argv) {
     const std::string name = argv[0];
@@ -230,11 +293,26 @@ int playKit(int, char** argv) {
     tool.printUsage();
 }
 
-const std::map<std::string, int (*)(int, char**)> behaviours{
-    {"kits", playKit},        {"-", playKit},           {"plain", playPlain},     {"other-line", playOtherLine},
-    {"dropped", playDropped}, {"version", playVersion}, {"queries", playQueries}, {"vain", playVainQueries},
-    {"short0", playShort},    {"short1", playShort},    {"short2", playShort},    {"short3", playShort},
-    {"derived", playDerived}, {"steps", playTwoSteps}};
+const std::map<std::string, int (*)(int, char**)> behaviours{{"kits", playKit},
+                                                             {"-", playKit},
+                                                             {"plain", playPlain},
+                                                             {"other-line", playOtherLine},
+                                                             {"dropped", playDropped},
+                                                             {"version", playVersion},
+                                                             {"queries", playQueries},
+                                                             {"vain", playVainQueries},
+                                                             {"short0", playShort},
+                                                             {"short1", playShort},
+                                                             {"short2", playShort},
+                                                             {"short3", playShort},
+                                                             {"derived", playDerived},
+                                                             {"steps", playTwoSteps},
+                                                             {"twice", playTwice},
+                                                             {"talkative", playTalkative},
+                                                             {"early", playEarly},
+                                                             {"with-other", playWithOther},
+                                                             {"short-vain", playShortVain},
+                                                             {"root", playRoot}};
 
 const char* const reportVariable = "KELPLIB_OBSERVER_REPORT";
 
