@@ -25,8 +25,9 @@ OTHER = "line_count"
 PROGRAMS = [f"bin/{TOOL}", f"bin/{OTHER}"]
 
 
-def installed(*in_debian):
-    return sorted([*PROGRAMS, *documents(TOOL, *in_debian), *documents(OTHER, *in_debian)])
+def installed(other, *in_debian):
+    """Returns the names of the installed files of the tool and another one."""
+    return sorted(f for name in (TOOL, other) for f in (f"bin/{name}", *documents(name, *in_debian)))
 
 
 def files(folder):
@@ -113,7 +114,7 @@ class Template(InOneFolder):
         self.assertEqual((self.project / f"{TOOL}.screen").read_text(encoding="utf-8"),
                          (ROOT / "examples/template/tally.screen").read_text(encoding="utf-8").replace("tally", TOOL))
         self.assertNotIn("tally", "".join(path.read_text(encoding="utf-8") for path in self.project.iterdir() if path.is_file()))
-        self.assertEqual(files(self.home / ".local"), installed())
+        self.assertEqual(files(self.home / ".local"), installed(OTHER))
         # It finds kelplib, which is installed elsewhere.
         self.assertEqual(self.output(self.home / ".local" / "bin" / TOOL, "--version"), f"{TOOL} 1.0.0\n")
         self.assertEqual(self.output(self.home / ".local" / "bin" / OTHER, "--version"), f"{OTHER} 2.0.0\n")
@@ -144,17 +145,40 @@ class Template(InOneFolder):
         self.built(self.build)
         self.assertTrue(missing.exists())
 
+    def copy_with_odd_values(self, project):
+        """Copies the project, with a name of the other tool that is like those of folders, and with values that CMake takes for
+        false.
+        """
+        shutil.copytree(self.project, project, ignore=shutil.ignore_patterns("build"))
+        for name, new_name in (("CMakeLists.txt", "CMakeLists.txt"), (f"{OTHER}.cpp", "manifest.cpp"), (f"{OTHER}.screen", "no")):
+            text = (project / name).read_text(encoding="utf-8")
+            (project / name).unlink()
+            for old, new in ((f"VERSION 2.0.0 SCREEN {OTHER}.screen", "VERSION 0 TAKES n SCREEN no COMPONENT 0"),
+                             (OTHER, "manifest"), ('{"-m"', '{"-n", "--number", "numbers the lines", Kelpkit::isSwitch}, {"-m"')):
+                text = text.replace(old, new)
+            (project / new_name).write_text(text, encoding="utf-8")
+
     def test_makefiles(self):
         project, staged = self.folder / "it's another tool", self.folder / "staged"
-        shutil.copytree(self.project, project, ignore=shutil.ignore_patterns("build"))
+        self.copy_with_odd_values(project)
         folder = project / "its build"
         self.output("cmake", "-G", "Unix Makefiles", "-S", project, "-B", folder)
         self.output("cmake", folder, "-DCMAKE_INSTALL_PREFIX=/usr")
         self.built(folder)
         written = folder / "documents"
-        self.assertEqual(self.contents(written), self.contents(self.build / "documents"))
+        self.assertEqual({name: text for name, text in self.contents(written).items() if "manifest" not in name},
+                         {name: text for name, text in self.contents(self.build / "documents").items() if OTHER not in name})
+        self.assertEqual(self.output(folder / "manifest", "--version"), "manifest 0\n")
+        self.assertRegex(self.output("ctest", "--test-dir", folder, "-N", "-V"), r"kelp-check\S* .*-t=n\b")
+        self.assertIn("manifest-screen", self.output("ctest", "--test-dir", folder, "-N"))
         self.output("cmake", "--install", folder, DESTDIR=str(staged))
-        self.assertEqual(files(staged / "usr"), installed(os.path.exists("/etc/debian_version")))
+        self.assertEqual(files(staged / "usr"), installed("manifest", os.path.exists("/etc/debian_version")))
+        self.assertIn('components are: "0" "Unspecified"',
+                      self.output("cmake", "--build", folder, "--target", "list_install_components"))
+        # The documents follow a change of the folder.
+        self.output("cmake", folder, "-DCMAKE_INSTALL_DATAROOTDIR=data", "-DCMAKE_INSTALL_PREFIX=/opt")
+        self.output("cmake", "--install", folder, DESTDIR=str(staged))
+        self.assertEqual(files(staged / "opt"), sorted(name.replace("share/", "data/") for name in installed("manifest")))
         before = {name: (written / name).stat().st_mtime_ns for name in files(written)}
         self.built(folder)
         self.assertEqual({name: (written / name).stat().st_mtime_ns for name in files(written)}, before)
@@ -162,6 +186,33 @@ class Template(InOneFolder):
         self.built(folder)
         for name in (f"{TOOL}.screen", f"share/doc/{TOOL}/{TOOL}.md"):
             self.assertIn("the other text", (written / name).read_text(encoding="utf-8"))
+
+    def test_names(self):
+        project, folder = self.folder / "names", self.folder / "build names"
+        project.mkdir()
+        for name, folders, problem in (
+                ("off", "", ""),
+                ("my tool", "", 'tool: "my tool" is not the name of a command; set another OUTPUT_NAME'),
+                ("-tool", "", 'tool: "-tool" is not the name of a command; set another OUTPUT_NAME'),
+                ("documents", "RUNTIME_OUTPUT_DIRECTORY bin", ""),
+                ("documents", "", f"tool: the program and the folder of its documents would both be {folder}/documents; "
+                                  "set another OUTPUT_NAME or RUNTIME_OUTPUT_DIRECTORY")):
+            (project / "CMakeLists.txt").write_text(f"""cmake_minimum_required(VERSION 3.25)
+project(names LANGUAGES CXX)
+find_package(kelplib REQUIRED COMPONENTS kit)
+enable_testing()
+add_executable(tool tool.cpp)
+set_target_properties(tool PROPERTIES OUTPUT_NAME "{name}" {folders})
+kelplib_add_documents(tool)
+kelplib_add_tool_tests(tool)
+""", encoding="utf-8")
+            (project / "tool.cpp").touch()
+            with self.subTest(name, folders=folders):
+                if problem:
+                    self.assertIn(problem, refusal("cmake", "-S", project, "-B", folder, **self.environment))
+                else:
+                    self.output("cmake", "-S", project, "-B", folder)
+                    self.assertRegex(self.output("ctest", "--test-dir", folder, "-N", "-V"), f'-n={name}"')
 
     def test_cross_builds(self):
         """A build is a cross build if CMAKE_SYSTEM_NAME is set."""
