@@ -114,8 +114,12 @@ function(kelplib_add_documents target)
     endif()
     _kelplib_list_documents(${name} documents)
     list(TRANSFORM documents PREPEND ${folder}/)
+    # What a kelp-doc left that was killed would stop every later one.
+    list(TRANSFORM documents APPEND .unfinished OUTPUT_VARIABLE unfinished)
+    list(TRANSFORM documents APPEND .replaced OUTPUT_VARIABLE replaced)
     add_custom_command(OUTPUT ${screen} ${documents}
         COMMAND ${CMAKE_COMMAND} -E make_directory ${folder}
+        COMMAND ${CMAKE_COMMAND} -E rm -f ${screen}.unfinished ${screen}.replaced ${unfinished} ${replaced}
         ${commands}
         COMMAND ${kelp_doc} -a ${options} -o=${folder} -s ${screen}
         DEPENDS ${needed} ${kelp_doc_file} COMMENT "Writing documents about ${name}" VERBATIM)

@@ -183,6 +183,10 @@ class Template(InOneFolder):
         self.built(folder)
         self.assertEqual({name: (written / name).stat().st_mtime_ns for name in files(written)}, before)
         self.change_help(project)
+        # A kelp-doc that was killed leaves such files.
+        for name in (f"{TOOL}.screen", f"share/man/man1/{TOOL}.1"):
+            for suffix in ("unfinished", "replaced"):
+                (written / f"{name}.{suffix}").write_text("", encoding="utf-8")
         self.built(folder)
         for name in (f"{TOOL}.screen", f"share/doc/{TOOL}/{TOOL}.md"):
             self.assertIn("the other text", (written / name).read_text(encoding="utf-8"))
