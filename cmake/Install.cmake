@@ -26,6 +26,8 @@ if(NOT WIN32 AND NOT CMAKE_INSTALL_PREFIX STREQUAL "/usr")
     file(RELATIVE_PATH library_folder ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
     set(KELPLIB_RUN_PATH $ORIGIN/${library_folder})
 endif()
+# For kelplib_install_tool in a project that contains kelplib.
+set_target_properties(kelplib PROPERTIES KELPLIB_RUN_PATH "${KELPLIB_RUN_PATH}")
 
 if(KELPLIB_BUILD_KIT)
     # The kit has an export set of its own, because it is installed apart from the library.

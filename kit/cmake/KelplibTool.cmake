@@ -182,8 +182,9 @@ function(kelplib_add_tool_tests target)
     endif()
 endfunction()
 
-# kelplib_install_tool(TARGET ...): installs the executable and its documents. It finds kelplib where it was linked with it,
-# unless the project sets run paths itself; on Windows, kelplib.dll is installed with it.
+# kelplib_install_tool(TARGET ...): installs the executable and its documents. Unless the project sets run paths itself, the tool
+# finds kelplib where it was linked with it, or if kelplib is built with the project, where KELPLIB_INSTALL=ON installs it. On
+# Windows, the kelplib.dll of a package is installed with the tool.
 function(kelplib_install_tool target)
     _kelplib_read_install_options(options ${target} ${ARGN})
     include(GNUInstallDirs)
@@ -192,6 +193,16 @@ function(kelplib_install_tool target)
     endif()
     install(TARGETS ${target} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} ${options})
     get_target_property(imported kelplib::kelplib IMPORTED)
+    get_property(own_run_path TARGET ${target} PROPERTY INSTALL_RPATH)
+    if(NOT imported AND NOT DEFINED CMAKE_INSTALL_RPATH AND "${own_run_path}" STREQUAL "")
+        get_property(is_installed TARGET kelplib::kelplib PROPERTY KELPLIB_RUN_PATH SET)
+        if(is_installed)
+            get_target_property(run_path kelplib::kelplib KELPLIB_RUN_PATH)
+            set_target_properties(${target} PROPERTIES INSTALL_RPATH "${run_path}")
+        else()
+            message(STATUS "Installs ${target} without kelplib, which needs KELPLIB_INSTALL=ON")
+        endif()
+    endif()
     if(WIN32 AND imported)
         install(FILES $<TARGET_FILE:kelplib::kelplib> DESTINATION ${CMAKE_INSTALL_BINDIR} ${options})
     endif()

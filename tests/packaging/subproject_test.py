@@ -57,7 +57,9 @@ class Subproject(InOneFolder):
         self.addCleanup(output, "cmake", "-DKELPLIB_BUILD_KIT=OFF", "-DKELPLIB_INSTALL=OFF", self.build)
         library = next(self.build.rglob("libkelplib.so.1.0.0"))
         names_without_kit, without_kit = output("nm", "-D", "--defined-only", library), library.read_bytes()
-        output("cmake", "-DKELPLIB_BUILD_KIT=ON", "-DKELPLIB_INSTALL=ON", self.build)
+        self.assertIn("-- Installs tally without kelplib, which needs KELPLIB_INSTALL=ON\n",
+                      output("cmake", "-DKELPLIB_BUILD_KIT=ON", self.build))
+        self.assertNotIn("without kelplib", output("cmake", "-DKELPLIB_INSTALL=ON", self.build))
         output("cmake", "--build", self.build, "--parallel", "2")
         self.check_kit_tool(self.build / "kit_tool")
         self.assertEqual(output("nm", "-D", "--defined-only", library), names_without_kit)
@@ -67,6 +69,7 @@ class Subproject(InOneFolder):
         library_folder = next(prefix.rglob("libkelpkit.a")).parent.relative_to(prefix).as_posix()
         expected = [*kit_files(library_folder), "bin/tally", *documents("tally")]
         self.assertEqual([name for name in expected if name not in files], [])
+        self.assertEqual(output(prefix / "bin" / "tally", "--version"), "tally 1.0.0\n")
         self.assertIn("ninja: no work to do.", output("cmake", "--build", self.build))
         if WAY == "add_subdirectory":
             printed = output("ctest", "--test-dir", self.build)
