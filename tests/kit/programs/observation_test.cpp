@@ -99,7 +99,8 @@ TEST(Observation, TheToolsOfTheScreen) {
 }
 
 TEST(Observation, TheProcessesOfTheScreen) {
-    const std::string other = event({"tool", "1", "short", "own"}) + event({"option", "1", "-n", "--number", "", "not"});
+    const std::string other =
+        event({"tool", "1", "short", "own"}) + event({"option", "1", "-n", "--number", "", "not"});
     const std::string mine = event({"tool", "1", "short", "own"});
     const std::string first = event({"process", "first"});
     const std::string second = event({"process", "second"});

@@ -14,9 +14,9 @@
 
 namespace {
 
+using Kelpkit::Takes;
 using Kelpkit::programs::DescribedTool;
 using Kelpkit::programs::manPage;
-using Kelpkit::Takes;
 namespace fs = std::filesystem;
 
 constexpr const char* date = "November 22, 2026";

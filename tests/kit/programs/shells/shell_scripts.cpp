@@ -14,8 +14,8 @@
 
 namespace {
 
-using Kelpkit::programs::DescribedTool;
 using Kelpkit::Takes;
+using Kelpkit::programs::DescribedTool;
 namespace fs = std::filesystem;
 
 DescribedTool firstlines() {
