@@ -68,6 +68,7 @@ TEST(ManSections, Order) {
         insertManSections(page, ".Sh " + *title + "\n");
     }
     std::vector<std::string> order;
+    order.reserve(page.size());
     for (const ManSection& section : page) {
         order.push_back(section.title);
     }

@@ -139,12 +139,12 @@ TEST(MdocText, Argument) {
         {"LINES", "LINES"},
         {"-number", "\\-number"},
         {"two\n\twords ", "\"two words\""},
-        {"a\"b c", "\"a\\(dqb c\""},
+        {"a\"b c", R"("a\(dqb c")"},
         // Macros
         {"Ar", "\\&Ar"},
         {"Bsx", "\\&Bsx"},
         {"%A", "\\&%A"},
-        {"Op x", "\"\\&Op x\""},
+        {"Op x", R"("\&Op x")"},
         {"D1", "\\&D1"},
         {"Text", "Text"},
         {"n", "n"},
@@ -164,7 +164,7 @@ TEST(MdocText, Argument) {
         {"|", "\\&|"},
         {"=", "="},
         {"FILE...", "FILE...\\&"},
-        {"a b)", "\"a b)\\&\""},
+        {"a b)", R"("a b)\&")"},
         {"\xC3\xA9", "\xC3\xA9\\&"},
     };
     for (const Row& row : rows) {
@@ -188,7 +188,7 @@ TEST(MdocText, Summary) {
         {"Shows lines .", "Shows lines"},
         {"Shows lines (all).", "Shows lines (all)\\&"},
         {"Shows \xC3\xA9", "Shows \xC3\xA9\\&"},
-        {"Ar Op ( No", "\\&Ar \\&Op \\&( \\&No"},
+        {"Ar Op ( No", R"(\&Ar \&Op \&( \&No)"},
         {start, start},
         {start + "w", start + " ...\\&"},
         {"Shows " + start + "w more", "Shows " + start + " ...\\&"},

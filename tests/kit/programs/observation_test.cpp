@@ -71,7 +71,7 @@ TEST(Observation, AsksForOptions) {
     for (const std::string& asking :
          {event({"late", "1", "-q", "--quick", "fast"}), event({"asks", "1", "-n"}), event({"verbose", "1"}),
           event({"output", "1"}), event({"token", "-n", ""}), event({"value", "-n", ""})}) {
-        EXPECT_TRUE(asksForOptions(readReport(tool + asking + tool))) << asking;
+        EXPECT_TRUE(asksForOptions(readReport(std::string(tool).append(asking).append(tool)))) << asking;
     }
 }
 
@@ -140,7 +140,7 @@ TEST(Observation, StopsAtOtherTexts) {
                                          field("4:tool1:1"),
                                          field("4:toolx")};
     for (const std::string& text : wrong) {
-        EXPECT_EQ(readReport(report + text + report).tools.size(), 1U) << text;
+        EXPECT_EQ(readReport(std::string(report).append(text).append(report)).tools.size(), 1U) << text;
         EXPECT_FALSE(readReport(report + text).isWhole) << text;
         EXPECT_TRUE(readReport(text + report).tools.empty()) << text;
     }
