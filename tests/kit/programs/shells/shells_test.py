@@ -224,7 +224,7 @@ class ShellTest(unittest.TestCase):
             path.parent.mkdir(exist_ok=True)
             path.write_text("text\n")
         (shell.home / "target.txt").write_text("text\n")
-        for name in ("sudo", "a-b", "a_b", "only", "short", shell.work / "firstlines"):
+        for name in ("a-b", "a_b", "only", "short", shell.work / "firstlines"):
             shell.add_tool(name)
         return shell
 
