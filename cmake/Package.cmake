@@ -3,7 +3,6 @@ set(CPACK_PACKAGE_NAME kelplib)
 set(CPACK_PACKAGE_VENDOR "The kelplib authors")
 set(CPACK_PACKAGE_CONTACT "The kelplib authors <kelplib@packages.invalid>" CACHE STRING "Maintainer of the packages")
 set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR}/packages)
-set(CPACK_STRIP_FILES ON)
 set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_COMPONENTS_ALL runtime development documentation)
 if(KELPLIB_BUILD_KIT)
@@ -17,11 +16,15 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 # All files get the same date, so that the packages are reproducible.
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/packages/set_dates.cmake)
+# Files that cpack generates for the Debian packages.
+set(CPACK_KELPLIB_DEBIAN_FOLDER ${CMAKE_CURRENT_BINARY_DIR}/debian)
 
 if(WIN32)
     set(CPACK_GENERATOR ZIP)
+    set(CPACK_STRIP_FILES ON)
     set(CPACK_PACKAGE_FILE_NAME kelplib-${PROJECT_VERSION}-windows-x86_64)
     set(CPACK_POST_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/packages/sort_zip.cmake)
+    include(cmake/packages/windows_zip.cmake)
     include(CPack)
     return()
 endif()
@@ -30,17 +33,18 @@ set(CPACK_GENERATOR DEB)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+list(PREPEND CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/packages/finish_debian.cmake)
 
 set(runtime_package libkelplib${PROJECT_VERSION_MAJOR})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${runtime_package})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 # cpack's CPACK_DEBIAN_PACKAGE_SHLIBDEPS would also add scripts that call ldconfig; Debian uses a trigger instead.
-set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_LIST_DIR}/packages/debian_runtime.cmake)
+set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_LIST_DIR}/packages/debian_needed.cmake)
 set(CPACK_KELPLIB_LIBRARY ${CMAKE_CURRENT_BINARY_DIR}/libkelplib.so.${PROJECT_VERSION})
 configure_file(cmake/packages/debian-shlibs.in debian/shlibs @ONLY)
-file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/debian/triggers "activate-noawait ldconfig\n")
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA
-    ${CMAKE_CURRENT_BINARY_DIR}/debian/shlibs ${CMAKE_CURRENT_BINARY_DIR}/debian/triggers)
+file(WRITE ${CPACK_KELPLIB_DEBIAN_FOLDER}/triggers "activate-noawait ldconfig\n")
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${CPACK_KELPLIB_DEBIAN_FOLDER}/shlibs ${CPACK_KELPLIB_DEBIAN_FOLDER}/symbols
+    ${CPACK_KELPLIB_DEBIAN_FOLDER}/triggers)
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "Options, help, checks of the command line, typed values, output paths and
 progress on the console, the same for a whole family of tools.
 This package contains the shared library.")
@@ -80,25 +84,26 @@ kelplib-sequence are small ones. The sources are in libkelplib-doc.")
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_NAME libkelplib-doc)
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SECTION doc)
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
-set(CPACK_DEBIAN_DOCUMENTATION_DESCRIPTION "How to write a tool with the shared library, and how the
-library is built.")
+set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SUGGESTS libkelplib-dev)
+set(CPACK_DEBIAN_DOCUMENTATION_DESCRIPTION "How to write a tool with the shared library and the kit: the guide,
+the reference, and the sources of the example tools.")
 
-find_program(KELPLIB_GZIP gzip)
-if(NOT KELPLIB_GZIP)
-    message(STATUS "Without Debian packages, which need gzip")
-    return()
-endif()
-# Each Debian package contains its licence and changelog; a plain installation leaves them out.
-string(TIMESTAMP package_date "%a, %d %b %Y %H:%M:%S +0000" UTC)
-configure_file(cmake/packages/debian-changelog.in debian/changelog @ONLY)
-configure_file(cmake/packages/debian-copyright.in debian/copyright @ONLY)
-add_custom_command(OUTPUT debian/changelog.gz DEPENDS ${CMAKE_CURRENT_BINARY_DIR}/debian/changelog
-    COMMAND ${KELPLIB_GZIP} -9 -n -c debian/changelog > debian/changelog.gz VERBATIM)
-add_custom_target(debian_changelog ALL DEPENDS debian/changelog.gz)
-foreach(component_name IN LISTS CPACK_COMPONENTS_ALL)
-    string(TOUPPER ${component_name} component)
-    install(FILES ${CMAKE_CURRENT_BINARY_DIR}/debian/copyright ${CMAKE_CURRENT_BINARY_DIR}/debian/changelog.gz
-        DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/${CPACK_DEBIAN_${component}_PACKAGE_NAME}
-        COMPONENT ${component_name} EXCLUDE_FROM_ALL)
+# Packages with the debugging information of these components.
+set(with_programs runtime kit examples)
+foreach(name IN LISTS with_programs)
+    if(name IN_LIST CPACK_COMPONENTS_ALL)
+        string(TOUPPER ${name} component)
+        set(package ${CPACK_DEBIAN_${component}_PACKAGE_NAME})
+        set(CPACK_DEBIAN_${component}_DBGSYM_PACKAGE_NAME ${package}-dbgsym)
+        set(CPACK_DEBIAN_${component}_DBGSYM_PACKAGE_SECTION debug)
+        set(CPACK_DEBIAN_${component}_DBGSYM_PACKAGE_DEPENDS "${package} (= ${PROJECT_VERSION})")
+        set(CPACK_DEBIAN_${component}_DBGSYM_DESCRIPTION "Debugging information for ${package},
+which gdb finds by itself.")
+        list(APPEND CPACK_COMPONENTS_ALL ${name}_dbgsym)
+    endif()
 endforeach()
+
+# Each Debian package contains its licence and changelog; a plain installation leaves them out.
+set(CPACK_KELPLIB_CHANGELOG ${CMAKE_CURRENT_SOURCE_DIR}/CHANGELOG.md)
+configure_file(cmake/packages/debian-copyright debian/copyright COPYONLY)
 include(CPack)

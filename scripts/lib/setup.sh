@@ -87,7 +87,8 @@ need_for_abi() {
 need_for_debian_packages() {
     need_for_demo
     need_for_documents
-    needs+=("dpkg-shlibdeps dpkg-dev" "pkg-config pkg-config" "python3 python3")
+    needs+=("dpkg-shlibdeps dpkg-dev" "file file" "pkg-config pkg-config"
+            "python3 python3")
 }
 
 need_for_guard() {

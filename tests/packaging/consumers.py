@@ -2,6 +2,7 @@
 
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import tempfile
@@ -38,6 +39,11 @@ def refusal(*command, **environment):
     if done.returncode == 0:
         raise AssertionError(f"{command} did not fail\n{done.stdout.decode()}")
     return " ".join(done.stdout.decode().split())
+
+
+def prose(page):
+    """Returns the text of a page without its code."""
+    return re.sub(r"```.*?```|`[^`\n]*`", "", page.read_text(encoding="utf-8"), flags=re.DOTALL)
 
 
 def built(project, folder, *settings):

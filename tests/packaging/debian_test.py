@@ -14,13 +14,15 @@ import unittest
 import unittest.mock
 
 from consumers import (FLAT_OUTPUT, HERE, LIBRARY_HEADERS, NUMBERS, PROGRAMS, ROOT, TOOL_OUTPUT, InOneFolder, built, documents,
-                       kit_files, output, refusal)
+                       kit_files, output, prose, refusal)
 
 sys.path += [str(ROOT / "tests" / "support"), str(ROOT / "tests" / "kit" / "programs" / "shells")]
 import shell_sessions
 
 PACKAGES = pathlib.Path(sys.argv.pop(1))
+OVERRIDES = ROOT / "cmake" / "packages" / "lintian"
 NAMES = ["kelplib-examples", "kelplib-kit", "libkelplib-dev", "libkelplib-doc", "libkelplib1"]
+DEBUGGED = ["kelplib-examples", "kelplib-kit", "libkelplib1"]
 EXAMPLES = [f"kelplib-{name}" for name in ("checksum", "convert", "fragment", "histogram", "sequence", "tally")]
 # What is typed before Tab, and the words that the tool then gets.
 COMPLETED = (
@@ -67,7 +69,9 @@ class DebianPackages(InOneFolder):
 
     def test_install_use_purge(self):
         packages = sorted(PACKAGES.glob("*.deb"))
-        self.assertEqual([path.name.split("_")[0] for path in packages], NAMES)
+        self.assertEqual(sorted(path.name.split("_")[0] for path in packages),
+                         sorted([*NAMES, *(f"{name}-dbgsym" for name in DEBUGGED)]))
+        packages = [path for path in packages if "-dbgsym" not in path.name]
         # Each package depends on the one below it of the same version.
         examples, kit, development, documentation, runtime = packages
         for package, reason in ((examples, "kelplib-examples depends on libkelplib1 (>= 1.0.0)"),
@@ -110,13 +114,67 @@ class DebianPackages(InOneFolder):
                                    for path in (ROOT / "examples" / "template").iterdir())]),
                 ("kelplib-examples", [name for tool in EXAMPLES for name in (f"bin/{tool}", *documents(tool, True, ".gz"))])):
             texts = [f"share/doc/{package}/{name}" for name in ("changelog.gz", "copyright")]
-            self.assertEqual(self.contents(package), sorted([*files, *texts]))
+            overrides = [f"share/lintian/overrides/{package}"] if (OVERRIDES / package).exists() else []
+            self.assertEqual(self.contents(package), sorted([*files, *texts, *overrides]))
         documentation = self.contents("libkelplib-doc")
         for name in documentation:
-            self.assertRegex(name, r"^share/doc/(lib)?kelplib(-doc)?/")
+            self.assertRegex(name, r"^share/(doc/(lib)?kelplib(-doc)?/|doc-base/|lintian/overrides/)")
         for name in ("libkelplib-doc/copyright", "libkelplib-doc/changelog.gz", "kelplib/README.md",
-                     "kelplib/kit/include/kelpkit/Tool.h"):
+                     "kelplib/docs/cmake.md", "kelplib/html/index.html"):
             self.assertIn(f"share/doc/{name}", documentation)
+        for name in ("CONTRIBUTING", "docs/tour", "docs/testing", "docs/deliberate"):
+            self.assertNotIn(f"share/doc/kelplib/{name}.md", documentation)
+        headers = [name for name in documentation if name.endswith(".h") and "/examples/" not in name]
+        self.assertEqual(headers, [])
+
+    def unpacked(self, *names):
+        """Unpacks packages into one new folder and returns its folder usr."""
+        folder = self.folder / " and ".join(names)
+        for name in names:
+            output("dpkg-deb", "--extract", next(PACKAGES.glob(f"{name}_*.deb")), folder)
+        return folder / "usr"
+
+    def test_links_of_the_pages(self):
+        pages = self.unpacked("libkelplib-doc", "libkelplib-dev", "kelplib-kit") / "share" / "doc" / "kelplib"
+        found = [page for page in pages.rglob("*.md") if "examples" not in page.parts]
+        self.assertGreater(len(found), 10)
+        for page in found:
+            for link in re.findall(r"\]\(([^)#:]+)[)#]", prose(page)):
+                self.assertTrue((page.parent / link).exists(), f"{page.name}: {link}")
+        registered = (pages.parent.parent / "doc-base" / "libkelplib-doc.kelplib").read_text(encoding="utf-8")
+        for name in re.findall(r"^Index: /usr/share/doc/kelplib/(.*)$", registered, flags=re.MULTILINE):
+            self.assertTrue((pages / name).exists(), name)
+
+    def test_symbols(self):
+        package = next(PACKAGES.glob("libkelplib1_*.deb"))
+        first, *symbols = output("dpkg-deb", "--info", package, "symbols").splitlines()
+        self.assertEqual(first, "libkelplib.so.1 libkelplib1 #MINVER#")
+        self.assertEqual(symbols.pop(0), "* Build-Depends-Package: libkelplib-dev")
+        library = next(self.unpacked("libkelplib1").rglob("libkelplib.so.1.0.0"))
+        exported = [line.split()[-1] for line in output("nm", "-D", "--defined-only", library).splitlines()]
+        self.assertEqual(sorted(line.split("@")[0].strip() for line in symbols), sorted(exported))
+        for line in symbols:
+            self.assertRegex(line, r"^ \w+@Base 1\.0\.0$")
+
+    def test_changelog(self):
+        folder = self.unpacked("libkelplib1") / "share" / "doc" / "libkelplib1"
+        text = output("gzip", "-dc", folder / "changelog.gz")
+        self.assertRegex(text, r"^kelplib \(1\.0\.0\) unstable; urgency=medium\n\n  \* `CommandLineTool`: banner, help screen")
+        parsed = output("dpkg-parsechangelog", "-l", folder / "changelog.gz", "-S", "Changes")
+        self.assertEqual(parsed.count("\n   * "), (ROOT / "CHANGELOG.md").read_text(encoding="utf-8").count("\n- "))
+
+    def test_debugging_information(self):
+        for package in DEBUGGED:
+            usr = self.unpacked(package, f"{package}-dbgsym")
+            wanted = [path for path in usr.rglob("*") if path.is_file() and "debug" not in path.parts
+                      and path.read_bytes()[:4] == b"\x7fELF"]
+            self.assertGreater(len(wanted), 0)
+            for path in wanted:
+                found = re.search(r"Build ID: (\w\w)(\w+)", output("readelf", "-n", path))
+                debug = usr / "lib" / "debug" / ".build-id" / found[1] / f"{found[2]}.debug"
+                self.assertIn(".debug_info", output("readelf", "-WS", debug), path)
+                self.assertNotIn(".debug_info", output("readelf", "-WS", path), path)
+                self.assertNotIn(str(ROOT).encode(), debug.read_bytes(), path)
 
     def use(self):
         library_folder = next(self.root.rglob("libkelplib.so.1")).parent

@@ -140,7 +140,7 @@ class Installed(InOneFolder):
     def test_exactly_the_public_files_are_installed(self):
         files = [*self.library_files(), *kit_files(self.library_folder.as_posix())]
         self.assertEqual(self.plain_files(self.prefix), sorted(files))
-        for name in ("README.md", "LICENSE", "docs/tour.md", "kit/include/kelpkit/Tool.h"):
+        for name in ("README.md", "LICENSE", "docs/cmake.md", "examples/template/tally.cpp"):
             self.assertTrue((self.prefix / "share/doc/kelplib" / name).exists(), name)
 
     def test_the_library_and_its_headers_do_not_depend_on_the_kit(self):

@@ -5,16 +5,40 @@ cpack makes the zip. The programs of consumer/ are cross-compiled with its conte
 """
 
 import os
+import pathlib
+import re
+import shutil
+import subprocess
 import sys
 import unittest
 import zipfile
 
 import programs
 from consumers import (FLAT_OUTPUT, HERE, KIT_OUTPUT, KIT_REFUSAL, NUMBERS, ROOT, TOOL_OUTPUT, InOneFolder, built, documents,
-                       kit_files, output)
+                       kit_files, output, prose)
 
 BUILD, TOOLCHAIN, C_COMPILER, PARTS_PROBE = sys.argv[1:]
 del sys.argv[1:]
+EXAMPLES = ("checksum", "convert", "fragment", "histogram", "sequence", "tally")
+RUNTIME = ("libgcc_s_seh-1.dll", "libstdc++-6.dll", "libwinpthread-1.dll")
+
+
+def alone(program, *arguments, folder=None):
+    """Runs a program under wine, which finds no DLLs but those beside the program and in its folder; returns what it prints."""
+    wine = ROOT / "cmake" / "run-under-wine"
+    # Starts wine's server as other tests do, because a program that starts while it ends fails.
+    output(wine, "cmd", "/c", "exit")
+    prefix = os.environ.get("KELPLIB_WINEPREFIX") or (
+        os.environ.get("XDG_CACHE_HOME") or f"{pathlib.Path.home()}/.cache") + "/kelplib-wine"
+    environment = {**os.environ, "WINEPREFIX": prefix, "WINEDEBUG": "-all", "WINEDLLOVERRIDES": "mscoree,mshtml="}
+    del environment["WINEPATH"]
+    for _ in range(2):
+        done = subprocess.run(["wine", program, *arguments], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, cwd=folder,
+                              stderr=subprocess.DEVNULL, env=environment, timeout=300, check=False)
+        # As in programs.run(): some starts of wine end silently with status 1 on a busy machine.
+        if (done.returncode, done.stdout) != (1, b""):
+            break
+    return done.returncode, done.stdout.decode().replace("\r\n", "\n")
 
 
 class WindowsZip(InOneFolder):
@@ -34,11 +58,71 @@ class WindowsZip(InOneFolder):
 
     def test_everything_is_in_it(self):
         for name in ("bin/kelplib.dll", "lib/libkelplib.dll.a", "lib/cmake/kelplib/kelplibConfig.cmake",
-                     "lib/pkgconfig/kelplib.pc", "include/kelplib/Kelp.h", "share/doc/kelplib/LICENSE",
+                     "lib/pkgconfig/kelplib.pc", "include/kelplib/Kelp.h", "README.md", "LICENSE",
+                     *(f"licences/{text}.txt" for text in ("README", "GPL-3", "gcc-runtime", "winpthreads")),
                      "share/doc/kelplib/docs/cmake.md", "share/doc/kelplib/examples/template/CMakeLists.txt",
                      "lib/cmake/kelplib/windows_tool.manifest", "lib/cmake/kelplib/windows_tool.rc.in",
                      *kit_files("lib", suffix=".exe")):
             self.assertIn(f"{self.prefix.name}/{name}", self.names)
+        self.assertEqual(sorted(path.name for path in (self.prefix / "bin").iterdir()), sorted([
+            "kelplib.dll", "kelp-check.exe", "kelp-doc.exe", *RUNTIME, *(f"{tool}.exe" for tool in EXAMPLES)]))
+        self.assertEqual({name.split("/")[1] for name in self.names},
+                         {"LICENSE", "README.md", "bin", "include", "lib", "licences", "share"})
+        pages = sorted(path.relative_to(self.prefix).as_posix() for path in self.prefix.rglob("*.md")
+                       if "examples" not in path.parts)
+        self.assertEqual(pages, sorted(["README.md", *(f"share/doc/kelplib/{name}" for name in (
+            "CHANGELOG.md", "README.md", *(f"docs/{page.name}" for page in (ROOT / "docs").glob("*.md") if page.stem not in (
+                "deliberate", "testing", "tour"))))]))
+
+    def test_links_of_the_pages(self):
+        for page in self.prefix.rglob("*.md"):
+            for link in re.findall(r"\]\(([^)#:]+)[)#]", prose(page)):
+                self.assertTrue((page.parent / link).exists(), f"{page}: {link}")
+
+    def test_origin_of_the_runtime(self):
+        text = (self.prefix / "licences" / "README.txt").read_text(encoding="utf-8")
+        for name in RUNTIME:
+            self.assertIn(name, text)
+        self.assertEqual(len(re.findall(r"^    \S+mingw\S+ \d\S+$", text, flags=re.MULTILINE)), 2, text)
+        licences = [(self.prefix / "licences" / f"{name}.txt").read_text(encoding="utf-8")
+                    for name in ("GPL-3", "gcc-runtime", "winpthreads")]
+        for licence, words in zip(licences, ("GNU GENERAL PUBLIC LICENSE", "GCC RUNTIME LIBRARY EXCEPTION",
+                                             "mingw-w64-libraries/winpthreads")):
+            self.assertIn(words, licence)
+
+    def test_examples_alone(self):
+        moved = self.folder / "a moved" / "zip's folder"
+        shutil.copytree(self.prefix, moved)
+        for tool in EXAMPLES:
+            status, text = alone(moved / "bin" / f"{tool}.exe", "--help")
+            self.assertEqual((status, f"\n  {tool} " in text), (0, True), (tool, text))
+        self.assertEqual(alone(moved / "bin" / "sequence.exe", "-r=1:3"), (0, "1\n2\n3\n"))
+        self.assertEqual(alone(moved / "bin" / "kelp-doc.exe", "--help")[0], 0)
+
+    def test_the_readme(self):
+        readme = (self.prefix / "README.md").read_text(encoding="utf-8")
+        self.assertRegex(readme, r"tested with\ng\+\+ \d+")
+        folder = self.folder / "a newcomer's tool"
+        folder.mkdir()
+        files = re.findall(r"`([\w.]+)`:\n\n```\w+\n(.*?)```", readme, flags=re.DOTALL)
+        self.assertEqual([name for name, _ in files], ["hello.cpp", "CMakeLists.txt"])
+        for name, text in files:
+            (folder / name).write_text(text, encoding="utf-8")
+        commands = re.findall(r"^    (.*)$", readme, flags=re.MULTILINE)
+        compilation = next(words.split()[1:] for words in commands if words.startswith("g++"))
+        copies = [words for words in commands if words.startswith("copy ")]
+        self.assertEqual(copies, [r"copy KELPLIB\bin\*.dll .", r"copy KELPLIB\bin\*.dll build"])
+        compiler = re.sub("gcc(?=-posix$|$)", "g++", C_COMPILER)
+        subprocess.run([compiler, *(word.replace("KELPLIB", str(self.prefix)) for word in compilation)], cwd=folder, check=True)
+        configuration = next(words.split()[1:] for words in commands if words.startswith("cmake -G"))
+        subprocess.run(["cmake", *(word.replace("KELPLIB", str(self.prefix)) for word in configuration if "CXX_COMPILER" not in word),
+                        f"-DCMAKE_TOOLCHAIN_FILE={TOOLCHAIN}", f"-Dkelplib_DIR={self.prefix}/lib/cmake/kelplib"],
+                       cwd=folder, check=True, stdout=subprocess.DEVNULL)
+        output("cmake", "--build", folder / "build")
+        for place in (folder, folder / "build"):
+            for dll in (self.prefix / "bin").glob("*.dll"):
+                shutil.copy(dll, place)
+            self.assertEqual(alone(place / "hello.exe", "-n=2", folder=folder), (0, "Hello\nHello\n"))
 
     def test_by_find_package(self):
         folder = built("find_package", self.folder / "build", f"-DCMAKE_TOOLCHAIN_FILE={TOOLCHAIN}",

@@ -1,7 +1,16 @@
-# cpack reads this file before it makes the Debian packages: dpkg-shlibdeps finds the packages that the library, the kit's
-# programs and the examples depend on.
+# cpack reads this file before it makes the Debian packages. Writes what their folders and control files contain into
+# CPACK_KELPLIB_DEBIAN_FOLDER, and finds the packages that the library, the kit's programs and the examples depend on.
 set(folder ${CPACK_PACKAGE_DIRECTORY}/_CPack_Packages/needed)
 file(WRITE ${folder}/debian/control "")
+
+# Fails if the library has other names than the list. In a new version of the library, new names get that version.
+execute_process(COMMAND dpkg-gensymbols -c4 -q -p${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME} -v${CPACK_PACKAGE_VERSION}
+    -e${CPACK_KELPLIB_LIBRARY} -I${CMAKE_CURRENT_LIST_DIR}/debian-symbols -O${CPACK_KELPLIB_DEBIAN_FOLDER}/symbols
+    WORKING_DIRECTORY ${folder} COMMAND_ERROR_IS_FATAL ANY)
+
+execute_process(COMMAND python3 -B ${CMAKE_CURRENT_LIST_DIR}/debian_changelog.py ${CPACK_KELPLIB_CHANGELOG}
+    ${CPACK_PACKAGE_CONTACT} OUTPUT_FILE ${CPACK_KELPLIB_DEBIAN_FOLDER}/changelog COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND gzip -9nf ${CPACK_KELPLIB_DEBIAN_FOLDER}/changelog COMMAND_ERROR_IS_FATAL ANY)
 
 # find_needed(VARIABLE FILE...): sets the variable to what the files depend on. The library itself is in no package yet.
 function(find_needed variable)

@@ -1,0 +1,53 @@
+# What only the zip for Windows contains: the compiler's runtime DLLs with their licences, and a README of its own. The licences
+# come from Debian's packages; without these the zip has no runtime DLLs.
+find_program(KELPLIB_DPKG_QUERY dpkg-query)
+
+# find_dll(NAME): appends the compiler's DLL to dlls, and sets dll_package to "PACKAGE VERSION" and dll_copyright to its file of
+# licences, or clears both.
+function(find_dll name)
+    set(dll_package)
+    execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${name} OUTPUT_VARIABLE path OUTPUT_STRIP_TRAILING_WHITESPACE)
+    file(REAL_PATH ${path} path)
+    if(KELPLIB_DPKG_QUERY)
+        execute_process(COMMAND ${KELPLIB_DPKG_QUERY} -S ${path} OUTPUT_VARIABLE owner ERROR_QUIET)
+        string(REGEX REPLACE ":.*" "" owner "${owner}")
+        if(owner)
+            execute_process(COMMAND ${KELPLIB_DPKG_QUERY} -W -f "\${Package} \${Version}" ${owner} OUTPUT_VARIABLE dll_package)
+        endif()
+    endif()
+    set(dlls ${dlls} ${path} PARENT_SCOPE)
+    set(dll_package ${dll_package} PARENT_SCOPE)
+    set(dll_copyright /usr/share/doc/${owner}/copyright PARENT_SCOPE)
+endfunction()
+
+find_dll(libstdc++-6.dll)
+set(gcc_package ${dll_package})
+set(gcc_copyright ${dll_copyright})
+find_dll(libgcc_s_seh-1.dll)
+find_dll(libwinpthread-1.dll)
+set(winpthread_package ${dll_package})
+if(gcc_package AND winpthread_package AND EXISTS /usr/share/common-licenses/GPL-3)
+    foreach(dll IN LISTS dlls)
+        cmake_path(GET dll FILENAME name)
+        add_custom_command(OUTPUT runtime/${name} COMMAND ${CMAKE_COMMAND} -E make_directory runtime
+            COMMAND ${CMAKE_STRIP} -D -o runtime/${name} ${dll} DEPENDS ${dll} VERBATIM)
+        list(APPEND stripped ${CMAKE_CURRENT_BINARY_DIR}/runtime/${name})
+    endforeach()
+    add_custom_target(kelplib_runtime_dlls ALL DEPENDS ${stripped})
+    configure_file(cmake/packages/windows-licences.txt.in zip/README.txt @ONLY)
+    install(FILES ${stripped} DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT zip EXCLUDE_FROM_ALL)
+    install(FILES ${CMAKE_CURRENT_BINARY_DIR}/zip/README.txt DESTINATION licences COMPONENT zip EXCLUDE_FROM_ALL)
+    install(FILES /usr/share/common-licenses/GPL-3 DESTINATION licences RENAME GPL-3.txt COMPONENT zip EXCLUDE_FROM_ALL)
+    install(FILES ${gcc_copyright} DESTINATION licences RENAME gcc-runtime.txt COMPONENT zip EXCLUDE_FROM_ALL)
+    install(FILES ${dll_copyright} DESTINATION licences RENAME winpthreads.txt COMPONENT zip EXCLUDE_FROM_ALL)
+else()
+    message(STATUS "The zip has no runtime DLLs, because their licences were not found.")
+endif()
+configure_file(cmake/packages/windows-readme.md.in zip/README.md @ONLY)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/zip/README.md LICENSE DESTINATION . COMPONENT zip EXCLUDE_FROM_ALL)
+
+# cpack installs each of these: everything that a plain installation contains, and what only the zip does.
+set(CPACK_INSTALL_CMAKE_PROJECTS "${CMAKE_BINARY_DIR};${PROJECT_NAME};ALL;/;${CMAKE_BINARY_DIR};${PROJECT_NAME};zip;/")
+if(KELPLIB_BUILD_EXAMPLES)
+    list(APPEND CPACK_INSTALL_CMAKE_PROJECTS ${CMAKE_BINARY_DIR} ${PROJECT_NAME} examples /)
+endif()
