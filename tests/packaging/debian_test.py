@@ -139,7 +139,7 @@ class DebianPackages(InOneFolder):
         found = [page for page in pages.rglob("*.md") if "examples" not in page.parts]
         self.assertGreater(len(found), 10)
         for page in found:
-            for link in re.findall(r"\]\(([^)#:]+)[)#]", prose(page)):
+            for link in re.findall(r"\]\(([^)#:\s]+)[)#]", prose(page)):
                 self.assertTrue((page.parent / link).exists(), f"{page.name}: {link}")
         registered = (pages.parent.parent / "doc-base" / "libkelplib-doc.kelplib").read_text(encoding="utf-8")
         for name in re.findall(r"^Index: /usr/share/doc/kelplib/(.*)$", registered, flags=re.MULTILINE):
@@ -160,8 +160,10 @@ class DebianPackages(InOneFolder):
         folder = self.unpacked("libkelplib1") / "share" / "doc" / "libkelplib1"
         text = output("gzip", "-dc", folder / "changelog.gz")
         self.assertRegex(text, r"^kelplib \(1\.0\.0\) unstable; urgency=medium\n\n  \* `CommandLineTool`: banner, help screen")
-        parsed = output("dpkg-parsechangelog", "-l", folder / "changelog.gz", "-S", "Changes")
-        self.assertEqual(parsed.count("\n   * "), (ROOT / "CHANGELOG.md").read_text(encoding="utf-8").count("\n- "))
+        (self.folder / "changelog").write_text(text, encoding="utf-8")
+        self.assertEqual(output("dpkg-parsechangelog", "-l", self.folder / "changelog", "-S", "Version"), "1.0.0\n")
+        self.assertLessEqual(max(len(line) for line in text.splitlines() if not line.startswith(" -- ")), 80)
+        self.assertEqual(text.count("\n  * "), (ROOT / "CHANGELOG.md").read_text(encoding="utf-8").count("\n- "))
 
     def test_debugging_information(self):
         for package in DEBUGGED:
