@@ -42,6 +42,9 @@ function(kelplib_harden_code target)
             target_compile_options(${target} PRIVATE ${flag})
         endif()
     endforeach()
+    # libstdc++ checks indices and empty containers. This also shortens the start of a tool: the members of std::string become part
+    # of the library, and the loader does not look them up.
+    target_compile_definitions(${target} PRIVATE _GLIBCXX_ASSERTIONS)
     # The C library checks calls only in optimised code. A level set for the whole build takes precedence.
     if(NOT WIN32 AND NOT CMAKE_CXX_FLAGS MATCHES "_FORTIFY_SOURCE")
         target_compile_options(${target} PRIVATE

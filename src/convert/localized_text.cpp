@@ -12,7 +12,7 @@ namespace Kelp {
 namespace {
 
 /// Reads as 0, because it is not a number.
-constexpr char noNumber[] = "?";
+constexpr char noNumber = '?';
 
 /// Collects a number character by character.
 class ClassicNumber {
@@ -68,7 +68,7 @@ private:
             return false;
         }
         if (!digitBefore) {
-            number = noNumber;
+            number.assign(1, noNumber);
             return false;
         }
         digitBefore = false;
@@ -121,7 +121,7 @@ std::string classicNumber(std::string_view text, const std::locale& locale, bool
         return {};
     }
     const std::string number = ClassicNumber(locale, real).read(begin, end);
-    return number.empty() ? noNumber : number;
+    return number.empty() ? std::string(1, noNumber) : number;
 }
 
 }  // namespace Kelp

@@ -18,6 +18,13 @@ std::string decimalPoint() {
     return {half + 1, static_cast<std::size_t>(length) - 2};
 }
 
+/// Cold, so that the compiler calls the stream instead of inlining it.
+template <class T>
+[[gnu::cold]] void readWithStream(T& target, std::string_view text) {
+    std::stringstream stream{std::string(text)};
+    stream >> target;
+}
+
 }  // namespace
 
 RealText findReal(const char* begin, const char* end) {
@@ -68,7 +75,7 @@ NumberReader::Way NumberReader::wayForLocale() const {
 template <class T>
 void NumberReader::readWithLocale(T& target, std::string_view text) const {
     if (way == Way::stream) {
-        std::stringstream(std::string(text)) >> target;
+        readWithStream(target, text);
         return;
     }
     const std::string number = classicNumber(text, locale, std::is_floating_point_v<T>);
