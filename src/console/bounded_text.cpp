@@ -2,21 +2,13 @@
 
 #include <charconv>
 #include <cstdio>
-#include <cstdlib>
 
+#include "platform/platform.h"
 #include "util/rounding.h"
 
 namespace Kelp {
 
 namespace {
-
-/// Whether the current C locale has the decimal point ".". A program may have set a locale with a comma.
-bool writesPoint() {
-    constexpr char zero[] = "0.";
-    char* end = nullptr;
-    std::strtod(zero, &end);
-    return end == zero + 2;
-}
 
 /// Rounds the exact product of ten and the number to the nearest integer, a tie to the even one, as printf does.
 /// \param number  above 0 and below 1e8
@@ -44,7 +36,7 @@ void BoundedText::append(int number) {
 
 void BoundedText::appendTenths(double number) {
     // printf takes longer than the rest of a progress line together, so only unusual numbers go through it.
-    if (number > 0.0 && number < 1e8 && roundsToNearest() && writesPoint()) {
+    if (number > 0.0 && number < 1e8 && roundsToNearest() && platform::printsDecimalPoint()) {
         const int tenths = roundToTenths(number);
         append(tenths / 10);
         const char decimals[] = {'.', static_cast<char>('0' + tenths % 10)};

@@ -37,6 +37,9 @@ std::thread startThread(std::function<void()> run);
 /// Registers `handler` to be called in every child of fork(), which has none of the threads of its parent.
 void callInForkedChild(void (*handler)());
 
+/// Whether printf writes the decimal point ".". A program may have set a C locale with another one.
+bool printsDecimalPoint();
+
 /// Returns the current directory; empty if the system's call fails with a buffer of 260 bytes.
 std::string currentDirectory();
 

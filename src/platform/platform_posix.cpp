@@ -2,6 +2,7 @@
 
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <langinfo.h>
 #include <poll.h>
 #include <pthread.h>
 #include <unistd.h>
@@ -155,6 +156,11 @@ std::thread startThread(std::function<void()> run) {
 
 void callInForkedChild(void (*handler)()) {
     pthread_atfork(nullptr, nullptr, handler);
+}
+
+bool printsDecimalPoint() {
+    const char* const point = nl_langinfo(RADIXCHAR);
+    return point[0] == '.' && point[1] == '\0';
 }
 
 std::string currentDirectory() {

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -135,6 +136,13 @@ std::thread startThread(std::function<void()> run) {
 
 /// Windows has no fork().
 void callInForkedChild(void (* /*handler*/)()) {}
+
+bool printsDecimalPoint() {
+    constexpr char zero[] = "0.";
+    char* end = nullptr;
+    std::strtod(zero, &end);
+    return end == zero + 2;
+}
 
 std::string currentDirectory() {
     char buffer[260];

@@ -1,5 +1,6 @@
 #include "fake_platform.h"
 
+#include <clocale>
 #include <utility>
 
 #include "platform/platform.h"
@@ -68,6 +69,10 @@ std::thread startThread(std::function<void()> run) {
 }
 
 void callInForkedChild(void (* /*handler*/)()) {}
+
+bool printsDecimalPoint() {
+    return std::localeconv()->decimal_point == std::string(".");
+}
 
 std::string currentDirectory() {
     return state().directory;
