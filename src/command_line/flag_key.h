@@ -29,10 +29,12 @@ inline constexpr char noMark = 'N';        ///< no token has this mark
 /// Returns the mark of a token: for a flag its letter in lower case (NUL if it has none), for an argument one of the capitals
 /// above. Equal flags have equal marks, so a query only looks at the tokens with its mark.
 inline char tokenMark(const char* token) {
-    if (*token != '-') {
-        return *token == '/' ? slashMark : argumentMark;
-    }
-    return foldAscii(keyLetter(token));
+    // Without jumps, because the processor cannot predict which token is a flag.
+    const std::size_t dash = token[0] == '-' ? 1 : 0;
+    const std::size_t secondDash = token[dash] == '-' ? 1 : 0;
+    const char letter = token[dash + secondDash];
+    const char marks[] = {letter == '/' ? slashMark : argumentMark, foldAscii(letter)};
+    return marks[dash];
 }
 
 inline bool isArgumentMark(char mark) {
