@@ -17,6 +17,7 @@
 #include <string>
 #include <string_view>
 #include <tuple>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -320,12 +321,16 @@ private:
 
 template <class T>
 int OptionReader::getValue(const char* shortFlag, const char* longFlag, T& value, int start) {
-    std::string text;
-    const int next = findValue(shortFlag, longFlag, text, start);
-    if (next != 0) {
-        stringToValue(value, std::move(text));
+    if constexpr (std::is_same_v<T, std::string>) {
+        return findValue(shortFlag, longFlag, value, start);
+    } else {
+        std::string text;
+        const int next = findValue(shortFlag, longFlag, text, start);
+        if (next != 0) {
+            stringToValue(value, std::move(text));
+        }
+        return next;
     }
-    return next;
 }
 
 template <class T>
