@@ -1,35 +1,53 @@
 #include "command_line/flag_check.h"
 
 #include <bitset>
+#include <cctype>
 
 #include "command_line/flag_key.h"
 #include "command_line/token_record.h"
 
 namespace Kelp {
 
-std::string FlagCheck::findUnknown(const OptionReader& reader, const Options& options) {
-    // Long command lines repeat few letters, so each letter is looked up at most once. "-" and "--" have none.
-    std::bitset<256> accepted;
+namespace {
+
+using Marks = std::bitset<256>;
+
+std::size_t indexOf(char mark) {
+    return static_cast<unsigned char>(mark);
+}
+
+/// Whether ci_less treats the mark of a letter and its capital alike. In a Turkish locale it does not for "i".
+bool coversBothCases(char mark) {
+    const bool isLetter = mark >= 'a' && mark <= 'z';
+    return !isLetter || std::tolower(mark) == std::tolower(mark - 'a' + 'A');
+}
+
+/// Returns the marks of the tokens that need no look at their text: arguments, and flags that an option certainly has.
+Marks acceptedMarks(const FlagCheck::Options& options) {
+    Marks accepted;
     for (const auto& [key, option] : options) {
         if (key.size() == 2 && key.front() == '-') {
-            accepted.set(static_cast<unsigned char>(key.back()));
+            const char mark = foldAscii(key.back());
+            accepted.set(indexOf(mark), coversBothCases(mark));
         }
     }
-    accepted.reset('\0');
+    // "-" and "--" have this mark both, but different keys.
+    accepted.reset(indexOf('\0'));
+    return accepted.set(indexOf(argumentMark)).set(indexOf(slashMark));
+}
+
+}  // namespace
+
+std::string FlagCheck::findUnknown(const OptionReader& reader, const Options& options) {
+    const Marks accepted = acceptedMarks(options);
     for (std::size_t i = 0; i < reader.record.size(); ++i) {
-        if (reader.record.isArgument(i)) {
-            continue;
-        }
         const std::string_view token = reader.record.at(i);
-        const auto letter = static_cast<unsigned char>(keyLetter(token.data()));
-        if (accepted.test(letter)) {
-            continue;
+        if (!accepted.test(indexOf(tokenMark(token.data())))) {
+            std::string key = flagKey(token);
+            if (options.find(key) == options.end()) {
+                return key;
+            }
         }
-        std::string key = flagKey(token);
-        if (options.find(key) == options.end()) {
-            return key;
-        }
-        accepted.set(letter, letter != '\0');
     }
     return {};
 }
