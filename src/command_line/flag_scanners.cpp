@@ -1,6 +1,7 @@
 #include <kelplib/Kelp.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cstdlib>
 #include <type_traits>
 
@@ -14,17 +15,48 @@ namespace {
 
 constexpr int verbosityOfScanners = 10;
 
-bool isPositional(const std::string& token) {
-    return token.empty() || token.front() != '-';
+bool isPositional(const char* token) {
+    return *token != '-';
 }
 
-bool matches(const std::string& token, const std::string& flag) {
-    if (!isPositional(token) && toLower(token.substr(0, 2)) == toLower(flag)) {
-        return true;
+/// A flag, for comparison with many tokens.
+class Flag {
+public:
+    explicit Flag(const std::string& text) : name(text), lowered(toLower(text)) {}
+
+    bool matches(const char* token) const {
+        return isBeginningOf(token) || isFirstPieceOf(token);
     }
-    const std::vector<std::string> parts = split(token, '=');
-    return !parts.empty() && parts.front() == flag;
-}
+
+private:
+    /// Compares with the first two characters of a token that begins with "-", in any letter case.
+    bool isBeginningOf(const char* token) const {
+        const std::size_t size = token[0] == '\0' || token[1] == '\0' ? 1 : 2;
+        return !isPositional(token) && lowered.size() == size && lowered[0] == lower(token[0]) &&
+               (size == 1 || lowered[1] == lower(token[1]));
+    }
+
+    /// Compares with the first non-empty piece of a token between "=".
+    bool isFirstPieceOf(const char* token) const {
+        while (*token == '=') {
+            ++token;
+        }
+        for (const char character : name) {
+            if (*token != character || character == '=' || character == '\0') {
+                return false;
+            }
+            ++token;
+        }
+        return !name.empty() && (*token == '\0' || *token == '=');
+    }
+
+    static char lower(char character) {
+        return static_cast<char>(std::tolower(static_cast<unsigned char>(character)));
+    }
+
+    std::string name;
+    std::string lowered;
+};
 
 /// Prints the reason at a high verbosity, and a line end at any.
 int reportNoInt(const std::string& reason) {
@@ -65,8 +97,9 @@ int getRangeFlag(int argc, char** argv, std::string flag, std::array<T, 2>& rang
 }  // namespace
 
 int getNextFlag(int argc, char** argv, std::string flag, int start) {
+    const Flag wanted(flag);
     for (int i = std::max(start, 0); i < argc; ++i) {
-        if (matches(tokenAt(argc, argv, i), flag)) {
+        if (wanted.matches(tokenAt(argc, argv, i))) {
             return i;
         }
     }
@@ -125,7 +158,7 @@ int getStepRangeFlag(int argc, char** argv, std::array<int, 2>& range) {
 
 std::string getFirstFileName(int argc, char** argv) {
     for (int i = 1; i < argc; ++i) {
-        std::string token = tokenAt(argc, argv, i);
+        const char* const token = tokenAt(argc, argv, i);
         if (isPositional(token)) {
             return token;
         }
@@ -136,9 +169,9 @@ std::string getFirstFileName(int argc, char** argv) {
 std::vector<std::string> getAllArguments(int argc, char** argv) {
     std::vector<std::string> arguments;
     for (int i = 1; i < argc; ++i) {
-        std::string token = tokenAt(argc, argv, i);
+        const char* const token = tokenAt(argc, argv, i);
         if (isPositional(token)) {
-            arguments.push_back(std::move(token));
+            arguments.emplace_back(token);
         }
     }
     return arguments;
