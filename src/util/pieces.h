@@ -12,10 +12,12 @@ template <class Visit>
 void forEachPiece(std::string_view text, char delimiter, Visit visit) {
     std::size_t begin = 0;
     while (begin < text.size()) {
-        const std::size_t end = std::min(text.find(delimiter, begin), text.size());
-        if (end > begin) {
-            visit(text.substr(begin, end - begin));
+        if (text[begin] == delimiter) {
+            ++begin;
+            continue;
         }
+        const std::size_t end = std::min(text.find(delimiter, begin), text.size());
+        visit(text.substr(begin, end - begin));
         begin = end + 1;
     }
 }

@@ -25,8 +25,9 @@ std::vector<std::string> Tokenize(const std::string& text, const std::string& de
 }
 
 std::string getFirstToken(std::string text, char delimiter) {
-    const std::vector<std::string> pieces = split(text, delimiter);
-    return pieces.empty() ? std::string() : pieces.front();
+    const std::size_t begin = std::min(text.find_first_not_of(delimiter), text.size());
+    const std::size_t end = std::min(text.find(delimiter, begin), text.size());
+    return text.substr(begin, end - begin);
 }
 
 std::string toLower(std::string text) {
