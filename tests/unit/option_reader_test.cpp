@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 #include <kelplib/Kelp.h>
 
+#include <algorithm>
 #include <climits>
 #include <cstdio>
 #include <fstream>
+#include <iterator>
 #include <stdexcept>
 #include <utility>
 
@@ -35,6 +37,30 @@ TEST(OptionReader, CopiesEveryToken) {
         EXPECT_EQ(reader.getNameTool(), "C:\\x\\tool.exe");
     }
     EXPECT_EQ(tokens, (Strings{"C:\\x\\tool.exe", "-v", "", "in.txt"}));
+}
+
+TEST(OptionReader, CopiesTokensWhereverTheyLie) {
+    char block[] = "tool\0-v\0\0in.txt\0-o=x";
+    char elsewhere[] = "elsewhere";
+    char* const adjacent[] = {block, block + 5, block + 8, block + 9, block + 16};
+    const Strings expected{"tool", "-v", "", "in.txt", "-o=x"};
+    // Each token in turn lies elsewhere, then none.
+    for (std::size_t odd = 0; odd <= 5; ++odd) {
+        char* argv[5];
+        std::copy(std::begin(adjacent), std::end(adjacent), argv);
+        Strings tokens = expected;
+        if (odd < 5) {
+            argv[odd] = elsewhere;
+            tokens[odd] = "elsewhere";
+        }
+        Strings copies;
+        Kelp::OptionReader(5, argv).getOptions(copies);
+        EXPECT_EQ(copies, tokens) << odd;
+    }
+    char* swapped[] = {block, block + 8, block + 5};
+    Strings copies;
+    Kelp::OptionReader(3, swapped).getOptions(copies);
+    EXPECT_EQ(copies, (Strings{"tool", "", "-v"}));
 }
 
 TEST(OptionReader, ReadsNothingFromAnEmptyCommandLine) {
@@ -176,6 +202,17 @@ TEST(OptionReader, CollectsRepeatedValuesFromTheReturnedPosition) {
     EXPECT_EQ(positions, (Strings{"2", "4", "5"}));
     EXPECT_EQ(reader.getValue("-i", "--input", value, -1), 0);
     EXPECT_EQ(reader.getValue("-i", "--input", value, 5), 0);
+}
+
+TEST(OptionReader, ReadsATextIntoTheMemoryOfItsTarget) {
+    Kelp::OptionReader reader = readerOf({"tool", "-n=a text of some length", "-n"});
+    std::string value(100, 'x');
+    const char* const memory = value.data();
+    EXPECT_EQ(reader.getValue("-n", "--number", value, 1), 2);
+    EXPECT_EQ(value, "a text of some length");
+    EXPECT_EQ(reader.getValue("-n", "--number", value, 2), 3);
+    EXPECT_EQ(value, "");
+    EXPECT_EQ(value.data(), memory);
 }
 
 TEST(OptionReader, SearchesTheProgramPathForValuesToo) {
