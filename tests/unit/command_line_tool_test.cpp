@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 #include <kelplib/CommandLineTool.h>
 
+#include <cctype>
 #include <climits>
+#include <clocale>
 #include <cstdlib>
 #include <iterator>
 #include <map>
@@ -12,6 +14,8 @@
 #include "captured_output.h"
 #include "fake_platform.h"
 #include "progress_test.h"
+#include "scoped_locale.h"
+#include "test_locale.h"
 #include "tool_inspector.h"
 
 namespace {
@@ -253,6 +257,23 @@ TEST(CommandLineToolFlags, AreRefusedUnlessTheirWholeKeyIsRegistered) {
             << ::testing::PrintToString(c.tokens) << " with " << ::testing::PrintToString(c.registered)
             << " registered";
     }
+}
+
+// In the test's locale of Linux, tolower leaves the capitals of ASCII alone.
+TEST(CommandLineToolFlags, TakeLetterCaseFromTheCLocale) {
+    if (testLocaleName() == nullptr) {
+        GTEST_SKIP() << "KELPLIB_TEST_LOCALE is not set";
+    }
+    const ScopedCLocale scope(LC_CTYPE, testLocaleName());
+    ASSERT_TRUE(scope.isValid());
+    if (std::tolower('O') == 'o') {
+        GTEST_SKIP() << "the locale does convert ASCII letters";
+    }
+    EXPECT_EQ(firstLinePrinted({"tool", "-o", "-o"}, "-o"), "");
+    EXPECT_EQ(firstLinePrinted({"tool", "-O", "-O"}, "-O"), "");
+    EXPECT_EQ(firstLinePrinted({"tool", "-o", "-O"}, "-o"), "Invalid flag -O. List of valid flags: \n");
+    EXPECT_EQ(firstLinePrinted({"tool", "-O", "-o"}, "-O"), "Invalid flag -o. List of valid flags: \n");
+    EXPECT_EQ(firstLinePrinted({"tool", "-\xE4", "-\xC4"}, "-\xC4"), "");
 }
 
 // Verbose mode.
