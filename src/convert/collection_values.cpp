@@ -14,22 +14,31 @@ constexpr char numberSeparator = ':';
 template <class T>
 void readSet(std::set<T>& target, const std::string& text, char separator) {
     target.clear();
-    NumberPieces pieces(text, separator);
+    const NumberReader reader;
+    NumberPieces pieces(reader, text, separator);
     while (pieces.next()) {
         T value = 0;
         pieces.read(value);
-        target.insert(value);
+        // Numbers are often in ascending order.
+        target.insert(target.end(), value);
     }
+}
+
+/// Returns how many pieces a list probably has, more than `count`, which lie before its last `unread` bytes.
+std::size_t expectedCount(std::size_t count, std::size_t unread, std::size_t size) {
+    constexpr std::size_t fewest = 16;
+    return count < fewest ? fewest : count + 1 + unread / ((size - unread) / count);
 }
 
 /// Reads each piece into the element at its position, so that a blank piece keeps that element's value.
 template <class T>
 void readVector(std::vector<T>& target, const std::string& text) {
-    NumberPieces pieces(text, numberSeparator);
+    const NumberReader reader;
+    NumberPieces pieces(reader, text, numberSeparator);
     std::size_t count = 0;
     for (; pieces.next(); ++count) {
         if (count == target.size()) {
-            target.push_back(0);
+            target.resize(expectedCount(count, pieces.unread(), text.size()));
         }
         pieces.read(target[count]);
     }
@@ -40,7 +49,8 @@ void readVector(std::vector<T>& target, const std::string& text) {
 /// \returns false for any other number of pieces
 template <class T, std::size_t Count>
 bool readExactly(std::array<T, Count>& numbers, const std::string& text) {
-    NumberPieces pieces(text, numberSeparator);
+    const NumberReader reader;
+    NumberPieces pieces(reader, text, numberSeparator);
     std::size_t count = 0;
     for (T surplus = 0; pieces.next(); ++count) {
         pieces.read(count < Count ? numbers[count] : surplus);
@@ -66,7 +76,7 @@ void stringToValue(std::vector<std::string>& target, std::string text) {
 
 void stringToValue(std::set<std::string>& target, std::string text) {
     target.clear();
-    forEachPiece(text, listSeparator, [&target](std::string_view piece) { target.emplace(piece); });
+    forEachPiece(text, listSeparator, [&target](std::string_view piece) { target.emplace_hint(target.end(), piece); });
 }
 
 void stringToValue(std::set<int>& target, std::string text) {

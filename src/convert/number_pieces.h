@@ -14,10 +14,12 @@ namespace Kelp {
 /// list is read as fast as its numbers.
 class NumberPieces {
 public:
+    /// \param reader     must outlive this object. It is not a member: with the address of a member, the position would
+    ///                   lie in memory and not in a register
     /// \param text       must outlive this object
     /// \param separator  ":" or ","
-    NumberPieces(std::string_view text, char separator)
-        : position(text.data()), end(text.data() + text.size()), separator(separator) {}
+    NumberPieces(const NumberReader& reader, std::string_view text, char separator)
+        : reader(reader), position(text.data()), end(text.data() + text.size()), separator(separator) {}
 
     /// Moves to the next piece.
     /// \returns false at the end of the list
@@ -28,28 +30,38 @@ public:
         return position != end;
     }
 
+    /// Returns the number of bytes from the piece to the end of the list.
+    std::size_t unread() const {
+        return static_cast<std::size_t>(end - position);
+    }
+
     /// Reads the number of the piece, once after every next(). Leaves `target` unchanged if the piece is blank.
     template <class T>
     void read(T& target) {
-        const char* const begin = position;
+        const char* at = position;
         if (!reader.classic()) {
-            position = pieceEnd();
-            reader.read(target, {begin, static_cast<std::size_t>(position - begin)});
+            position = pieceEnd(at);
+            reader.read(target, {at, static_cast<std::size_t>(position - at)});
             return;
         }
-        skipBlanks(position, end);
-        if (position != end && *position != separator) {
-            readClassic(target, position, end);
+        skipBlanks(at, end);
+        if (at != end && *at != separator) {
+            readClassic(target, at, end);
         }
-        position = pieceEnd();
+        position = pieceEnd(at);
     }
 
 private:
-    const char* pieceEnd() const {
-        return position == end || *position == separator ? position : std::find(position, end, separator);
+    /// Returns the end of the piece that contains or ends at `at`.
+    const char* pieceEnd(const char* at) const {
+        if (at == end || *at == separator) {
+            return at;
+        }
+        const std::string_view rest(at, static_cast<std::size_t>(end - at));
+        return at + std::min(rest.find(separator), rest.size());
     }
 
-    NumberReader reader;
+    const NumberReader& reader;
     const char* position;
     const char* end;
     char separator;

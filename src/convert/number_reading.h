@@ -53,16 +53,23 @@ T readInteger(const char*& begin, const char* end) {
     constexpr auto widest = std::numeric_limits<unsigned long long>::max();
     const bool negative = readSign(begin, end);
     unsigned long long magnitude = 0;
-    for (; begin != end && isDigit(*begin); ++begin) {
-        const auto digit = static_cast<unsigned long long>(*begin - '0');
+    // A copy stays in a register, which a reference to a character pointer does not.
+    const char* position = begin;
+    for (; position != end; ++position) {
+        const auto digit = static_cast<unsigned char>(*position - '0');
+        if (digit > 9) {
+            break;
+        }
         // In narrower types the comparison with the limit comes before the magnitude can wrap.
         const bool wraps = limit == widest && magnitude > (widest - digit) / 10;
         magnitude = magnitude * 10 + digit;
         if (wraps || magnitude > limit) {
+            begin = position;
             // The magnitude of the lowest signed number exceeds the limit too and also gives the lowest number.
             return negative && Limits::is_signed ? Limits::lowest() : Limits::max();
         }
     }
+    begin = position;
     // Unsigned subtraction wraps. The conversion gives a signed type the negative value itself.
     return static_cast<T>(negative ? 0 - magnitude : magnitude);
 }

@@ -117,6 +117,37 @@ TEST(CollectionValues, IntListIsReadOverTheOldElements) {
                         {"99999999999:-99999999999", {}, {2147483647, -2147483647 - 1}}});
 }
 
+/// Returns `count` times `piece`.
+std::string repeated(const std::string& piece, std::size_t count) {
+    std::string text;
+    for (std::size_t i = 0; i < count; ++i) {
+        text += piece;
+    }
+    return text;
+}
+
+// The length of the first pieces says little about how many follow.
+TEST(CollectionValues, ListMayBeOfAnyLength) {
+    const struct {
+        std::string first;
+        std::string then;
+    } cases[] = {{"1:", "2:"},
+                 {"1:", "    0000000000000002:"},
+                 {"    0000000000000001:", "2:"},
+                 {"1::::::::", "2:"},
+                 {"1:", "2::::::::"}};
+    for (const auto& each : cases) {
+        for (const std::size_t count : {0U, 1U, 14U, 15U, 16U, 17U, 1000U, 10000U}) {
+            Ints expected(count, 2);
+            expected.insert(expected.begin(), 15, 1);
+            Ints target;
+            Kelp::stringToValue(target, repeated(each.first, 15) + repeated(each.then, count));
+            EXPECT_EQ(target, expected) << each.first << each.then << count;
+            EXPECT_LE(target.capacity(), 32 + 15 * count) << each.first << each.then << count;
+        }
+    }
+}
+
 TEST(CollectionValues, ListKeepsItsMemory) {
     Ints target{1, 2, 3};
     const int* const memory = target.data();

@@ -384,7 +384,8 @@ TEST(NumberEnd, IsAtMostTheEndOfTheText) {
 }
 
 TEST(NumberEnd, OfAListIsTheEndOfItsText) {
-    Kelp::NumberPieces pieces(std::string_view("1::2:::3").substr(0, 6), ':');
+    const Kelp::NumberReader reader;
+    Kelp::NumberPieces pieces(reader, std::string_view("1::2:::3").substr(0, 6), ':');
     int number = 99;
     ASSERT_TRUE(pieces.next());
     pieces.read(number);
