@@ -61,12 +61,15 @@ void Argument::printIndented(std::size_t /*width*/, std::size_t /*lineWidth*/) c
 
 bool ci_less::operator()(const std::string& a, const std::string& b) const {
     const std::size_t shared = std::min(a.size(), b.size());
+    // Every lookup of an option is a few of these comparisons, so they go without the checked access of the string.
+    const char* const first = a.data();
+    const char* const second = b.data();
     for (std::size_t i = 0; i < shared; ++i) {
-        if (a[i] == b[i]) {
+        if (first[i] == second[i]) {
             continue;
         }
-        const int left = folded(a[i]);
-        const int right = folded(b[i]);
+        const int left = folded(first[i]);
+        const int right = folded(second[i]);
         if (left != right) {
             return left < right;
         }

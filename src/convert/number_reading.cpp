@@ -69,7 +69,7 @@ template float convertWithC<float>(const RealText& text);
 template double convertWithC<double>(const RealText& text);
 
 NumberReader::Way NumberReader::wayForLocale() const {
-    return needsStream(locale) ? Way::stream : Way::localized;
+    return needsStream(*locale) ? Way::stream : Way::localized;
 }
 
 template <class T>
@@ -78,7 +78,7 @@ void NumberReader::readWithLocale(T& target, std::string_view text) const {
         readWithStream(target, text);
         return;
     }
-    const std::string number = classicNumber(text, locale, std::is_floating_point_v<T>);
+    const std::string number = classicNumber(text, *locale, std::is_floating_point_v<T>);
     if (!number.empty()) {
         const char* begin = number.data();
         readClassic(target, begin, begin + number.size());
