@@ -47,6 +47,7 @@ set(KELPLIB_SOURCES
     src/convert/number_text.cpp
     src/convert/path_value.cpp
     src/convert/scalar_values.cpp
+    src/convert/shortest_digits.cpp
     src/convert/value_text.cpp
     src/path/file_path.cpp
     src/tool/checks.cpp

@@ -15,7 +15,7 @@ public:
     explicit NumberAppender(std::string& target) : text(target) {}
 
     void append(std::string_view before, double number) {
-        if (block + sizeof block - end < static_cast<std::ptrdiff_t>(Kelp::longestNumberText + before.size())) {
+        if (block + sizeof block - end < static_cast<std::ptrdiff_t>(Kelp::numberTextRoom + before.size())) {
             flush();
         }
         end = Kelp::writeNumberText(std::copy(before.begin(), before.end(), end), number);
@@ -70,7 +70,7 @@ std::string std::to_string(const std::string& value) {
 }
 
 std::string std::to_string(const std::tuple<double, double>& value) {
-    char text[2 * Kelp::longestNumberText + 1];
+    char text[2 * Kelp::numberTextRoom + 1];
     char* end = Kelp::writeNumberText(text, std::get<0>(value));
     *end++ = ':';
     end = Kelp::writeNumberText(end, std::get<1>(value));

@@ -17,11 +17,11 @@ namespace {
 using number_text_model::expectedText;
 using number_text_model::read;
 
-/// Returns the text of a number, or the whole buffer if it was written past longestNumberText.
+/// Returns the text of a number, or the whole buffer if it was written past its room.
 std::string textOf(double number) {
-    std::string buffer(Kelp::longestNumberText + 8, '~');
+    std::string buffer(Kelp::numberTextRoom + 8, '~');
     const auto length = static_cast<std::size_t>(Kelp::writeNumberText(buffer.data(), number) - buffer.data());
-    const bool kept = buffer.find_first_not_of('~', Kelp::longestNumberText) == std::string::npos;
+    const bool kept = buffer.find_first_not_of('~', Kelp::numberTextRoom) == std::string::npos;
     return kept ? buffer.substr(0, length) : buffer;
 }
 
