@@ -128,7 +128,8 @@ char* writeThousandths(char* position, double number) {
         return nullptr;
     }
     const double scaled = number * 1000.0;
-    const auto thousandths = static_cast<std::int64_t>(scaled + 0.5);
+    auto thousandths = static_cast<std::int64_t>(scaled);
+    thousandths += scaled - static_cast<double>(thousandths) > 0.5 ? 1 : 0;
     const auto nearest = static_cast<double>(thousandths);
     // The product is rounded, so the quotient decides. The product of a quotient differs by a rounding error at most; the
     // comparison skips the other divisions.
