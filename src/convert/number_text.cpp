@@ -124,7 +124,7 @@ char* writeShortest(char* position, double number) {
 /// \returns nullptr for any other number
 char* writeThousandths(char* position, double number) {
     constexpr double limit = 1e12;
-    if (!(number < limit) || !roundsToNearest()) {
+    if (!(number < limit)) {
         return nullptr;
     }
     const double scaled = number * 1000.0;
@@ -133,7 +133,7 @@ char* writeThousandths(char* position, double number) {
     const auto nearest = static_cast<double>(thousandths);
     // The product is rounded, so the quotient decides. The product of a quotient differs by a rounding error at most; the
     // comparison skips the other divisions.
-    if (std::fabs(scaled - nearest) > scaled * 0x1p-51 || nearest / 1000.0 != number) {
+    if (std::fabs(scaled - nearest) > scaled * 0x1p-51 || !roundsToNearest() || nearest / 1000.0 != number) {
         return nullptr;
     }
     position = std::to_chars(position, position + numberTextRoom, thousandths / 1000).ptr;
