@@ -4,10 +4,10 @@
 #include "each_option.h"
 #include "parsers.h"
 
-#define DEFINE_OPTION(number) ABSL_FLAG(std::string, o##number, "", "one of many options");
+#define DEFINE_OPTION(name) ABSL_FLAG(std::string, name, "", "one of many options");
 KELPLIB_EACH_OPTION(DEFINE_OPTION)
 
-#define TEXT_OF_OPTION(number) absl::GetFlag(FLAGS_o##number),
+#define TEXT_OF_OPTION(name) absl::GetFlag(FLAGS_##name),
 
 namespace parsers {
 

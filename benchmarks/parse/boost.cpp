@@ -12,7 +12,7 @@ using Texts = std::vector<std::string>;
 
 struct Description {
     explicit Description(std::size_t count) : options("Measures") {
-        for (std::size_t i = 0; i < count; ++i) {
+        for (const std::size_t i : registrationOrder(count)) {
             options.add_options()(nameOf(i, Spelling::word).c_str(), po::value<Texts>(), "one of many options");
         }
         options.add_options()("files", po::value<Texts>(), "files");

@@ -8,7 +8,7 @@ Answer cli11(const CommandLine& line, std::size_t options) {
     CLI::App app("Measures");
     Answer answer;
     answer.values.resize(options);
-    for (std::size_t i = 0; i < options; ++i) {
+    for (const std::size_t i : registrationOrder(options)) {
         app.add_option("--" + nameOf(i, Spelling::word), answer.values[i], "one of many options")
             ->multi_option_policy(CLI::MultiOptionPolicy::TakeFirst);
     }

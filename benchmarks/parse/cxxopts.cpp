@@ -7,7 +7,7 @@ namespace parsers {
 Answer cxxopts(const CommandLine& line, std::size_t options) {
     using Texts = std::vector<std::string>;
     ::cxxopts::Options parser("tool", "Measures");
-    for (std::size_t i = 0; i < options; ++i) {
+    for (const std::size_t i : registrationOrder(options)) {
         parser.add_options()(nameOf(i, Spelling::word), "one of many options", ::cxxopts::value<Texts>());
     }
     parser.add_options()("files", "files", ::cxxopts::value<Texts>());

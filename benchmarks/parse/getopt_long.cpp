@@ -13,7 +13,7 @@ struct Table {
         for (std::size_t i = 0; i < options; ++i) {
             names.push_back(nameOf(i, Spelling::word));
         }
-        for (std::size_t i = 0; i < options; ++i) {
+        for (const std::size_t i : registrationOrder(options)) {
             entries.push_back({names[i].c_str(), required_argument, nullptr, firstOption + static_cast<int>(i)});
         }
         entries.push_back({nullptr, 0, nullptr, 0});

@@ -3,10 +3,10 @@
 #include "each_option.h"
 #include "parsers.h"
 
-#define DEFINE_OPTION(number) DEFINE_string(o##number, "", "one of many options");
+#define DEFINE_OPTION(name) DEFINE_string(name, "", "one of many options");
 KELPLIB_EACH_OPTION(DEFINE_OPTION)
 
-#define TEXT_OF_OPTION(number) FLAGS_o##number,
+#define TEXT_OF_OPTION(name) FLAGS_##name,
 
 namespace parsers {
 

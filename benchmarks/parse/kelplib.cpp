@@ -6,7 +6,7 @@ namespace parsers {
 
 std::vector<Kelp::Option> kelplibOptions(std::size_t options) {
     std::vector<Kelp::Option> list;
-    for (std::size_t i = 0; i < options; ++i) {
+    for (const std::size_t i : registrationOrder(options)) {
         list.emplace_back(std::string("-") + keyOf(i), "--" + nameOf(i, Spelling::firstByte), "one of many options",
                           true);
     }
@@ -18,8 +18,10 @@ Answer kelplib(const CommandLine& line, std::vector<Kelp::Option>& options) {
     Kelp::OptionReader reader(line.argc(), line.argv());
     Answer answer;
     answer.values.resize(options.size());
-    for (std::size_t i = 0; i < options.size(); ++i) {
-        reader.getValue(options[i].shortFlag, options[i].longFlag, answer.values[i], 1);
+    std::size_t i = 0;
+    for (const std::size_t number : registrationOrder(options.size())) {
+        reader.getValue(options[i].shortFlag, options[i].longFlag, answer.values[number], 1);
+        ++i;
     }
     tool.getArguments(answer.positionals, 1);
     return answer;

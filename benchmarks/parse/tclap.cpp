@@ -10,10 +10,10 @@ Answer tclap(const CommandLine& line, std::size_t options) {
     using Text = TCLAP::MultiArg<std::string>;
     TCLAP::CmdLine parser("Measures", '=', "1.0");
     std::vector<std::unique_ptr<Text>> arguments;
-    for (std::size_t i = 0; i < options; ++i) {
-        arguments.push_back(
-            std::make_unique<Text>("", nameOf(i, Spelling::word), "one of many options", false, "text"));
-        parser.add(*arguments.back());
+    arguments.resize(options);
+    for (const std::size_t i : registrationOrder(options)) {
+        arguments[i] = std::make_unique<Text>("", nameOf(i, Spelling::word), "one of many options", false, "text");
+        parser.add(*arguments[i]);
     }
     TCLAP::UnlabeledMultiArg<std::string> files("files", "files", false, "file");
     parser.add(files);

@@ -1,4 +1,4 @@
-// Only the standard headers that kelplib's interface needs: the limit for compiling a tool.
+// The limit for compiling a tool: the standard headers that kelplib's interface needs, and what every tool does with its settings.
 
 #include <array>
 #include <cstddef>
@@ -11,4 +11,8 @@
 #include <tuple>
 #include <vector>
 
-int main() {}
+#include "settings.h"
+
+int main() {
+    return checked(Settings());
+}

@@ -1,7 +1,10 @@
 #include "command_line.h"
 
 #include <algorithm>
+#include <map>
+#include <numeric>
 #include <random>
+#include <utility>
 
 namespace {
 
@@ -44,8 +47,22 @@ char keyOf(std::size_t number) {
 }
 
 std::string nameOf(std::size_t number, Spelling spelling) {
-    const char first = spelling == Spelling::word ? 'o' : keyOf(number);
+    const char first = spelling == Spelling::word ? letters[number % (sizeof letters - 1)] : keyOf(number);
     return {first, static_cast<char>('0' + number / 10), static_cast<char>('0' + number % 10)};
+}
+
+const std::vector<std::size_t>& registrationOrder(std::size_t options) {
+    static std::map<std::size_t, std::vector<std::size_t>> orders;
+    std::vector<std::size_t>& order = orders[options];
+    if (order.empty()) {
+        order.resize(options);
+        std::iota(order.begin(), order.end(), std::size_t{0});
+        std::mt19937 random(1);
+        for (std::size_t i = options; i > 1; --i) {
+            std::swap(order[i - 1], order[below(random, i)]);
+        }
+    }
+    return order;
 }
 
 CommandLine::CommandLine(std::size_t options, std::size_t count, Spelling spelling, unsigned number)

@@ -5,10 +5,11 @@
 #include <string>
 #include <vector>
 
-/// The names of the options. kelplib distinguishes options by their first byte, other libraries by words.
+/// The names of the options. kelplib distinguishes options by their first byte, other libraries by words. The first 26 options
+/// have the same names in both.
 enum class Spelling {
     firstByte,  ///< --X37=value, where X differs for every option
-    word,       ///< --o37=value
+    word,       ///< --l37=value, where l is a letter
 };
 
 /// The result of parsing a command line.
@@ -53,7 +54,10 @@ private:
 
 /// Returns the first byte of option `number` in kelplib's spelling.
 char keyOf(std::size_t number);
-/// Returns "X37" or "o37".
+/// Returns "X37" or "l37".
 std::string nameOf(std::size_t number, Spelling spelling);
+/// Returns the numbers of the options in the order in which they are registered, the same for every library: ascending names would
+/// favour sorted containers.
+const std::vector<std::size_t>& registrationOrder(std::size_t options);
 
 #endif

@@ -47,18 +47,19 @@ private:
 };
 
 template <class T>
-std::vector<T> readWithKelplib(const List<T>& list) {
+std::vector<T> readWithKelplib(std::string text, std::size_t /*count*/) {
     std::vector<T> values;
-    Kelp::stringToValue(values, list.text);
+    Kelp::stringToValue(values, std::move(text));
     return values;
 }
 
+/// The readers take the text as kelplib does, by value, because it consumes it; the copy is made before the measurement.
 /// Reads a list whose number of values is known. `read` reads one value at its first argument and returns its end.
 template <class T, class Read>
-std::vector<T> readEach(const List<T>& list, Read read) {
-    std::vector<T> values(list.values.size());
-    const char* position = list.text.data();
-    const char* const end = position + list.text.size();
+std::vector<T> readEach(const std::string& text, std::size_t count, Read read) {
+    std::vector<T> values(count);
+    const char* position = text.data();
+    const char* const end = position + text.size();
     for (T& value : values) {
         position = read(position, end, value) + 1;
     }
@@ -66,32 +67,33 @@ std::vector<T> readEach(const List<T>& list, Read read) {
 }
 
 template <class T>
-std::vector<T> readWithFromChars(const List<T>& list) {
-    return readEach(
-        list, [](const char* begin, const char* end, T& value) { return std::from_chars(begin, end, value).ptr; });
+std::vector<T> readWithFromChars(std::string text, std::size_t count) {
+    return readEach<T>(text, count, [](const char* begin, const char* end, T& value) {
+        return std::from_chars(begin, end, value).ptr;
+    });
 }
 
-std::vector<int> readWithC(const List<int>& list) {
-    return readEach(list, [](const char* begin, const char* /*end*/, int& value) {
+std::vector<int> readIntsWithC(std::string text, std::size_t count) {
+    return readEach<int>(text, count, [](const char* begin, const char* /*end*/, int& value) {
         char* stop = nullptr;
         value = static_cast<int>(std::strtol(begin, &stop, 10));
         return stop;
     });
 }
 
-std::vector<double> readWithC(const List<double>& list) {
-    return readEach(list, [](const char* begin, const char* /*end*/, double& value) {
+std::vector<double> readDoublesWithC(std::string text, std::size_t count) {
+    return readEach<double>(text, count, [](const char* begin, const char* /*end*/, double& value) {
         char* stop = nullptr;
         value = std::strtod(begin, &stop);
         return stop;
     });
 }
 
-std::vector<double> readWithDoubleConversion(const List<double>& list) {
+std::vector<double> readWithDoubleConversion(std::string text, std::size_t count) {
     using double_conversion::StringToDoubleConverter;
     static const StringToDoubleConverter converter(StringToDoubleConverter::ALLOW_TRAILING_JUNK, 0, 0, nullptr,
                                                    nullptr);
-    return readEach(list, [](const char* begin, const char* end, double& value) {
+    return readEach<double>(text, count, [](const char* begin, const char* end, double& value) {
         int used = 0;
         value = converter.StringToDouble(begin, static_cast<int>(end - begin), &used);
         return begin + used;
@@ -99,9 +101,10 @@ std::vector<double> readWithDoubleConversion(const List<double>& list) {
 }
 
 template <class T>
-std::vector<T> readWithOneStream(const List<T>& list) {
+std::vector<T> readWithOneStream(std::string text, std::size_t count) {
     std::vector<T> values;
-    std::istringstream stream(list.text);
+    values.reserve(count);
+    std::istringstream stream(text);
     char colon = 0;
     for (T value = 0; stream >> value; stream >> colon) {
         values.push_back(value);
@@ -111,9 +114,8 @@ std::vector<T> readWithOneStream(const List<T>& list) {
 
 /// The limit under another locale: a new stream with the global locale for each value.
 template <class T>
-std::vector<T> readWithFreshStreams(const List<T>& list) {
+std::vector<T> readWithFreshStreams(std::string text, std::size_t /*count*/) {
     std::vector<T> values;
-    const std::string& text = list.text;
     for (std::size_t begin = 0; begin < text.size();) {
         const std::size_t end = std::min(text.find(':', begin), text.size());
         values.emplace_back();
@@ -124,12 +126,13 @@ std::vector<T> readWithFreshStreams(const List<T>& list) {
 }
 
 template <class T>
-void add(const std::string& name, const std::shared_ptr<LazyList<T>>& list, std::vector<T> (*read)(const List<T>&)) {
-    measure(
-        name, list->count,
-        [list, read] {
+void add(const std::string& name, const std::shared_ptr<LazyList<T>>& list,
+         std::vector<T> (*read)(std::string, std::size_t)) {
+    measurePrepared(
+        name, list->count, [list] { return list->get().text; },
+        [list, read](std::string text) {
             const GlobalLocale locale(list->locale);
-            return read(list->get());
+            return read(std::move(text), list->count);
         },
         [list](const std::vector<T>& values) { return values == list->get().values; });
 }
@@ -140,8 +143,10 @@ void addKind(const std::string& kind, Kind drawn) {
     add<T>("list/" + kind + "/from_chars", list, readWithFromChars<T>);
     add<T>("list/" + kind + "/kelplib", list, readWithKelplib<T>);
     add<T>("list/" + kind + "/string stream", list, readWithOneStream<T>);
-    add<T>("list/" + kind + "/strtol, strtod", list, readWithC);
-    if constexpr (std::is_floating_point_v<T>) {
+    if constexpr (std::is_integral_v<T>) {
+        add<T>("list/" + kind + "/strtol, strtod", list, readIntsWithC);
+    } else {
+        add<T>("list/" + kind + "/strtol, strtod", list, readDoublesWithC);
         add<T>("list/" + kind + "/double-conversion", list, readWithDoubleConversion);
     }
     const auto foreign = std::make_shared<LazyList<T>>(drawn, maxCount, commaLocale());

@@ -33,14 +33,22 @@ std::string writeWithKelplib(const std::vector<double>& values) {
     return std::to_string(values);
 }
 
-std::string writeWithFmt(const std::vector<double>& values) {
-    fmt::memory_buffer buffer;
-    const char* separator = "";
+/// Writes each number at the end of one text that has room for all. `write` writes one number and returns its end.
+template <class Write>
+std::string writeEach(const std::vector<double>& values, Write write) {
+    std::string text(values.size() * roomPerNumber, ' ');
+    char* position = text.data();
     for (const double value : values) {
-        fmt::format_to(std::back_inserter(buffer), FMT_COMPILE("{}{}"), separator, value);
-        separator = ", ";
+        position = write(position, value);
+        *position++ = ',';
+        *position++ = ' ';
     }
-    return fmt::to_string(buffer);
+    text.resize(static_cast<std::size_t>(position - text.data()) - 2);
+    return text;
+}
+
+std::string writeWithFmt(const std::vector<double>& values) {
+    return writeEach(values, [](char* to, double value) { return fmt::format_to(to, FMT_COMPILE("{}"), value); });
 }
 
 std::string writeWithStream(const std::vector<double>& values) {
@@ -55,29 +63,17 @@ std::string writeWithStream(const std::vector<double>& values) {
 }
 
 std::string writeWithPrintf(const std::vector<double>& values) {
-    std::string text;
-    const char* separator = "";
-    char buffer[32];
-    for (const double value : values) {
-        const int length = std::snprintf(buffer, sizeof buffer, "%s%.17g", separator, value);
-        text.append(buffer, static_cast<std::size_t>(length));
-        separator = ", ";
-    }
-    return text;
+    return writeEach(values,
+                     [](char* to, double value) { return to + std::snprintf(to, roomPerNumber, "%.17g", value); });
 }
 
 std::string writeWithDoubleConversion(const std::vector<double>& values) {
     const auto& converter = double_conversion::DoubleToStringConverter::EcmaScriptConverter();
-    std::string text;
-    char buffer[32];
-    for (const double value : values) {
-        double_conversion::StringBuilder builder(buffer, sizeof buffer);
+    return writeEach(values, [&converter](char* to, double value) {
+        double_conversion::StringBuilder builder(to, static_cast<int>(roomPerNumber));
         converter.ToShortest(value, &builder);
-        const auto length = static_cast<std::size_t>(builder.position());
-        text += text.empty() ? "" : ", ";
-        text.append(buffer, length);
-    }
-    return text;
+        return to + builder.position();
+    });
 }
 
 /// The limit: writes into an existing buffer. Returns the end of the text.
@@ -127,7 +123,8 @@ std::string writePairWithKelplib(const Pair& pair) {
 }
 
 std::string writePairWithFmt(const Pair& pair) {
-    return fmt::format(FMT_COMPILE("{}:{}"), std::get<0>(pair), std::get<1>(pair));
+    char text[2 * roomPerNumber];
+    return {text, fmt::format_to(text, FMT_COMPILE("{}:{}"), std::get<0>(pair), std::get<1>(pair))};
 }
 
 bool allHold(const std::vector<Pair>& pairs, std::string (*write)(const Pair&)) {
