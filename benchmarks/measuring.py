@@ -1,6 +1,8 @@
 """Measures programs of Google Benchmark, whole processes and compilations. Every figure is a median."""
 
+import concurrent.futures
 import json
+import os
 import pathlib
 import resource
 import statistics
@@ -9,9 +11,16 @@ import sys
 import tempfile
 import typing
 
+import callgrind
+
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 PROGRAMS = ROOT / "build/bench/bin"
 UNITS = {"ns": 1e-9, "us": 1e-6, "ms": 1e-3}
+
+
+# glibc gives large blocks back to the system when they are freed, and takes them again page by page. Raised for every library:
+# 1 GiB until a block has a mapping of its own, 4 GiB until free memory goes back.
+MEMORY_KEPT = "glibc.malloc.mmap_threshold=1073741824:glibc.malloc.trim_threshold=4294967296"
 
 
 class Effort(typing.NamedTuple):
@@ -21,7 +30,8 @@ class Effort(typing.NamedTuple):
     compilations: int
 
 
-FULL = Effort(9, 0.05, 5)
+COMPILE = ["g++", "-std=c++17", "-O2", f"-I{ROOT}/include", f"-I{ROOT}/kit/include"]
+FULL = Effort(9, 0.05, 3)
 QUICK = Effort(3, 0.01, 1)
 
 
@@ -61,7 +71,8 @@ class Measured(dict):
                 [PROGRAMS / program, f"--benchmark_filter=^({'|'.join(names)})/", f"--benchmark_out={out}",
                  "--benchmark_out_format=json", f"--benchmark_repetitions={self._effort.repetitions}",
                  f"--benchmark_min_time={self._effort.seconds}", "--benchmark_enable_random_interleaving=true"],
-                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, stdin=subprocess.DEVNULL, check=True)
+                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, stdin=subprocess.DEVNULL, check=True,
+                env={**os.environ, "GLIBC_TUNABLES": MEMORY_KEPT})
             self._take(json.loads(out.read_text(encoding="utf-8"))["benchmarks"])
 
     def _take(self, entries):
@@ -69,8 +80,8 @@ class Measured(dict):
             if entry.get("error_occurred"):
                 raise SystemExit(f"{entry['name']}: {entry['error_message']}")
             if entry.get("aggregate_name") == "median":
-                # Wall clock time for benchmarks that need a second thread to read a terminal, otherwise processor time.
-                name, is_real = entry["run_name"].removesuffix("/real_time"), entry["run_name"].endswith("/real_time")
+                # Wall clock time for redraws and for benchmarks that prepare their input, otherwise processor time.
+                name, is_real = entry["run_name"].split("/real_time")[0].split("/manual_time")[0], entry["run_name"].endswith(("/real_time", "/manual_time"))
                 time = entry["real_time" if is_real else "cpu_time"] * UNITS[entry["time_unit"]]
                 self[name] = Figure(time, entry.get("items", 1), entry.get("allocations", 0))
 
@@ -91,9 +102,14 @@ def compile_seconds(sources, effort):
             log(f"  round {turn + 1} of {effort.compilations}")
             for name in sources if turn % 2 == 0 else reversed(sources):
                 times[name].append(processor_seconds(
-                    ["g++", "-std=c++17", "-O2", f"-I{ROOT}/include", f"-I{ROOT}/kit/include", "-c", sources[name],
-                     "-o", f"{folder}/object.o"]))
+                    [*COMPILE, "-c", sources[name], "-o", f"{folder}/object.o"]))
     return {name: statistics.median(list_of_times) for name, list_of_times in times.items()}
+
+
+def compile_instructions(sources, _):
+    """Returns the compiler's instructions for each source (name to path), which do not depend on the load of the machine."""
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        return dict(zip(sources, pool.map(lambda path: callgrind.of_compiler([*COMPILE, "-S", path]), sources.values())))
 
 
 def stripped_size(program):

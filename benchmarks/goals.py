@@ -1,0 +1,46 @@
+"""The goals, set before the measurement. Tables and verdicts are made from them alone."""
+
+import typing
+
+
+class Goal(typing.NamedTuple):
+    most: float  # the largest allowed value, mostly a ratio to the limit
+    why: str  # printed while the goal is missed
+
+
+REGISTRY = ("Most of a short line is the registration of the options, which the interface makes part of building a tool.")
+PIECES = "The number of values is not known beforehand, so that every separator is examined and the vector grows."
+TERMINAL = "A redraw reads the clock and the locale and formats the line, which the limit does not."
+
+START = Goal(230_000, "Almost all of it is the loader, which looks up every name when the library is loaded.")
+START_FIRST = "The loader looks up every name of a shared library; a library of headers alone has few."
+COMPILE = Goal(1.2, "The public classes and their templates are compiled in every tool.")
+PROGRAM = Goal(16 * 1024, "The templates of the interface leave code in the tool.")
+PARSE = {
+    10: {"10 tokens": Goal(16, REGISTRY),
+         "1,000 tokens": Goal(4.5, "Every token is copied, and the copies are destroyed."),
+         "100,000 tokens": Goal(5.5, "Every token is copied, and the copies no longer fit the caches.")},
+    100: {"100 tokens": Goal(52, REGISTRY),
+          "1,000 tokens": Goal(4, "A hundred options are registered for a thousand tokens. " + REGISTRY),
+          "100,000 tokens": Goal(6, "Every token is copied, and the copies no longer fit the caches.")},
+}
+PARSE_FIRST = ("getopt_long is C: it checks nothing, keeps nothing, and leaves a pointer into argv for its caller to copy.")
+READ_CHECKS = "An interface without errors looks at the locale and at what follows the number; from_chars does neither."
+READ = {"int": Goal(4, READ_CHECKS), "short (12.5)": Goal(3.2, READ_CHECKS), "17 digits": Goal(3.7, READ_CHECKS)}
+LIST = {"int": Goal(1.45, PIECES), "short (12.5)": Goal(1.5, PIECES), "17 digits": Goal(1.5, PIECES)}
+LOCALE = {head: Goal(1, "Each value passes through a stream.") for head in ("int", "short (12,5)", "17 digits")}
+TEXT = {"17 digits": Goal(0.85, "The digits come from the standard conversion, and are copied into the text."),
+        **{head: Goal(1, "The digits come from the standard conversion.") for head in ("3 decimals", "whole", "pairs")}}
+FMT_AHEAD = Goal(0.8, "fmt has its own conversion of shortest digits and writes into a text with room for all.")
+FMT_FIRST = "fmt has its own conversion of shortest digits and writes into a text with room for all."
+REDRAW = {"to /dev/null": Goal(2, TERMINAL), "to a terminal": Goal(1.2, TERMINAL),
+          "without a pause": Goal(1.2, TERMINAL + " The reader and the system work at the same time, so that a pause between two "
+                                  "writes costs more than its length.")}
+TQDM_TIMES = 100
+FURTHER_TOKEN = Goal(1.25, "More keys are compared for every option.")
+KIT_START = Goal(1.15, "The kit also checks every option and argument, and its code is relocated with the tool.")
+KIT_COMPILE = Goal(1.5, "The headers of the kit come in addition.")
+KIT_BYTES = Goal(60_000, "The kit is linked into the tool.")
+KIT_LINE = Goal(2, "The kit searches the definition for each token and keeps the token for its messages.")
+KIT_FIRST = "The strict reader builds a table of all forms for every line."
+ADVANCE = Goal(50e-9, "The clock is read too often.")
