@@ -79,7 +79,7 @@ def judged(name, now, before):
         verdict = "  GROWN"
     elif change < -TOLERANCE:
         verdict = "  cheaper: renew the baseline (scripts/bench --renew-baseline)"
-    return f"{name:<8}{before:>12,}{now:>12,}{change:>+9.1%}{verdict}", change > TOLERANCE
+    return f"{name:<12}{before:>12,}{now:>12,}{change:>+9.1%}{verdict}", change > TOLERANCE
 
 
 def main():
@@ -100,7 +100,7 @@ def main():
     if counts.keys() != baseline.keys() - here.keys():
         print("the baseline has other operations: renew it (scripts/bench --renew-baseline)")
         return 1
-    print(f"{'':<8}{'baseline':>12}{'now':>12}{'change':>9}")
+    print(f"{'':<12}{'baseline':>12}{'now':>12}{'change':>9}")
     verdicts = [judged(name, count, int(baseline[name])) for name, count in counts.items()]
     print("\n".join(line for line, _ in verdicts))
     return 1 if any(failed for _, failed in verdicts) else 0

@@ -55,6 +55,28 @@ int Terminal::descriptor() const {
     return writing;
 }
 
+QuietTerminal::QuietTerminal() : reading(newTerminal()), writing(valid(open(ptsname(reading), O_RDWR | O_NOCTTY))) {}
+
+QuietTerminal::~QuietTerminal() {
+    close(writing);
+    close(reading);
+}
+
+int QuietTerminal::descriptor() const {
+    return writing;
+}
+
+void QuietTerminal::readLine() {
+    char buffer[4096];
+    for (ssize_t size = 1; size > 0;) {
+        size = read(reading, buffer, sizeof buffer);
+        if (size > 0 && buffer[size - 1] == '\r') {
+            return;
+        }
+    }
+    throw std::runtime_error("the terminal ended");
+}
+
 int nullDevice() {
     static const int descriptor = valid(open("/dev/null", O_WRONLY));
     return descriptor;

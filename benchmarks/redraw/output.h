@@ -33,6 +33,24 @@ private:
     std::thread reader;
 };
 
+/// A pseudo-terminal whose output waits until it is read.
+class QuietTerminal {
+public:
+    QuietTerminal();
+    ~QuietTerminal();
+    QuietTerminal(const QuietTerminal&) = delete;
+    QuietTerminal& operator=(const QuietTerminal&) = delete;
+
+    /// The side that programs write to.
+    int descriptor() const;
+    /// Reads up to the next carriage return.
+    void readLine();
+
+private:
+    int reading;
+    int writing;
+};
+
 /// Returns a descriptor of /dev/null.
 int nullDevice();
 

@@ -1,11 +1,13 @@
-// One redraw of the bar, to the null device and to a terminal: kelplib, printf with fflush, and as the limit one write of the
-// same bytes.
+// One redraw of the bar, to the null device and to a terminal: kelplib, printf with fflush, fwrite with fflush of the ready
+// line, and as the limit one write of the same bytes.
 
 #include <kelplib/KelpProgress.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <vector>
 
 #include "../../tests/support/allocation_count.h"
@@ -24,24 +26,29 @@ double valueOf(int redraw) {
     return redraw + 0.25;
 }
 
-void drawWithKelplib() {
-    const double start = KELP_time_stamp();
-    for (int i = 0; i < redraws; ++i) {
-        KELP_progress(valueOf(i), redraws, barWidth, label, start);
-    }
+/// Draws one state of the bar, which began at `start`.
+using Draw = void (*)(int redraw, double start);
+
+void drawWithKelplib(int redraw, double start) {
+    KELP_progress(valueOf(redraw), redraws, barWidth, label, start);
 }
 
-void drawWithPrintf() {
+void drawWithPrintf(int redraw, double start) {
     static const std::string marks(barWidth, '#');
+    const double ratio = valueOf(redraw) / redraws;
+    const double filled = barWidth * ratio;
+    const double left = (KELP_time_stamp() - start) * (1 - ratio) / ratio;
+    std::printf("%s%s%.1f%% %.*s%*s| time left: %d secs  \r", label, ratio < 0.1 ? "  " : " ", 100 * ratio,
+                static_cast<int>(std::ceil(filled)), marks.c_str(), barWidth - 1 - static_cast<int>(filled), "",
+                static_cast<int>(left));
+    std::fflush(stdout);
+}
+
+template <Draw draw>
+void drawAll() {
     const double start = KELP_time_stamp();
     for (int i = 0; i < redraws; ++i) {
-        const double ratio = valueOf(i) / redraws;
-        const double filled = barWidth * ratio;
-        const double left = (KELP_time_stamp() - start) * (1 - ratio) / ratio;
-        std::printf("%s%s%.1f%% %.*s%*s| time left: %d secs  \r", label, ratio < 0.1 ? "  " : " ", 100 * ratio,
-                    static_cast<int>(std::ceil(filled)), marks.c_str(), barWidth - 1 - static_cast<int>(filled), "",
-                    static_cast<int>(left));
-        std::fflush(stdout);
+        draw(i, start);
     }
 }
 
@@ -49,7 +56,7 @@ void drawWithPrintf() {
 std::vector<std::string> drawnLines() {
     std::string text;
     for (int tries = 10; tries > 0 && (text.empty() || text.find("left: 1") != std::string::npos); --tries) {
-        text = printedBy(drawWithKelplib);
+        text = printedBy(drawAll<drawWithKelplib>);
     }
     std::vector<std::string> lines;
     for (std::size_t begin = 0, end = 0; (end = text.find('\r', begin)) != std::string::npos; begin = end + 1) {
@@ -63,12 +70,17 @@ const std::vector<std::string>& lines() {
     return drawn;
 }
 
-void writeLines() {
-    for (const std::string& line : lines()) {
-        if (write(STDOUT_FILENO, line.data(), line.size()) < 0) {
-            return;
-        }
+void writeLine(int redraw, double /*start*/) {
+    const std::string& line = lines()[static_cast<std::size_t>(redraw)];
+    if (write(STDOUT_FILENO, line.data(), line.size()) < 0) {
+        std::abort();
     }
+}
+
+void writeLineWithC(int redraw, double /*start*/) {
+    const std::string& line = lines()[static_cast<std::size_t>(redraw)];
+    std::fwrite(line.data(), 1, line.size(), stdout);
+    std::fflush(stdout);
 }
 
 /// Whether `draw` prints exactly lines(). On a busy machine the time left may differ, so this tries several times.
@@ -95,34 +107,64 @@ double allocationsOf(void (*draw)()) {
     return static_cast<double>(allocationCount() - before) / redraws;
 }
 
-void add(const std::string& name, int descriptor, void (*draw)()) {
-    const auto work = [draw](benchmark::State& state, int target) {
-        if (!printsLines(draw)) {
+template <Draw draw>
+void add(const std::string& name, int descriptor) {
+    const auto work = [](benchmark::State& state, int target) {
+        if (!printsLines(drawAll<draw>)) {
             state.SkipWithError("wrong result");
             return;
         }
         state.counters["items"] = redraws;
-        state.counters["allocations"] = allocationsOf(draw);
+        state.counters["allocations"] = allocationsOf(drawAll<draw>);
         const Redirection redirection(target);
         for ([[maybe_unused]] auto turn : state) {
-            draw();
+            drawAll<draw>();
         }
     };
     benchmark::RegisterBenchmark(name.c_str(), work, descriptor)->UseRealTime();
 }
 
-void addAll(const std::string& target, int descriptor) {
-    add("redraw/" + target + "/write", descriptor, writeLines);
-    add("redraw/" + target + "/kelplib", descriptor, drawWithKelplib);
-    add("redraw/" + target + "/printf and fflush", descriptor, drawWithPrintf);
+/// Measures redraws on a terminal that is read empty after each one, outside the measured time.
+template <Draw draw>
+void addWithPauses(const std::string& name) {
+    const auto work = [](benchmark::State& state) {
+        if (!printsLines(drawAll<draw>)) {
+            state.SkipWithError("wrong result");
+            return;
+        }
+        state.counters["items"] = redraws;
+        QuietTerminal terminal;
+        const Redirection redirection(terminal.descriptor());
+        for ([[maybe_unused]] auto turn : state) {
+            const double start = KELP_time_stamp();
+            std::chrono::steady_clock::duration time{};
+            for (int i = 0; i < redraws; ++i) {
+                const auto before = std::chrono::steady_clock::now();
+                draw(i, start);
+                time += std::chrono::steady_clock::now() - before;
+                terminal.readLine();
+            }
+            state.SetIterationTime(std::chrono::duration<double>(time).count());
+        }
+    };
+    benchmark::RegisterBenchmark(name.c_str(), work)->UseManualTime();
+}
+
+template <Draw draw>
+void addAll(const std::string& library, int terminal) {
+    add<draw>("redraw/null/" + library, nullDevice());
+    addWithPauses<draw>("redraw/terminal/" + library);
+    add<draw>("redraw/busy/" + library, terminal);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
     const Terminal terminal;
-    addAll("null", nullDevice());
-    addAll("terminal", terminal.descriptor());
+    addAll<writeLine>("write", terminal.descriptor());
+    addAll<writeLineWithC>("fwrite and fflush", terminal.descriptor());
+    addAll<drawWithKelplib>("kelplib", terminal.descriptor());
+    addAll<drawWithPrintf>("printf and fflush", terminal.descriptor());
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
 }
