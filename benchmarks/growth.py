@@ -32,8 +32,8 @@ def growth(measured, _):
         table.add(kind, *(time_text(figure.per_item) if figure else "" for figure in figures), times(known[-1] / known[0]))
     further = {options: (total(measured, options, 100000) - total(measured, options, 10000)) / 90000 for options in (10, 100)}
     table.remark("A further token costs, from 10,000 to 100,000 tokens and so without the registration of the options, "
-                 f"{time_text(further[10])} with 10 options and {time_text(further[100])} with 100. Goal: "
-                 f"{table.judge(further[100] / further[10], goals.FURTHER_TOKEN, times)} of it.")
+                 f"{time_text(further[10])} with 10 options and {time_text(further[100])} with 100. Goal for "
+                 f"their ratio: {table.judge(further[100] / further[10], goals.FURTHER_TOKEN, times)}.")
     return [table]
 
 

@@ -155,7 +155,7 @@ def write_text(measured, _):
                      "they and double-conversion have no pairs.", columns, "to_chars", others, goals.TEXT, seconds)
     fastest(table, columns, columns.values(), ["fmt"], seconds, "fmt", goals.FMT_FIRST)
     ratio = seconds("17 digits", KELPLIB) / seconds("17 digits", "fmt")
-    table.remark(f"Goal: with 17 digits {table.judge(ratio, goals.FMT_AHEAD, times)} of fmt's time ({times(ratio)}).")
+    table.remark(f"Goal for the ratio to fmt with 17 digits, {times(ratio)}: {table.judge(ratio, goals.FMT_AHEAD, times)}.")
     return [table]
 
 

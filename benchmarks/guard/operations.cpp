@@ -101,11 +101,13 @@ void countIntegers() {
             return list;
         },
         [&values](const std::vector<int>& list) { return list == values; });
+    std::string commas = text;
+    std::replace(commas.begin(), commas.end(), ':', ',');
     count(
         "set",
-        [&text] {
+        [commas] {
             std::set<int> set;
-            Kelp::stringToValue(set, text);
+            Kelp::stringToValue(set, commas);
             return set;
         },
         [&values](const std::set<int>& set) {
