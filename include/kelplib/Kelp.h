@@ -230,7 +230,10 @@ public:
     /// Does the same for the two forms of `option`.
     int hasOption(const Option& option, int start) const;
 
-    /// Converts the value of the first matching flag at or after `start`. T is any type that has a stringToValue above.
+    /// Converts the value of the first matching flag at or after `start`. T is any type that has a stringToValue above, or a
+    /// type of the tool's own with an overload in the namespace of the type; other types do not compile:
+    ///
+    ///     void stringToValue(Colour& target, std::string text);
     ///
     /// A token matches by its first letter alone, ignoring case. The value is the text after the first "="; a flag without
     /// "=" has an empty value:
@@ -315,21 +318,39 @@ private:
 
     int findValue(const char* shortFlag, const char* longFlag, std::string& text, int start) const;
 
+    // Whether getValue can convert to a T. A member, so that it has the same access as getValue.
+    template <class T, class = void>
+    struct IsReadable {
+        static constexpr bool value = false;
+    };
+    template <class T>
+    struct IsReadable<T, decltype(static_cast<void>(stringToValue(std::declval<T&>(), std::declval<std::string>())))> {
+        static constexpr bool value = true;
+    };
+
     TokenRecord record;
     bool verbose = false;
 };
 
 template <class T>
 int OptionReader::getValue(const char* shortFlag, const char* longFlag, T& value, int start) {
+    static_assert(
+        IsReadable<T>::value,
+        "getValue has no conversion to this type: use std::string, bool, char, int, unsigned short, unsigned int, "
+        "unsigned long long, double, float, std::filesystem::path, Kelp::StringDouble, a std::vector or std::set of "
+        "int, double or std::string, a std::tuple of two double, float or unsigned int or of three unsigned int, or "
+        "declare stringToValue(YourType&, std::string) in the namespace of your type");
     if constexpr (std::is_same_v<T, std::string>) {
         return findValue(shortFlag, longFlag, value, start);
-    } else {
+    } else if constexpr (IsReadable<T>::value) {  // without this, the compiler adds an error that lists every overload
         std::string text;
         const int next = findValue(shortFlag, longFlag, text, start);
         if (next != 0) {
             stringToValue(value, std::move(text));
         }
         return next;
+    } else {
+        return 0;
     }
 }
 
