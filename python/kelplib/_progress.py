@@ -1,0 +1,136 @@
+"""The public interface: progress of a loop or of a block."""
+
+import itertools
+import math
+from types import TracebackType
+from typing import Any, Generic, Iterable, Iterator, Optional, TypeVar, overload
+
+from . import _display
+
+T = TypeVar("T")
+
+
+class _End:
+    """An iterator without items that follows the items of a loop. Its loop has taken all items when it is asked for one, and
+    has been left early when it is destroyed without that."""
+
+    def __init__(self, progress: "Progress[Any]", counter: "itertools.count[int]") -> None:
+        self._progress, self._counter = progress, counter
+
+    def __iter__(self) -> "_End":
+        return self
+
+    def __next__(self) -> Any:
+        self._progress._loop_ended(self._counter, True)
+        raise StopIteration
+
+    def __del__(self) -> None:
+        self._progress._loop_ended(self._counter, False)
+
+
+class Progress(Generic[T]):
+    """Progress of work, made by progress(). Iterating over it, or entering it with "with", opens the display of the process.
+
+    The display is drawn on a terminal only, once the work has lasted half a second, and at most ten times a second. While it is
+    open, other objects draw nothing.
+    """
+
+    def __init__(self, items: Optional[Iterable[T]], total: Optional[float], label: str, smile: bool, show: bool) -> None:
+        if total is not None and not 0 <= total < math.inf:
+            raise ValueError(f"total is not a number of 0 or more: {total}")
+        self._items, self._total, self._label, self._smile, self._show = items, total, label, smile, show
+        self._done: float = 0
+        self._counter: Optional["itertools.count[int]"] = None
+        self._display: Optional[_display.Display] = None
+        self._entered = False
+
+    def __iter__(self) -> Iterator[T]:
+        if self._items is None:
+            raise TypeError("progress() without items cannot be iterated over; use it with \"with\", and call update()")
+        items = iter(self._items)
+        if not self._entered:
+            self._open()
+        if self._display is None or self._counter is not None:
+            return items
+        # Each item takes a number, in code of the interpreter itself. The thread that draws reads how many were taken.
+        counter = itertools.count(1)
+        self._counter = counter
+        return itertools.compress(itertools.chain(items, _End(self, counter)), counter)
+
+    def __enter__(self) -> "Progress[T]":
+        self._entered = True
+        self._open()
+        return self
+
+    def __exit__(self, kind: Optional[type[BaseException]], _: Optional[BaseException], __: Optional[TracebackType]) -> None:
+        self._entered = False
+        self._close(kind is None)
+
+    def update(self, amount: float = 1) -> None:
+        """Counts an amount as done. Several threads may call it."""
+        # The interpreter does not change threads within this statement.
+        self._done += amount
+
+    @property
+    def label(self) -> str:
+        """The label; a new one is shown with the next redraw."""
+        return self._label
+
+    @label.setter
+    def label(self, label: str) -> None:
+        self._label = label
+        if self._display is not None:
+            self._display.set_label(label)
+
+    def _open(self) -> None:
+        if self._show and self._display is None:
+            self._done = 0
+            self._display = _display.opened(self._label, self._total, self._smile, self._count)
+
+    def _close(self, complete: bool) -> None:
+        display, self._display = self._display, None
+        if display is not None:
+            display.close(complete)
+
+    def _count(self) -> float:
+        # The loop still works on its last item.
+        return self._done + (max(0, _taken(self._counter) - 1) if self._counter is not None else 0)
+
+    def _loop_ended(self, counter: "itertools.count[int]", complete: bool) -> None:
+        if counter is self._counter:
+            self._done, self._counter = self._count() + (1 if complete and _taken(counter) else 0), None
+            if not self._entered:
+                self._close(complete)
+
+
+def _taken(counter: "itertools.count[int]") -> int:
+    """Returns how many numbers were taken. The representation "count(8)" is the only way to see the next one."""
+    return int(repr(counter)[len("count("):-1]) - 1
+
+
+def _length(items: Any) -> Optional[int]:
+    try:
+        return len(items)
+    except (TypeError, OverflowError):
+        return None
+
+
+@overload
+def progress(items: Iterable[T], total: Optional[float] = None, *, label: str = "", smile: bool = False,
+             show: bool = True) -> Progress[T]: ...
+
+
+@overload
+def progress(items: None = None, total: Optional[float] = None, *, label: str = "", smile: bool = False,
+             show: bool = True) -> Progress[Any]: ...
+
+
+def progress(items: Optional[Iterable[Any]] = None, total: Optional[float] = None, *, label: str = "", smile: bool = False,
+             show: bool = True) -> Progress[Any]:
+    """Shows progress on the console: of a loop over the items, or of a "with" block that calls update().
+
+    total is the amount of work, by default len(items). Without either, the display counts and shows the time spent. label may
+    have 20 characters; "..." replaces the middle of a longer one. smile=True draws a face of six lines, which needs a total,
+    instead of a bar. show=False draws nothing. Nothing is drawn into a pipe or a file.
+    """
+    return Progress(items, _length(items) if total is None else total, label, smile, show)
