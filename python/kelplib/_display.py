@@ -93,12 +93,12 @@ class Display:
 
     def _keep_drawing(self, stop: threading.Event) -> None:
         while not stop.wait(max(0.0, self._next_draw - time.monotonic())):
-            # Without the lock: see stop_thread.
+            # What was printed before an item was done precedes the frame that counts it. Without the lock: see stop_thread.
+            count = self._count()
             _terminal.flush()
             with _lock:
                 if stop.is_set() or self is not _current:
                     return
-                count = self._count()
                 # The end of the work draws the last state.
                 if count != self._drawn and (self._total is None or count < self._total):
                     self._draw(count, False)
@@ -109,8 +109,6 @@ class Display:
         console = _terminal.console()
         if console is None:
             return False
-        # Keys that were pressed meanwhile may have moved the cursor.
-        _library.rewind_cursor(0)
         if self._total is None:
             frame = self._draw_count(count, complete, console)
         else:
@@ -133,6 +131,8 @@ class Display:
                 return None
         if console.columns <= frame.columns or console.lines <= frame.lines:
             return None
+        # Keys that were pressed meanwhile may have moved the cursor.
+        _library.rewind_cursor(0)
         _library.draw(count)
         return frame
 
@@ -147,7 +147,7 @@ class Display:
         frame = _Frame(1, 1, max(_terminal.cells(text), before))
         if console.columns <= frame.columns or console.lines <= frame.lines:
             return None
-        _terminal.write(_terminal.encoded(text + " " * (before - _terminal.cells(text))) + b"\r")
+        _terminal.write(b"\r" + _terminal.encoded(text + " " * (before - _terminal.cells(text))) + b"\r")
         return frame
 
     def _is_face(self) -> bool:
