@@ -11,11 +11,12 @@ import time
 
 import growth
 import measuring
+import python.table
 import rows
 
 ROWS = {"start": rows.start, "compile": rows.compile_tool, "parse": rows.parse, "read": rows.read, "list": rows.read_list,
         "locale": rows.locale, "text": rows.write_text, "redraw": rows.redraw, "growth": growth.growth,
-        "kit": rows.kit}
+        "kit": rows.kit, "python": python.table.python}
 PACKAGES = ["libbenchmark-dev", "valgrind", "libcli11-dev", "libcxxopts-dev", "libboost-program-options-dev", "libtclap-dev",
             "libgflags-dev", "libabsl-dev", "libfmt-dev", "libdouble-conversion-dev", "python3-tqdm"]
 TEXT = """\

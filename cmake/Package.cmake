@@ -88,6 +88,8 @@ set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SUGGESTS libkelplib-dev)
 set(CPACK_DEBIAN_DOCUMENTATION_DESCRIPTION "How to write a tool with the shared library and the kit: the guide,
 the reference, and the sources of the example tools.")
 
+include(cmake/packages/debian_python.cmake)
+
 # Packages with the debugging information of these components.
 set(with_programs runtime kit examples)
 foreach(name IN LISTS with_programs)

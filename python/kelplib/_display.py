@@ -29,6 +29,11 @@ class _Frame(NamedTuple):
     long_lines: int
     columns: int
 
+    def rows(self) -> int:
+        """Returns how many rows it takes in the terminal as it is now."""
+        console = _terminal.console()
+        return self.lines + self.long_lines * (self.columns // console.columns if console else 0)
+
 
 _FACE = _Frame(6, 3, 60)
 
@@ -63,19 +68,19 @@ class Display:
                 return
             try:
                 if self._shown:
-                    self._leave(complete)
+                    self._leave(self._shown, complete)
             finally:
                 _current = None
         self.stop_thread()
 
-    def _leave(self, complete: bool) -> None:
+    def _leave(self, frame: _Frame, complete: bool) -> None:
         count = self._count()
         if complete and self._total is not None and math.isclose(count, self._total):
             count = self._total  # a sum of fractions
         finished = self._draw(count, complete) and self._drawn == self._total
         # The finished face leaves the cursor below it.
         if not (finished and self._is_face()):
-            _terminal.write(b"\n" * self._rows())
+            _terminal.write(b"\n" * (self._shown or frame).rows())
 
     def _start_thread(self) -> None:
         self._stop = threading.Event()
@@ -87,9 +92,16 @@ class Display:
 
     def stop_thread(self) -> None:
         self._stop.set()
-        if self._thread.is_alive() and self._thread is not threading.current_thread():
+        if self._thread.ident is not None and self._thread is not threading.current_thread():
             # Normally ends at once. A finalizer that runs while this thread prints may have to wait for itself.
             self._thread.join(1)
+
+    def wait_for_system(self) -> None:
+        """Waits until the system, too, has ended the thread: Python 3.12 and later warn of a fork when it has not."""
+        for _ in range(5000):
+            if not os.path.exists(f"/proc/self/task/{self._thread.native_id}"):
+                break
+            time.sleep(0.0001)
 
     def _keep_drawing(self, stop: threading.Event) -> None:
         while not stop.wait(max(0.0, self._next_draw - time.monotonic())):
@@ -154,14 +166,6 @@ class Display:
         # The library has decided; terminals of MSYS get a bar.
         return bool(_library.settings.smile == 1) and self._total is not None
 
-    def _rows(self) -> int:
-        """Returns how many rows lead below the last frame."""
-        if self._shown is None:
-            return 0
-        console = _terminal.console()
-        wrapped = self._shown.columns // console.columns if console else 0
-        return self._shown.lines + self._shown.long_lines * wrapped
-
 
 def opened(label: str, total: Optional[float], smile: bool, count: Callable[[], float]) -> Optional[Display]:
     """Returns a new display. Returns None if there is no terminal, nothing to be drawn, or an open display."""
@@ -182,6 +186,7 @@ def _before_fork() -> None:
     # No other thread draws while the process forks, and none is lost in the child.
     if _current is not None:
         _current.stop_thread()
+        _current.wait_for_system()
     _lock.acquire()
 
 

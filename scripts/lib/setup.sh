@@ -129,7 +129,7 @@ need_for_all_tests() {
     need_for_windows
     need_for_processors
     needs+=(
-        "pkg-config pkg-config" "run-clang-tidy clang-tidy" "clang-format clang-format"
+        "pkg-config pkg-config" "mypy mypy" "run-clang-tidy clang-tidy" "clang-format clang-format"
         "/usr/lib/llvm-*/include/c++/v1/version libc++-dev" "/usr/lib/llvm-*/lib/libc++abi.so libc++abi-dev")
 }
 

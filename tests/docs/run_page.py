@@ -56,7 +56,8 @@ class Home:
         self.environment = {"CXX": "c++", "CC": "cc"}
         self.environment.update((name, os.environ[name]) for name in kept if name in os.environ)
         self.environment.update(PATH=f"{self.work}:{self.prefix}/bin:/usr/bin:/bin:{os.environ['PATH']}",
-                                HOME=str(self.folder), LD_LIBRARY_PATH=str(self.library), LC_ALL="C.UTF-8")
+                                HOME=str(self.folder), LD_LIBRARY_PATH=str(self.library), LC_ALL="C.UTF-8",
+                                PYTHONPATH=str(project / "python"), PYTHONDONTWRITEBYTECODE="1")
 
     def run(self, command):
         """Returns the output of a command and its exit status."""

@@ -21,7 +21,7 @@ import shell_sessions
 
 PACKAGES = pathlib.Path(sys.argv.pop(1))
 OVERRIDES = ROOT / "cmake" / "packages" / "lintian"
-NAMES = ["kelplib-examples", "kelplib-kit", "libkelplib-dev", "libkelplib-doc", "libkelplib1"]
+NAMES = ["kelplib-examples", "kelplib-kit", "libkelplib-dev", "libkelplib-doc", "libkelplib1", "python3-kelplib"]
 DEBUGGED = ["kelplib-examples", "kelplib-kit", "libkelplib1"]
 EXAMPLES = [f"kelplib-{name}" for name in ("checksum", "convert", "fragment", "histogram", "sequence", "tally")]
 # What is typed before Tab, and the words that the tool then gets.
@@ -54,13 +54,14 @@ class DebianPackages(InOneFolder):
             (database / folder).mkdir(parents=True)
         # This machine's packages count as installed, without their files. An older kelplib does not.
         known = pathlib.Path("/var/lib/dpkg/status").read_text(encoding="utf-8").split("\n\n")
-        others = [entry for entry in known if not re.match(r"Package: (lib)?kelplib", entry)]
+        others = [entry for entry in known if not re.match(r"Package: (lib|python3-)?kelplib", entry)]
         (database / "status").write_text("\n\n".join(others), encoding="utf-8")
 
     def dpkg(self, *arguments):
         # Small images of Debian have settings that leave out documents.
-        done = subprocess.run(["dpkg", f"--root={self.root}", "--path-include=*", *arguments], stdout=subprocess.PIPE,
-                              stderr=subprocess.STDOUT, check=False, encoding="utf-8")
+        # A package's script would need a shell in the temporary folder.
+        done = subprocess.run(["dpkg", f"--root={self.root}", "--force-script-chrootless", "--path-include=*", *arguments],
+                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT, check=False, encoding="utf-8")
         self.assertEqual(done.returncode, 0, done.stdout[-2000:])
 
     def files(self):
@@ -73,8 +74,9 @@ class DebianPackages(InOneFolder):
                          sorted([*NAMES, *(f"{name}-dbgsym" for name in DEBUGGED)]))
         packages = [path for path in packages if "-dbgsym" not in path.name]
         # Each package depends on the one below it of the same version.
-        examples, kit, development, documentation, runtime = packages
-        for package, reason in ((examples, "kelplib-examples depends on libkelplib1 (>= 1.0.0)"),
+        examples, kit, development, documentation, runtime, python = packages
+        for package, reason in ((python, "python3-kelplib depends on libkelplib1 (>= 1.0.0)"),
+                                (examples, "kelplib-examples depends on libkelplib1 (>= 1.0.0)"),
                                 (kit, "kelplib-kit depends on libkelplib-dev (= 1.0.0)"),
                                 (development, "libkelplib-dev depends on libkelplib1 (= 1.0.0)")):
             refused = subprocess.run(["dpkg", f"--root={self.root}", "-i", package], stdout=subprocess.PIPE,
@@ -86,6 +88,8 @@ class DebianPackages(InOneFolder):
         self.assertIn("The component kit of kelplib is not installed:", refusal(
             "cmake", "-G", "Ninja", "-S", HERE / "find_package_kit", "-B", self.folder / "kit missing",
             f"-DCMAKE_PREFIX_PATH={self.root / 'usr'}"))
+        self.dpkg("-i", python)
+        self.use_python()
         self.dpkg("-i", kit)
         self.use_kit()
         self.dpkg("-i", examples)
@@ -112,6 +116,8 @@ class DebianPackages(InOneFolder):
                 ("kelplib-kit", [*kit_files(library, in_debian=True), f"{library}/cmake/kelplib/kelplibKitTargets-release.cmake",
                                  *(f"share/doc/kelplib-kit/examples/template/{path.name}"
                                    for path in (ROOT / "examples" / "template").iterdir())]),
+                ("python3-kelplib", [f"lib/python3/dist-packages/kelplib/{path.name}"
+                                     for path in (ROOT / "python/kelplib").iterdir() if path.is_file()]),
                 ("kelplib-examples", [name for tool in EXAMPLES for name in (f"bin/{tool}", *documents(tool, True, ".gz"))])):
             texts = [f"share/doc/{package}/{name}" for name in ("changelog.gz", "copyright")]
             overrides = [f"share/lintian/overrides/{package}"] if (OVERRIDES / package).exists() else []
@@ -187,6 +193,15 @@ class DebianPackages(InOneFolder):
                        PKG_CONFIG_PATH=str(library_folder / "pkgconfig")).split()
         output("cc", HERE / "consumer" / "flat.c", "-o", self.root.parent / "flat", *flags)
         self.assertEqual(output(self.root.parent / "flat", **search), FLAT_OUTPUT)
+
+    def use_python(self):
+        # Without -B: Python writes compiled files, which the purge has to remove.
+        code = 'import kelplib\nprint(list(kelplib.progress("ab")), kelplib.__file__)'
+        package = self.root / "usr/lib/python3/dist-packages"
+        search = {"LD_LIBRARY_PATH": str(next(self.root.rglob("libkelplib.so.1")).parent), "PYTHONPATH": str(package),
+                  "PYTHONDONTWRITEBYTECODE": "", "PYTHONPYCACHEPREFIX": ""}
+        self.assertEqual(output("/usr/bin/python3", "-c", code, **search), f"['a', 'b'] {package}/kelplib/__init__.py\n")
+        self.assertTrue((package / "kelplib/__pycache__").exists())
 
     def use_kit(self):
         library_folder = next(self.root.rglob("libkelpkit.a")).parent

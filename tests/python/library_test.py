@@ -4,8 +4,8 @@
 OTHER_LIBRARY has the library's names and settings of another layout.
 """
 
+import importlib.util
 import os
-import pathlib
 import shutil
 import subprocess
 import sys
@@ -86,8 +86,8 @@ class Library(folder.FolderTestCase):
         self.assertEqual(self.run_python(code, KELPLIB_LIBRARY=LIBRARY), "True b'mine'\n")
         self.assertEqual(self.run_python(code, KELPLIB_LIBRARY=LIBRARY, MSYSTEM=""), "True b'mine'\n")
 
-    @unittest.skipUnless(pathlib.Path("/usr/lib/python3/dist-packages/setuptools").exists()
-                         and pathlib.Path("/usr/lib/python3/dist-packages/pip").exists(), "pip and setuptools are missing")
+    @unittest.skipUnless(importlib.util.find_spec("pip") and importlib.util.find_spec("setuptools"),
+                         "pip or setuptools is missing")
     def test_installation_with_pip(self):
         sources = self.folder / "sources"
         shutil.copytree(PACKAGE, sources, ignore=shutil.ignore_patterns("__pycache__"))
