@@ -77,10 +77,12 @@ class Display:
         count = self._count()
         if complete and self._total is not None and math.isclose(count, self._total):
             count = self._total  # a sum of fractions
-        finished = self._draw(count, complete) and self._drawn == self._total
-        # The finished face leaves the cursor below it.
-        if not (finished and self._is_face()):
-            _terminal.write(b"\n" * (self._shown or frame).rows())
+        try:
+            self._draw(count, complete)
+        finally:  # also after Ctrl-C
+            # The finished face leaves the cursor below it.
+            if not (self._is_face() and self._drawn == self._total):
+                _terminal.write(b"\n" * (self._shown or frame).rows())
 
     def _start_thread(self) -> None:
         self._stop = threading.Event()
@@ -96,13 +98,6 @@ class Display:
             # Normally ends at once. A finalizer that runs while this thread prints may have to wait for itself.
             self._thread.join(1)
 
-    def wait_for_system(self) -> None:
-        """Waits until the system, too, has ended the thread: Python 3.12 and later warn of a fork when it has not."""
-        for _ in range(5000):
-            if not os.path.exists(f"/proc/self/task/{self._thread.native_id}"):
-                break
-            time.sleep(0.0001)
-
     def _keep_drawing(self, stop: threading.Event) -> None:
         while not stop.wait(max(0.0, self._next_draw - time.monotonic())):
             # What was printed before an item was done precedes the frame that counts it. Without the lock: see stop_thread.
@@ -116,39 +111,34 @@ class Display:
                     self._draw(count, False)
                 self._next_draw = time.monotonic() + _SECONDS_BETWEEN_DRAWS
 
-    def _draw(self, count: float, complete: bool) -> bool:
-        """Draws the state of the work. Returns False if it cannot be drawn."""
+    def _draw(self, count: float, complete: bool) -> None:
+        """Draws the state of the work if it can be drawn."""
         console = _terminal.console()
-        if console is None:
-            return False
-        if self._total is None:
-            frame = self._draw_count(count, complete, console)
-        else:
-            count = min(count, self._total)
-            frame = self._draw_share(count, self._total, console)
-        if frame:
-            self._shown, self._drawn = frame, count
-        return frame is not None
+        if console is not None and self._total is None:
+            self._draw_count(count, complete, console)
+        elif console is not None and self._total is not None:
+            self._draw_share(min(count, self._total), self._total, console)
 
-    def _draw_share(self, count: float, total: float, console: os.terminal_size) -> Optional[_Frame]:
+    def _draw_share(self, count: float, total: float, console: os.terminal_size) -> None:
         seconds = _library.time_stamp() - _library.settings.start_time
         if count <= 0 or (count < total and seconds * total >= _LONGEST_ESTIMATE_SECONDS * count):
-            return None
+            return
         frame = _FACE
         if not self._is_face():
             others = _terminal.cells(self._label) + _REST_OF_BAR
             _library.settings.width = width = min(_WIDEST_BAR, console.columns - others - 1)
             frame = _Frame(1, 1, others + width)
             if width < _NARROWEST_BAR:
-                return None
+                return
         if console.columns <= frame.columns or console.lines <= frame.lines:
-            return None
+            return
+        # The call cannot be interrupted, but the next statement can.
+        self._shown, self._drawn = frame, count
         # Keys that were pressed meanwhile may have moved the cursor.
         _library.rewind_cursor(0)
         _library.draw(count)
-        return frame
 
-    def _draw_count(self, count: float, complete: bool, console: os.terminal_size) -> Optional[_Frame]:
+    def _draw_count(self, count: float, complete: bool, console: os.terminal_size) -> None:
         seconds = _library.time_stamp() - _library.settings.start_time
         number = str(count) if isinstance(count, int) else f"{count:.10g}"
         spent = (f"done in: {_terminal.duration(seconds, 1)}" if complete else
@@ -158,9 +148,9 @@ class Display:
         before = self._shown.columns if self._shown else 0
         frame = _Frame(1, 1, max(_terminal.cells(text), before))
         if console.columns <= frame.columns or console.lines <= frame.lines:
-            return None
+            return
+        self._shown, self._drawn = frame, count
         _terminal.write(b"\r" + _terminal.encoded(text + " " * (before - _terminal.cells(text))) + b"\r")
-        return frame
 
     def _is_face(self) -> bool:
         # The library has decided; terminals of MSYS get a bar.
@@ -186,7 +176,6 @@ def _before_fork() -> None:
     # No other thread draws while the process forks, and none is lost in the child.
     if _current is not None:
         _current.stop_thread()
-        _current.wait_for_system()
     _lock.acquire()
 
 

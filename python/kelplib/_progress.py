@@ -86,11 +86,18 @@ class Progress(Generic[T]):
         if self._show and self._display is None:
             self._done = 0
             self._display = _display.opened(self._label, self._total, self._smile, self._count)
+        if self._display is None:
+            self.__dict__["update"] = _ignore
+        else:
+            self.__dict__.pop("update", None)
 
     def _close(self, complete: bool) -> None:
-        display, self._display = self._display, None
-        if display is not None:
-            display.close(complete)
+        if self._display is not None:
+            try:
+                self._display.close(complete)
+            finally:
+                self._display.close(False)  # in case Ctrl-C has ended the other call
+                self._display = None
 
     def _count(self) -> float:
         # The loop still works on its last item.
@@ -101,6 +108,10 @@ class Progress(Generic[T]):
             self._done, self._counter = self._count() + (1 if complete and _taken(counter) else 0), None
             if not self._entered:
                 self._close(complete)
+
+
+def _ignore(amount: float = 1) -> None:
+    """Replaces update() while nothing is drawn."""
 
 
 def _taken(counter: "itertools.count[int]") -> int:
