@@ -86,10 +86,11 @@ class Progress(Generic[T]):
         if self._show and self._display is None:
             self._done = 0
             self._display = _display.opened(self._label, self._total, self._smile, self._count)
+        # Not through __dict__: Python 3.11 slows down objects whose dictionary was looked at.
         if self._display is None:
-            self.__dict__["update"] = _ignore
-        else:
-            self.__dict__.pop("update", None)
+            setattr(self, "update", _ignore)
+        elif self.update is _ignore:
+            delattr(self, "update")
 
     def _close(self, complete: bool) -> None:
         if self._display is not None:
