@@ -24,8 +24,7 @@ if(KELPLIB_BUILD_DOCS)
     endif()
     find_package(Doxygen REQUIRED)
     add_custom_target(docs ALL
-        COMMAND ${CMAKE_COMMAND} -E rm -rf ${KELPLIB_DOCS_DIR}
-        COMMAND ${DOXYGEN_EXECUTABLE} ${CMAKE_CURRENT_BINARY_DIR}/Doxyfile
+        COMMAND python3 -B docs/html/build.py ${DOXYGEN_EXECUTABLE} ${CMAKE_CURRENT_BINARY_DIR}/Doxyfile
         WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR}
         COMMENT "Building the documentation"
         VERBATIM)
