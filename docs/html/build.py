@@ -138,10 +138,13 @@ def searchable(folder, order):
 
 def finish_page(path, order, scripts):
     """Adds the scripts, and the previous and next page."""
-    text = path.read_text(encoding="utf-8")
+    text = path.read_text(encoding="utf-8").replace(pages.BAR, "|")
     tags = "".join(f'<script src="{name}"></script>\n' for name in scripts)
     text = text.replace("</head>", tags + "</head>", 1).replace("<html ", '<html lang="en" ', 1)
-    text = text.replace("</div><!-- contents -->", neighbours(order, path.name) + "</div><!-- contents -->", 1)
+    # Doxygen (seen with 1.9.4) announces nested classes although all of them are private.
+    if 'id="nested-classes"' not in text:
+        text = re.sub(r'<a href="#nested-classes">Classes</a> &#124;\s*', "", text)
+    text = text.replace("</div><!-- contents -->", "</div><!-- contents -->\n" + neighbours(order, path.name), 1)
     path.write_text(text, encoding="utf-8")
 
 
@@ -163,15 +166,14 @@ def finish(folder, order):
         shutil.copyfile(THEME / name, folder / name)
     for picture in (PROJECT / "docs").rglob("*.svg"):
         shutil.copyfile(picture, folder / picture.name)
+    for path in folder.glob("*.html"):
+        finish_page(path, order, [*scripts, *(["search.js"] if LUNR.exists() else []), "pages.js"])
     if LUNR.exists():
         shutil.copyfile(LUNR, folder / LUNR.name)
         text = json.dumps(searchable(folder, order), ensure_ascii=False, separators=(",", ":"))
         (folder / "search_text.js").write_text(f"const searchText = {text};\n", encoding="utf-8")
-        scripts.append("search.js")
         shutil.copyfile(HERE / "search.js", folder / "search.js")
     shutil.copyfile(HERE / "pages.js", folder / "pages.js")
-    for path in folder.glob("*.html"):
-        finish_page(path, order, [*scripts, "pages.js"])
     finish_menu(folder / "menudata.js", order)
 
 
