@@ -140,6 +140,8 @@ def finish_page(path, order, scripts):
     """Adds the scripts, and the previous and next page."""
     text = path.read_text(encoding="utf-8").replace(pages.BAR, "|")
     tags = "".join(f'<script src="{name}"></script>\n' for name in scripts)
+    # Without an icon, browsers ask the server for one.
+    tags = f'<link rel="icon" href="data:,"/>\n{tags}'
     text = text.replace("</head>", tags + "</head>", 1).replace("<html ", '<html lang="en" ', 1)
     # Doxygen (seen with 1.9.4) announces nested classes although all of them are private.
     if 'id="nested-classes"' not in text:

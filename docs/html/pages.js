@@ -24,18 +24,13 @@ document.addEventListener("DOMContentLoaded", () => {
     matchMedia("(prefers-color-scheme: dark)").addEventListener("change", () => toggle.updateIcon());
     bar.append(toggle);
   }
-  // A wide table scrolls on its own, so that the page does not.
-  for (const table of document.querySelectorAll("table.markdownTable, table.doxtable")) {
-    const frame = document.createElement("div");
-    frame.className = "wide";
-    table.replaceWith(frame);
-    frame.append(table);
-  }
 });
 
 if (typeof DoxygenAwesomeFragmentCopyButton !== "undefined") {
   DoxygenAwesomeFragmentCopyButton.init();
 }
 if (typeof DoxygenAwesomeInteractiveToc !== "undefined") {
+  // How far below the top of the window the text begins.
+  DoxygenAwesomeInteractiveToc.topOffset = 140;
   DoxygenAwesomeInteractiveToc.init();
 }

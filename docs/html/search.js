@@ -18,6 +18,8 @@ const Search = {
 
   async prepare() {
     await Promise.all([Search.load("lunr.min.js"), Search.load("search_text.js")]);
+    // A word is letters, digits and "_": "csv" is a word of "measured.csv".
+    lunr.tokenizer.separator = /\W+/;
     Search.index = lunr(function () {
       this.ref("number");
       this.field("page", {boost: 4});
@@ -31,7 +33,7 @@ const Search = {
 
   // Returns the numbers of the sections that contain every word, or words that begin with the last one.
   find(query) {
-    const words = lunr.tokenizer(query).map(String);
+    const words = lunr.tokenizer(query).map(String).filter(Boolean);
     const hits = Search.index.query((terms) => {
       words.forEach((word, at) => {
         const needed = words.length > 1 ? lunr.Query.presence.REQUIRED : lunr.Query.presence.OPTIONAL;
@@ -79,11 +81,12 @@ const Search = {
 
   show(list, query) {
     list.replaceChildren();
+    list.dataset.query = query;
     list.hidden = query.trim() === "";
     if (list.hidden) {
       return;
     }
-    const found = Search.find(query);
+    const found = /\w/.test(query) ? Search.find(query) : [];
     for (const number of found.slice(0, Search.most)) {
       const [page, address, heading, text] = searchText[number];
       const link = document.createElement("a");
