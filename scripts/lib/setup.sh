@@ -61,7 +61,8 @@ need_for_tests() {
 # cmake checks for a compiler although the documentation needs none.
 need_for_docs() {
     need_for_demo
-    needs+=("doxygen doxygen" "/usr/share/doxygen-awesome-css/doxygen-awesome.css doxygen-awesome-css")
+    needs+=("doxygen doxygen" "/usr/share/doxygen-awesome-css/doxygen-awesome.css doxygen-awesome-css"
+            "/usr/share/javascript/lunr/lunr.min.js libjs-lunr" "python3 python3")
 }
 
 need_for_windows() {
@@ -130,6 +131,7 @@ need_for_all_tests() {
     need_for_processors
     needs+=(
         "pkg-config pkg-config" "mypy mypy" "run-clang-tidy clang-tidy" "clang-format clang-format"
+        "chromium chromium" "chromedriver chromium-driver" "/usr/lib/python3/dist-packages/selenium/__init__.py python3-selenium"
         "/usr/lib/llvm-*/include/c++/v1/version libc++-dev" "/usr/lib/llvm-*/lib/libc++abi.so libc++abi-dev")
 }
 

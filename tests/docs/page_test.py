@@ -2,7 +2,6 @@
 """Tests that pages are split into the right blocks, and that every fault of a page is reported."""
 
 import pathlib
-import subprocess
 import sys
 import tempfile
 import unittest
@@ -10,6 +9,9 @@ import unittest
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
 import page as pages  # noqa: E402
 import run_page  # noqa: E402
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "docs" / "html"))
+import filter as doxygen_filter  # noqa: E402
 
 
 class FakeHome:
@@ -68,12 +70,21 @@ class Blocks(unittest.TestCase):
 
 
 class FilterForDoxygen(unittest.TestCase):
-    def test_hidden_comments_and_links_to_other_files_are_removed(self):
-        page = ("a\n<!-- not run: slow -->\nb\n\n<!-- around c.cpp\n@@\n-->\nc [d](../include/kelplib/Kelp.h) [e](values.md)\n"
-                "[f](../README.md#g) [h](examples/slice), [i](../tests)\n")
-        script = pathlib.Path(__file__).resolve().parents[2] / "cmake" / "page.sed"
-        done = subprocess.run(["sed", "-E", "-f", script], input=page, stdout=subprocess.PIPE, check=True, text=True)
-        self.assertEqual(done.stdout, "a\nb\n\nc d [e](values.md)\n[f](../README.md) h, i\n")
+    def test_sections_have_names_and_links_have_targets(self):
+        for page, expected in (
+                ("a\n<!-- not run: slow -->\nb\n\n<!-- around c.cpp\n@@\n-->\nc\n", "a\nb\n\nc\n"),
+                ("# A\n\n## B, `c`\n", "# A {#p}\n\n## B, `c` {#p_b-c}\n"),
+                ("# A\n## B\n## B\n#### C\n", "# A {#p}\n\n[TOC]\n## B {#p_b}\n## B {#p_b-1}\n### C {#p_c}\n"),
+                ("[a](values.md) [b\nc](#d)", "[a](values.html) [b\nc](p.html#p_d)"),
+                ("[`a`](../README.md#b-c)", "[`a`](index.html#index_b-c)"),
+                ("[a](../include/kelplib/Kelp.h), [b](../LICENSE)", "[a](Kelp_8h.html), [b](licence.html)"),
+                ("[a](../examples), [b](../examples/slice/time_column.cpp)",
+                 "[a](examples.html), [b](slice_2time__column_8cpp-example.html)"),
+                ("[a](../tests), [b](https://example.com)", "a, [b](https://example.com)"),
+                ("```\n## A\n[a](b.md)\n```\n\n    [a](b.md)\n\n`[a](b.md)`\n",) * 2,
+                ("| a |\n|---|\n| `b \\| c` |\n", "| a |\n|---|\n| `b \ue000 c` |\n")):
+            with self.subTest(page):
+                self.assertEqual(doxygen_filter.filtered(doxygen_filter.PROJECT / "docs" / "p.md", page), expected)
 
 
 class Findings(unittest.TestCase):

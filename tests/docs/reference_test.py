@@ -18,7 +18,7 @@ del sys.argv[1:]
 
 def text_of(folder, page):
     """Returns the visible text of a page; README is the first page."""
-    name = "index" if page == "README.md" else "md_" + re.sub(r"\W", "_", page.removesuffix(".md"))
+    name = "index" if page == "README.md" else pathlib.Path(page).stem.lower()
     source = (pathlib.Path(folder) / f"{name}.html").read_text(encoding="utf-8")
     return html.unescape(re.sub(r"<[^>]*>", "", source))
 
@@ -26,7 +26,8 @@ def text_of(folder, page):
 class Reference(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        done = subprocess.run([DOXYGEN, DOXYFILE], stdout=subprocess.PIPE, stderr=subprocess.STDOUT, check=False,
+        build = pathlib.Path(PROJECT) / "docs" / "html" / "build.py"
+        done = subprocess.run([sys.executable, "-B", build, DOXYGEN, DOXYFILE], stdout=subprocess.PIPE, stderr=subprocess.STDOUT, check=False,
                               encoding="utf-8")
         if done.returncode != 0:
             raise AssertionError(done.stdout)
@@ -56,6 +57,13 @@ class Reference(unittest.TestCase):
         for picture in ("help", "face", "bar"):
             self.assertEqual((pathlib.Path(FOLDER) / f"{picture}.svg").read_bytes(),
                              (pathlib.Path(PROJECT) / "docs" / "pictures" / f"{picture}.svg").read_bytes(), picture)
+
+    def test_every_example_has_a_page_in_the_list(self):
+        listed = text_of(FOLDER, "examples.md")
+        examples = pathlib.Path(PROJECT) / "examples"
+        for path in examples.rglob("*"):
+            if path.is_file():
+                self.assertIn(path.relative_to(examples).as_posix(), listed)
 
 
 if __name__ == "__main__":
