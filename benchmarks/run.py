@@ -25,7 +25,7 @@ TEXT = """\
 `{command}` measured every figure and wrote this page. The goals were set beforehand; a sentence
 below the table gives the reason for each missed one.{roughness}
 
-| | |
+| condition | value |
 |---|---|
 | machine | {processor}, {cores} cores |
 | system | {system} |

@@ -17,15 +17,14 @@
 
 /// A tool's command line with its options, positional arguments, banner and help screen.
 ///
-///     int main(int argc, char** argv) {
-///         std::vector<Kelp::Option> options{{"-o", "--output", "the file to write", true},
-///                                           {"-l", "--loud", "report every step", false}};
-///         CommandLineTool tool(argc, argv, "Joins texts.", options);
-///         std::list<std::string> names;
-///         tool.getArguments(names, 1);
-///         const bool loud = tool.hasOption("-l", 1) != 0;
-///         ...
-///     }
+/// \code
+/// std::vector<Kelp::Option> options{{"-o", "--output", "the file to write", true},
+///                                   {"-l", "--loud", "report every step", false}};
+/// CommandLineTool tool(argc, argv, "Joins texts.", options);
+/// std::list<std::string> names;
+/// tool.getArguments(names, 1);
+/// const bool loud = tool.hasOption("-l", 1) != 0;
+/// \endcode
 ///
 /// When a constructor returns, the command line is acceptable. A help request ("--help", "-h", "/help", "/h", "/?"), an
 /// unknown flag and, with the full constructor, a missing input file make it print the banner and the help screen on

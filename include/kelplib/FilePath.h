@@ -19,6 +19,11 @@
 ///     "C:\\texts\\a.txt"       "C:\\texts\\"        "a.txt"           "a"           "txt"
 ///     "C:a.txt"                ""                   ""                ""            ""
 ///
+/// \code
+/// FilePath input("notes/letter.old.txt");
+/// const std::string output = input.getPath() + input.prefix() + ".html";  // "/home/ann/notes/letter.old.html"
+/// \endcode
+///
 /// The whole path is the folder followed by the name, with nothing inserted between them. Nothing is normalised: ".",
 /// "..", repeated and mixed delimiters stay as they are.
 ///

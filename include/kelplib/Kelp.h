@@ -27,6 +27,11 @@ class CommandLineTool;
 namespace Kelp {
 
 /// A flag that a tool accepts. A plain record: nothing is checked, and any text may be empty.
+///
+/// \code
+/// std::vector<Kelp::Option> options{{"-n", "--number", "how many lines to show (10)", true},
+///                                   {"-l", "--loud", "report every step", false}};
+/// \endcode
 class KELP_API Option {
 public:
     /// \param shortFlag    the short form with its dash ("-h"), by which a CommandLineTool registers the option
@@ -58,6 +63,10 @@ public:
 
 /// A positional argument, as the usage line and the help screen describe it. The number of arguments on the command line
 /// is not checked. A plain record: any text may be empty.
+///
+/// \code
+/// std::vector<Kelp::Argument> arguments{{"FILE", "the texts to join", true}};
+/// \endcode
 class KELP_API Argument {
 public:
     /// \param name         the name shown in the usage line and in the help screen
@@ -208,6 +217,15 @@ KELP_API void stringToValue(std::tuple<unsigned int, unsigned int, unsigned int>
 /// Positions are token indices. A result of 0 means "not found". A negative `start` finds nothing.
 ///
 /// A reader keeps no pointer into argv. Not thread-safe: only one thread at a time may use it.
+///
+/// \code
+/// Kelp::OptionReader reader(argc, argv);
+/// unsigned int lines = 10;
+/// reader.getValue("-n", "--number", lines, 1);  // stays 10 without -n; text without a number gives 0
+/// std::vector<double> weights;
+/// reader.getValue("-w", "--weights", weights, 1);  // -w=0.5:2:1
+/// const bool loud = reader.hasOption("-l", "--loud", 1) != 0;
+/// \endcode
 class KELP_API OptionReader {
 public:
     /// Copies argv[0] to argv[argc-1]; an argc of 0 or less gives no tokens. Verbose mode starts off.

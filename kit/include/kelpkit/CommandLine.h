@@ -23,7 +23,13 @@ public:
 };
 
 /// The options and arguments of one run. Every token that begins with "-" is an option; every other one, including the empty
-/// one, is a positional argument.
+/// one, is a positional argument. run() passes it to the tool's function:
+///
+/// \code
+/// auto lines = line.value<std::size_t>("-n", Kelpkit::between(1, 1000)).value_or(10);
+/// const bool loud = line.has("-l");
+/// const std::string& name = line.arguments().front();
+/// \endcode
 ///
 ///     token                 -n takes a value, -l is a switch
 ///     -n=3, -N=3            the option, in any letter case

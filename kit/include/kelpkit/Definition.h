@@ -19,6 +19,15 @@ inline constexpr bool isSwitch = false;
 
 /// A tool: its options, its positional arguments and the texts of its help screen. A plain record; report() checks it. What an
 /// initialiser leaves out at the end keeps its default.
+///
+/// \code
+/// const Kelpkit::Definition tool{"firstlines",
+///                                "Shows the first lines of a text.",
+///                                {{"-n", "--number", "how many lines to show (10)", Kelpkit::takesValue},
+///                                 {"-h", "--help", "show this help", Kelpkit::isSwitch}},
+///                                {{"FILE", "the text to show", false}},
+///                                "-n=3 letter.txt"};
+/// \endcode
 struct Definition {
     std::string name;         ///< the name in messages, for example "firstlines"
     std::string description;  ///< one line: what the tool does

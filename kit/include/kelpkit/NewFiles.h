@@ -80,9 +80,11 @@ private:
 /// The one optional output of the usual tool: a file, or standard output if no name is given. A tool that forgets publish()
 /// leaves no file, and its exit status is still 0.
 ///
-///     Kelpkit::NewFile output(line.outputFile("-o"));
-///     output.stream() << "lines: " << count << '\n';
-///     output.publish();
+/// \code
+/// Kelpkit::NewFile output(line.outputFile("-o"));
+/// output.stream() << "lines: " << count << '\n';
+/// output.publish();
+/// \endcode
 class NewFile {
 public:
     /// Creates the unfinished file, so that a folder that cannot be written is reported before long work. Parameters and errors are
