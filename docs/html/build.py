@@ -37,7 +37,7 @@ def write_examples(path):
     for file in sorted((PROJECT / "examples").rglob("*")):
         if file.is_file():
             name = file.relative_to(PROJECT / "examples").as_posix()
-            blocks.append(f"\\example {name}\nThe file `examples/{name}`.")
+            blocks.append(f"\\example {name}")
     path.write_text("".join(f"/**\n{block}\n*/\n" for block in blocks), encoding="utf-8")
 
 
