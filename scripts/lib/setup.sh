@@ -99,7 +99,7 @@ need_for_guard() {
 
 need_for_pictures() {
     need_for_demo
-    needs+=("asciinema asciinema" "node nodejs" "npm npm")
+    needs+=("asciinema asciinema" "node nodejs" "npm npm" "python3 python3" "zsh zsh")
 }
 
 need_for_benchmarks() {

@@ -8,6 +8,8 @@ import contextlib
 import hashlib
 import os
 import pathlib
+import re
+import shutil
 import signal
 import subprocess
 import sys
@@ -18,14 +20,15 @@ import unittest
 
 import pty_output
 import recordings
+import typed_shell
 
 TOOLS = pathlib.Path(sys.argv.pop()).resolve()
 PICTURES = pathlib.Path(sys.argv.pop()).resolve()
-NAMES = ("bar", "face", "help")
+NAMES = ("bar", "face", "help", "tab")
 
 # Files for the tools. Their contents do not change any frame. The bars are 30 and 37 characters wide; a size that is not a
 # multiple of either gives each bar its full width.
-FILES = {"archive.tar": 1_000_001, "archive.base64": 200_000_001}
+FILES = {"archive.tar": 1_000_001, "text": 200_000_001}
 
 # A fast machine would finish before a frame is due. So each run is stopped repeatedly while its clock continues.
 HOLDS, RUN_SECONDS, HOLD_SECONDS = 60, 0.01, 0.05
@@ -65,7 +68,8 @@ def recorded(name):
 
 
 def screens_of(recording, output=None):
-    return recordings.screens(recording.output if output is None else output, recording.columns, recording.rows)
+    # Wide, so that no line wraps: where the last one does depends on the number of bytes.
+    return recordings.screens(recording.output if output is None else output, 200, recording.rows)
 
 
 class Pictures(unittest.TestCase):
@@ -86,6 +90,17 @@ class Pictures(unittest.TestCase):
         self.assertEqual([path.name for path in files], [f"{name}.{kind}" for name in NAMES for kind in ("cast", "svg")])
         self.assertEqual(lines, [f"{hashlib.sha256(path.read_bytes()).hexdigest()}  {path.name}" for path in files])
 
+    def test_pictures_without_motion_show_the_end(self):
+        for name in NAMES:
+            with self.subTest(name):
+                picture = (PICTURES / f"{name}.svg").read_text(encoding="utf-8")
+                ends = re.findall(r"to[{](transform:translateX[(]-\d+px[)])[}]", picture)
+                self.assertEqual(len(ends), 0 if name == "help" else 1)
+                for end in ends:
+                    self.assertIn(f"@keyframes e{{0%{{{end}}}", picture)
+                    self.assertIn(f'class="moving" style="{end};animation-', picture)
+                    self.assertIn("@media print,(prefers-reduced-motion:reduce){.moving{animation:none!important}}", picture)
+
     def test_pictures_are_small(self):
         for path in PICTURES.glob("*.svg"):
             with self.subTest(path.name):
@@ -94,6 +109,14 @@ class Pictures(unittest.TestCase):
     def test_help_screen_is_the_same_byte_for_byte(self):
         recording = recorded("help")
         self.assertEqual(recording.output, run_again(recording))
+
+    @unittest.skipUnless(shutil.which("zsh"), "zsh is not installed")
+    def test_tab_completes_the_same_words(self):
+        recording = recorded("tab")
+        again = typed_shell.typed(TOOLS, next(TOOLS.parent.glob("examples/documents/share/zsh/*/_convert")).parent)
+        shown = [recordings.display(text, recording.columns, recording.rows)
+                 for text in (recording.output, "".join(text for _, text in again))]
+        self.assertEqual(shown[0], shown[1])
 
     def test_progress_is_drawn_the_same_way(self):
         for name in ("bar", "face"):
@@ -117,6 +140,18 @@ class Recordings(unittest.TestCase):
             ("   /  ^ ^  \\", smile), ("   /  _ _  \\", smile), ("   /  ^ ^  \\", smile)])
 
 
+    def test_tab_shows_choices_and_options(self):
+        recording = recorded("tab")
+        self.assertIn("cm  ft  in  km  m   mi  mm  yd", re.sub(r"\x1b\[\d*[A-Za-z]", "", recording.output))
+        self.assertEqual(recordings.display(recording.output, recording.columns, recording.rows), [
+            "$ convert --from=ft heights.txt -",
+            "--from=    -f=  -- the unit of FILE: mm, cm, m, km, in, ft",
+            "--help     -h   -- shows this help",
+            "--output=  -o=  -- writes the numbers to this file, one a",
+            "--to=      -t=  -- the unit to convert into (default: m)",
+            ""])
+
+
 class Comparison(unittest.TestCase):
     """The comparison notices changed texts and nothing else."""
 
@@ -133,7 +168,7 @@ class Comparison(unittest.TestCase):
             ("bar", "time left", "time to go"), ("bar", "time left: ", "time left:"), ("bar", "done in", "done after"),
             ("bar", "#", "="), ("bar", "|", "]"), ("bar", "% #", "% ##"), ("bar", " secs", " s"),
             ("bar", "outside ASCII: 0", "outside ASCII: 1"), ("bar", "$ flat", "$ ./flat"),
-            ("bar", "archive.base64 ", "archive.base64: "), ("face", "remaining", "left"), ("face", "spent: ", "spent:"),
+            ("bar", "text ", "text: "), ("face", "remaining", "left"), ("face", "spent: ", "spent:"),
             ("face", "cutting", "Cutting"), ("face", "/  * *", "/  o o"), ("face", "---", "-_-"), ("face", "_ _", "- -"),
             ("face", "> \\   / <", ">       <"), ("face", "fragments: 1000", "fragments: 999"),
             ("face", "   >   _   <", "   >       <"), ("face", "\x1b[6A", "\x1b[5A"), ("face", " secs", " sec"),

@@ -53,6 +53,13 @@ class Screen:
         return EYES.sub("EYES", self.shape)
 
 
+def display(output, columns, rows):
+    """The rows of the terminal at the end of the output."""
+    terminal = pyte.Screen(columns, rows)
+    pyte.Stream(terminal).feed(output)
+    return [row.rstrip() for row in terminal.display]
+
+
 def screens(output, columns, rows):
     """The screens before each redraw and at the end of the output."""
     terminal = pyte.Screen(columns, rows)
