@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstring>
 #include <string_view>
 #include <typeinfo>
 
@@ -107,6 +108,12 @@ bool usesOtherCharacters(const std::locale& locale) {
 }
 
 }  // namespace
+
+bool hasUsedLocales() {
+    // The first locale numbers its facets (libstdc++, seen with 12 and 14; libc++, seen with 14).
+    constexpr unsigned char unused[sizeof(std::locale::id)] = {};
+    return std::memcmp(&std::ctype<char>::id, unused, sizeof unused) != 0;
+}
 
 bool needsStream(const std::locale& locale) {
     const auto& reader = std::use_facet<std::num_get<char>>(locale);

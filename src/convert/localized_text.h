@@ -7,6 +7,10 @@
 
 namespace Kelp {
 
+/// Whether the program has used a locale. Until then the global locale is the classic one, and merely asking for it would set up
+/// all facets, a fourth of the start of a small tool.
+bool hasUsedLocales();
+
 /// Whether only a stream can read numbers as `locale` does: its num_get facet is a replacement, or it writes numbers with
 /// other characters.
 bool needsStream(const std::locale& locale);

@@ -68,8 +68,10 @@ T convertWithC(const RealText& text) {
 template float convertWithC<float>(const RealText& text);
 template double convertWithC<double>(const RealText& text);
 
-NumberReader::Way NumberReader::wayForLocale() const {
-    return needsStream(*locale) ? Way::stream : Way::localized;
+NumberReader::NumberReader() {
+    if (hasUsedLocales() && locale.emplace() != std::locale::classic()) {
+        way = needsStream(*locale) ? Way::stream : Way::localized;
+    }
 }
 
 template <class T>

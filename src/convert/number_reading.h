@@ -3,14 +3,14 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstring>
 #include <limits>
-#include <locale>
 #include <optional>
 #include <string_view>
 #include <system_error>
 #include <type_traits>
 #include <utility>
+
+#include "convert/localized_text.h"
 
 /// \file
 /// Reads one number as the formatted extraction of a stream does, with the same result on every standard library.
@@ -158,23 +158,11 @@ void readClassic(T& target, const char*& begin, const char* end) {
     }
 }
 
-/// Whether the program has used a locale. Until then the global one is the classic one, and merely asking for it would set up all
-/// facets, a fourth of the start of a small tool. The first locale numbers its facets (libstdc++, seen with 12 and 14; libc++, seen
-/// with 14).
-inline bool hasUsedLocales() {
-    constexpr unsigned char unused[sizeof(std::locale::id)] = {};
-    return std::memcmp(&std::ctype<char>::id, unused, sizeof unused) != 0;
-}
-
 /// Reads numbers as a stream with the global locale at its construction does. Looking at the locale takes longer than reading
 /// a number, so one reader serves a whole list.
 class NumberReader {
 public:
-    NumberReader() {
-        if (hasUsedLocales() && locale.emplace() != std::locale::classic()) {
-            way = wayForLocale();
-        }
-    }
+    NumberReader();
 
     /// Reads the number at the start of `text`. Leaves `target` unchanged if the text is blank.
     template <class T>
@@ -198,8 +186,6 @@ public:
 
 private:
     enum class Way { classic, stream, localized };
-
-    Way wayForLocale() const;
 
     template <class T>
     void readWithLocale(T& target, std::string_view text) const;
