@@ -11,7 +11,7 @@
 
 #include <array>
 
-#include "util/wide_product.h"
+#include "platform/wide_product.h"
 
 namespace Kelp {
 
