@@ -160,7 +160,6 @@ TEST(AllocationFailures, OfScannersReachTheCaller) {
     char** const argv = tokens.argv();
     failEachOf({
         {"getNextFlag", [=] { Kelp::getNextFlag(argc, argv, "--no-such-flag-at-all", 0); }},
-        {"getHelpFlag", [=] { Kelp::getHelpFlag(argc, argv); }},
         {"getStringFlag",
          [=] {
              std::string value;
