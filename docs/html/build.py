@@ -113,8 +113,9 @@ class Sections(html.parser.HTMLParser):
     def handle_data(self, data):
         if self.in_title:
             self.title += data
-        elif self.inside and not self.skipped:
-            self.found[-1][1 if self.heading else 2] += data
+        elif self.inside and not self.skipped and not re.fullmatch(r"exit status \d+", data.strip()):
+            # Every refused command on the pages would be found by "exit status".
+            self.found[-1][1 if self.heading else 2] += data.replace('; echo "exit status $?"', "")
 
 
 def searchable(folder, order):
@@ -142,6 +143,9 @@ def finish_page(path, order, scripts):
     tags = "".join(f'<script src="{name}"></script>\n' for name in scripts)
     # Without an icon, browsers ask the server for one.
     tags = f'<link rel="icon" href="data:,"/>\n{tags}'
+    # Doxygen makes dashes of the two hyphens of an option in a comment.
+    text = re.sub(r"(?:&ndash;|–)(?=[a-z])", "--", text)
+    text = re.sub(r"<code>(?=([^<]{1,16})</code>)", '<code class="short">', text)
     text = text.replace("</head>", tags + "</head>", 1).replace("<html ", '<html lang="en" ', 1)
     # Doxygen (seen with 1.9.4) announces nested classes although all of them are private.
     if 'id="nested-classes"' not in text:

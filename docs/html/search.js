@@ -1,9 +1,11 @@
 // The search of the whole text. The first search loads lunr and the text, as scripts, because a page in the file system cannot
-// fetch other files. lunr finds the sections; those with the exact words come first.
+// fetch other files. lunr finds the sections; those with the exact words come first, above all those with the words in the
+// heading. Headers, examples and the pages for maintainers come last.
 "use strict";
 
 const Search = {
   most: 12,
+  last: /-example\.html|_8h\.html|^(testing|tour|deliberate|contributing|changelog)\.html/,
   index: null,
 
   load(name) {
@@ -47,9 +49,10 @@ const Search = {
     });
     const exact = query.trim().toLowerCase();
     const rank = ({ref, score}) => {
-      const [page, , heading, text] = searchText[ref];
+      const [page, address, heading, text] = searchText[ref];
+      const title = (heading || page).toLowerCase();
       return score + (`${page} ${heading} ${text}`.toLowerCase().includes(exact) ? 1000 : 0) +
-             (/-example\.html|_8h\.html/.test(searchText[ref][1]) ? -500 : 0);
+             (title === exact ? 400 : title.includes(exact) ? 200 : 0) - (Search.last.test(address) ? 500 : 0);
     };
     const last = words.at(-1);
     return hits.filter(({ref, matchData}) => words.length < 2 || Search.hasWord(searchText[ref], last, matchData))
