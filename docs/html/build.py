@@ -94,7 +94,8 @@ class Sections(html.parser.HTMLParser):
         elif tag in ("h1", "h2", "h3") and self.inside:
             self.found.append(["", "", ""])
             self.heading = True
-        anchor = values.get("id") or values.get("name")
+        # Doxygen 1.9.4 gives each page a second name.
+        anchor = re.sub("^md_.*", "", values.get("id") or values.get("name") or "")
         if tag == "a" and anchor and self.inside and not self.found[-1][0] and self.found[-1][2].strip() == "" \
                 and len(self.found) > 1:
             self.found[-1][0] = anchor
@@ -145,7 +146,7 @@ def finish_page(path, order, scripts):
     tags = f'<link rel="icon" href="data:,"/>\n{tags}'
     # Doxygen makes dashes of the two hyphens of an option in a comment.
     text = re.sub(r"(?:&ndash;|–)(?=[a-z])", "--", text)
-    text = re.sub(r"<code>(?=([^<]{1,16})</code>)", '<code class="short">', text)
+    text = re.sub(r"<code>(?=(?:&\w+;|[^<&]){1,16}</code>)", '<code class="short">', text)
     text = text.replace("</head>", tags + "</head>", 1).replace("<html ", '<html lang="en" ', 1)
     # Doxygen (seen with 1.9.4) announces nested classes although all of them are private.
     if 'id="nested-classes"' not in text:

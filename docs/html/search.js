@@ -52,7 +52,7 @@ const Search = {
       const [page, address, heading, text] = searchText[ref];
       const title = (heading || page).toLowerCase();
       return score + (`${page} ${heading} ${text}`.toLowerCase().includes(exact) ? 1000 : 0) +
-             (title === exact ? 400 : title.includes(exact) ? 200 : 0) - (Search.last.test(address) ? 500 : 0);
+             (title === exact ? 400 : title.includes(exact) ? heading ? 200 : 300 : 0) - (Search.last.test(address) ? 500 : 0);
     };
     const last = words.at(-1);
     return hits.filter(({ref, matchData}) => words.length < 2 || Search.hasWord(searchText[ref], last, matchData))

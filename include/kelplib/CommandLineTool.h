@@ -82,6 +82,9 @@ public:
                     std::string header, std::vector<Kelp::Option>& options, std::vector<Kelp::Argument>& arguments);
     /// @}
 
+    /// \name Options and screens
+    /// @{
+
     /// Runs the checks that every constructor ends with: the file check (unless `noFileCheck`), then the help request; then
     /// reads the tokens from `argv` again (if `argc` is above 1), sets verbose mode and checks for unknown flags. A second
     /// call therefore checks the file and the help request on the previous tokens.
@@ -124,6 +127,7 @@ public:
 
     /// Prints `text` and a newline and flushes, in verbose mode only.
     void print(std::string text) const;
+    /// @}
 
     /// \name Checks
     /// Each check returns if it finds nothing wrong. Otherwise it ends the process as printUsage() does.
@@ -140,6 +144,9 @@ public:
     /// Ends the process at the first flag whose first letter is not that of a registered short flag.
     void checkForInvalidFlags();
     /// @}
+
+    /// \name The command line
+    /// @{
 
     /// Finds an option on the command line.
     /// \param name   the short flag of a registered option, in any letter case; the long form is not accepted
@@ -163,6 +170,7 @@ public:
     /// Returns a copy of the options passed to the full constructor, in the same order; an empty vector if the tool was
     /// built with another constructor.
     std::vector<Kelp::Option> getOptions() const;
+    /// @}
 
     /// \name Output files
     /// @{

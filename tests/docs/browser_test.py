@@ -5,6 +5,7 @@ Every page is opened once and looked at in light and dark, on a desktop and on a
 copy) is tried from the file system, the search also from a web server.
 """
 
+import base64
 import functools
 import html
 import http.server
@@ -223,6 +224,27 @@ class Use(BrowserTest):
         page.click()
         wait_for(lambda: self.browser.current_url.endswith("trusted.html"), "page")
 
+    def test_the_head_of_a_phone_is_small_and_scrolls_away(self):
+        self.set_screen(PHONE)
+        self.open("trusted.html")
+        top, button = self.one("#top").rect, self.one("label.main-menu-btn").rect
+        self.assertLess(top["height"], 120)
+        self.assertLessEqual(button["y"] + button["height"], top["height"])
+        self.browser.execute_script("scrollTo(0, 500)")
+        self.assertLess(self.browser.execute_script("return document.querySelector('#top').getBoundingClientRect().bottom"), 0)
+
+    def test_short_code_in_tables_stays_on_one_line(self):
+        self.set_screen(PHONE)
+        for page in ("coming-from.html", "cheat-sheet.html", "index.html"):
+            self.open(page)
+            self.assertEqual(self.browser.execute_script("""return [...document.querySelectorAll("td code")].filter((e) =>
+                e.textContent.length <= 16 && !e.querySelector("a") && e.getClientRects().length > 1).map((e) => e.textContent)"""), [])
+
+    def test_the_cheat_sheet_takes_two_sheets_of_paper(self):
+        self.open("cheat-sheet.html")
+        printed = base64.b64decode(self.browser.execute_cdp_cmd("Page.printToPDF", {"paperWidth": 8.27, "paperHeight": 11.69})["data"])
+        self.assertLessEqual(len(re.findall(rb"/Type\s*/Page\b[^s]", printed)), 2)
+
     def test_code_can_be_copied(self):
         self.open("first-tool.html")
         buttons = wait_for(lambda: self.all("doxygen-awesome-fragment-copy-button"), "copy buttons")
@@ -255,6 +277,13 @@ class Use(BrowserTest):
         self.open("index.html")
         self.one("#main-menu a[href='trusted.html']")
         return self.all("#main-menu a[href='pages.html'] + ul a")
+
+
+class Texts(unittest.TestCase):
+    def test_doxygen_leaves_no_markup_and_no_dash_of_two_hyphens(self):
+        for path in FOLDER.glob("*.html"):
+            with self.subTest(path.name):
+                self.assertIsNone(re.search("(?:&lt;/?tt&gt;|(?:&ndash;|–)[a-z]).*", path.read_text(encoding="utf-8")))
 
 
 class Links(unittest.TestCase):

@@ -144,6 +144,7 @@ class DebianPackages(InOneFolder):
         pages = self.unpacked("libkelplib-doc", "libkelplib-dev", "kelplib-kit") / "share" / "doc" / "kelplib"
         found = [page for page in pages.rglob("*.md") if "examples" not in page.parts]
         self.assertGreater(len(found), 10)
+        self.assertEqual([folder for folder in pages.rglob("*/") if not any(folder.iterdir())], [])
         for page in found:
             for link in re.findall(r"\]\(([^)#:\s]+)[)#]", prose(page)):
                 self.assertTrue((page.parent / link).exists(), f"{page.name}: {link}")
