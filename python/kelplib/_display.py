@@ -5,7 +5,8 @@ import math
 import os
 import threading
 import time
-from typing import Callable, NamedTuple, Optional
+import weakref
+from typing import NamedTuple, Optional, Protocol
 
 from . import _library, _terminal
 
@@ -38,11 +39,20 @@ class _Frame(NamedTuple):
 _FACE = _Frame(6, 3, 60)
 
 
-class Display:
-    """Draws what count() returns, from its opening to its close. A process has one open display at most."""
+class Owner(Protocol):
+    """What a display shows the progress of. Its end closes the display, which therefore does not keep it alive."""
 
-    def __init__(self, label: str, total: Optional[float], smile: bool, count: Callable[[], float]) -> None:
-        self._total, self._count = total, count
+    _display: Optional["Display"]
+
+    def _count(self) -> float:
+        """Returns how much is done."""
+
+
+class Display:
+    """Draws how much of the work is done, from its opening to its close. A process has one open display at most."""
+
+    def __init__(self, owner: Owner, label: str, total: Optional[float], smile: bool) -> None:
+        self._owner, self._total = weakref.ref(owner), total
         self._shown: Optional[_Frame] = None
         self._drawn: float = 0
         self._next_draw = time.monotonic() + _SECONDS_BEFORE_FIRST_DRAW
@@ -50,6 +60,10 @@ class Display:
         self._label = ""
         self.set_label(label)
         self._start_thread()
+
+    def is_of(self, owner: Owner) -> bool:
+        """Returns whether an owner that ends is this display's. The collector of cycles clears the reference beforehand."""
+        return self._owner() in (owner, None)
 
     def set_label(self, label: str) -> None:
         with _lock:
@@ -84,17 +98,29 @@ class Display:
             if not (self._is_face() and self._drawn == self._total):
                 _terminal.write(b"\n" * (self._shown or frame).rows())
 
+    def _count(self) -> float:
+        owner = self._owner()
+        try:
+            count = owner._count() if owner is not None else self._drawn
+            share = float(count)
+        except (TypeError, ValueError, OverflowError):
+            return math.nan  # is not drawn
+        # Whole numbers are shown with all their digits.
+        return count if isinstance(count, int) else share
+
     def _start_thread(self) -> None:
         self._stop = threading.Event()
-        self._thread = threading.Thread(target=self._keep_drawing, args=[self._stop], name="kelplib.progress", daemon=True)
+        self._thread: Optional[threading.Thread] = None
         try:
-            self._thread.start()
+            thread = threading.Thread(target=self._keep_drawing, args=[self._stop], name="kelplib.progress", daemon=True)
+            thread.start()
+            self._thread = thread
         except RuntimeError:
-            pass  # without threads nothing is drawn
+            pass  # without threads, or in a subinterpreter without daemon threads, nothing is drawn
 
     def stop_thread(self) -> None:
         self._stop.set()
-        if self._thread.ident is not None and self._thread is not threading.current_thread():
+        if self._thread is not None and self._thread is not threading.current_thread():
             # Normally ends at once. A finalizer that runs while this thread prints may have to wait for itself.
             self._thread.join(1)
 
@@ -114,9 +140,11 @@ class Display:
     def _draw(self, count: float, complete: bool) -> None:
         """Draws the state of the work if it can be drawn."""
         console = _terminal.console()
-        if console is not None and self._total is None:
+        if console is None or math.isnan(count):
+            return
+        if self._total is None:
             self._draw_count(count, complete, console)
-        elif console is not None and self._total is not None:
+        else:
             self._draw_share(min(count, self._total), self._total, console)
 
     def _draw_share(self, count: float, total: float, console: os.terminal_size) -> None:
@@ -157,14 +185,13 @@ class Display:
         return bool(_library.settings.smile == 1) and self._total is not None
 
 
-def opened(label: str, total: Optional[float], smile: bool, count: Callable[[], float]) -> Optional[Display]:
-    """Returns a new display. Returns None if there is no terminal, nothing to be drawn, or an open display."""
+def open_for(owner: Owner, label: str, total: Optional[float], smile: bool) -> None:
+    """Gives the owner a new display, unless there is no terminal, nothing to be drawn, or an open display."""
     global _current
     with _lock:
-        if _current is not None or total == 0 or _terminal.console() is None:
-            return None
-        _current = Display(label, total, smile, count)
-        return _current
+        if _current is None and total != 0 and _terminal.console() is not None:
+            # One statement, so that Ctrl-C never leaves an open display without an owner.
+            _current = owner._display = Display(owner, label, total, smile)
 
 
 def _close_at_exit() -> None:

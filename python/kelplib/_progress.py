@@ -5,7 +5,7 @@ import math
 from types import TracebackType
 from typing import Any, Generic, Iterable, Iterator, Optional, TypeVar, overload
 
-from . import _display
+from ._display import Display, open_for
 
 T = TypeVar("T")
 
@@ -35,13 +35,14 @@ class Progress(Generic[T]):
     open, other objects draw nothing.
     """
 
+    _display: Optional[Display] = None
+
     def __init__(self, items: Optional[Iterable[T]], total: Optional[float], label: str, smile: bool, show: bool) -> None:
-        if total is not None and not 0 <= total < math.inf:
-            raise ValueError(f"total is not a number of 0 or more: {total}")
-        self._items, self._total, self._label, self._smile, self._show = items, total, label, smile, show
+        self._items, self._total, self._smile, self._show = items, _checked_total(total), smile, show
+        self._label = _checked_label(label)
         self._done: float = 0
         self._counter: Optional["itertools.count[int]"] = None
-        self._display: Optional[_display.Display] = None
+        self._complete = False
         self._entered = False
 
     def __iter__(self) -> Iterator[T]:
@@ -54,7 +55,7 @@ class Progress(Generic[T]):
             return items
         # Each item takes a number, in code of the interpreter itself. The thread that draws reads how many were taken.
         counter = itertools.count(1)
-        self._counter = counter
+        self._counter, self._complete = counter, False
         return itertools.compress(itertools.chain(items, _End(self, counter)), counter)
 
     def __enter__(self) -> "Progress[T]":
@@ -65,6 +66,11 @@ class Progress(Generic[T]):
     def __exit__(self, kind: Optional[type[BaseException]], _: Optional[BaseException], __: Optional[TracebackType]) -> None:
         self._entered = False
         self._close(kind is None)
+
+    def __del__(self) -> None:
+        # After Ctrl-C at an unfortunate moment. A copy leaves the display alone.
+        if self._display is not None and self._display.is_of(self):
+            self._close(False)
 
     def update(self, amount: float = 1) -> None:
         """Counts an amount as done. Several threads may call it."""
@@ -78,14 +84,14 @@ class Progress(Generic[T]):
 
     @label.setter
     def label(self, label: str) -> None:
-        self._label = label
+        self._label = _checked_label(label)
         if self._display is not None:
             self._display.set_label(label)
 
     def _open(self) -> None:
         if self._show and self._display is None:
             self._done = 0
-            self._display = _display.opened(self._label, self._total, self._smile, self._count)
+            open_for(self, self._label, self._total, self._smile)
         # Not through __dict__: Python 3.11 slows down objects whose dictionary was looked at.
         if self._display is None:
             setattr(self, "update", _ignore)
@@ -101,14 +107,16 @@ class Progress(Generic[T]):
                 self._display = None
 
     def _count(self) -> float:
-        # The loop still works on its last item.
-        return self._done + (max(0, _taken(self._counter) - 1) if self._counter is not None else 0)
+        # The loop still works on its last item until it is complete.
+        return self._done + (max(0, _taken(self._counter) - (not self._complete)) if self._counter is not None else 0)
 
     def _loop_ended(self, counter: "itertools.count[int]", complete: bool) -> None:
         if counter is self._counter:
-            self._done, self._counter = self._count() + (1 if complete and _taken(counter) else 0), None
+            self._complete = self._complete or complete
             if not self._entered:
                 self._close(complete)
+            # Last, because Ctrl-C may end this call; the end of the iterator then repeats it.
+            self._done, self._counter = self._count(), None
 
 
 def _ignore(amount: float = 1) -> None:
@@ -123,8 +131,26 @@ def _taken(counter: "itertools.count[int]") -> int:
 def _length(items: Any) -> Optional[int]:
     try:
         return len(items)
-    except (TypeError, OverflowError):
+    except Exception:
+        return None  # A loop over the items would not have asked.
+
+
+def _checked_total(total: Optional[float]) -> Optional[float]:
+    if total is None:
         return None
+    try:
+        if 0 <= total and (number := float(total)) < math.inf:
+            return number
+    except OverflowError:
+        pass
+    raise ValueError(f"total is not a number of 0 or more: {total}")
+
+
+def _checked_label(label: str) -> str:
+    # Also where nothing is drawn, so that a mistake shows there, too.
+    if not isinstance(label, str):
+        raise TypeError(f"label is not a string: {label!r}")
+    return label
 
 
 @overload

@@ -16,8 +16,8 @@ def console() -> Optional[os.terminal_size]:
         if sys.stdout.fileno() != _STANDARD_OUTPUT or not os.isatty(_STANDARD_OUTPUT) or os.environ.get("TERM") == "dumb":
             return None
         size = os.get_terminal_size(_STANDARD_OUTPUT)
-    except (AttributeError, OSError, ValueError):
-        return None
+    except Exception:
+        return None  # a replaced sys.stdout may raise anything
     return size if size.columns > 0 else None
 
 
@@ -28,6 +28,9 @@ def cells(text: str) -> int:
 
 def fitted(label: str) -> str:
     """Replaces unprintable characters, and the middle of a long label by "..."."""
+    if len(label) > _LABEL_CELLS:
+        # A longer text is fitted in the same way, only more slowly.
+        label = label[:_LABEL_CELLS] + label[-_LABEL_CELLS:]
     text = "".join(character if character.isprintable() else "?" for character in label)
     if cells(text) <= _LABEL_CELLS:
         return text
@@ -46,7 +49,10 @@ def encoded(text: str) -> bytes:
         # The library writes bytes in the encoding of the console.
         import ctypes
         encoding = f"cp{ctypes.windll.kernel32.GetConsoleOutputCP()}"
-    return text.encode(encoding, "replace")
+    try:
+        return text.encode(encoding, "replace")
+    except (LookupError, TypeError):  # a replaced sys.stdout
+        return text.encode("utf-8", "replace")
 
 
 def duration(seconds: float, decimals: int) -> str:
@@ -62,13 +68,15 @@ def flush() -> None:
     """Passes what the program has printed to the terminal, so that it precedes the next frame."""
     try:
         sys.stdout.flush()
-    except (AttributeError, OSError, ValueError, RuntimeError):
-        pass  # not open, or just being flushed
+    except Exception:
+        pass  # not open, just being flushed, or replaced
 
 
 def write(text: bytes) -> None:
-    """Writes to the terminal, even if the program has replaced sys.stdout meanwhile."""
+    """Writes to the terminal, even if the program has replaced sys.stdout meanwhile. Writes nothing to a file that has taken the
+    place of the terminal."""
     try:
-        os.write(_STANDARD_OUTPUT, text)
+        if os.isatty(_STANDARD_OUTPUT):
+            os.write(_STANDARD_OUTPUT, text)
     except OSError:
         pass

@@ -124,9 +124,22 @@ class Loops(Screens):
                 ("kelplib.progress(total=-1)", "ValueError: total is not a number of 0 or more: -1"),
                 ("kelplib.progress([], float('nan'))", "ValueError: total is not a number of 0 or more: nan"),
                 ("kelplib.progress([], float('inf'))", "ValueError: total is not a number of 0 or more: inf"),
+                ("kelplib.progress([], 10 ** 400)", f"ValueError: total is not a number of 0 or more: {10 ** 400}"),
+                ("kelplib.progress([], label=None)", "TypeError: label is not a string: None"),
+                ("kelplib.progress([], label=b'x')", "TypeError: label is not a string: b'x'"),
+                ("kelplib.progress([]).label = 5", "TypeError: label is not a string: 5"),
                 ("for item in kelplib.progress(3): pass", "TypeError: 'int' object is not iterable")):
             with self.subTest(code):
                 self.assertEqual(in_terminal(code, status=1, errors=message), b"")
+                # Elsewhere it is the same mistake.
+                status, output, errors = elsewhere(code)
+                self.assertEqual((status, output, errors.splitlines()[-1]), (1, b"", message))
+
+    def test_lengths_that_cannot_be_asked_for(self):
+        for length in ("raise ValueError", "raise NotImplementedError", "return -1", "return 1 << 70"):
+            with self.subTest(length):
+                self.check(f"class Items:\n    def __len__(self): {length}\n    def __iter__(self): return iter('abcd')\n"
+                           "for item in work(kelplib.progress(Items(), label='reading')): pass", ["reading 4 done in: 1.7 mins"])
 
 
 class Blocks(Screens):
@@ -154,6 +167,25 @@ class Blocks(Screens):
         self.check('with kelplib.progress(total=4, label="reading it all") as display:\n    long_ago()\n    display.update()\n'
                    '    shown(1)\n    display.label = "reading"\n    assert display.label == "reading"\n    display.update()',
                    [HALF.replace("reading", "reading       ")])
+
+    def test_numbers_of_other_types(self):
+        self.check("import decimal\nwith kelplib.progress(total=decimal.Decimal(4), label='reading') as display:\n    long_ago()\n"
+                   "    display.update(decimal.Decimal(2))\n    shown(2)", [HALF])
+
+    def test_amounts_that_are_no_numbers(self):
+        for amount in ("float('nan')", "10 ** 5000", "1j"):
+            for total in ("None", "4"):
+                # The display goes on once the sum is a number again. Without a total, the last text says so.
+                with self.subTest(amount, total=total):
+                    self.check(f"with kelplib.progress(total={total}, label='reading') as display:\n    long_ago()\n"
+                               f"    display.update({amount}); time.sleep(0.01)\n    display._done = 0\n"
+                               "    display.update(2)\n    shown(2)",
+                               [HALF if total == "4" else "reading 2 done in: 1.7 mins"])
+
+    def test_copies(self):
+        # The end of a copy does not close the display.
+        self.check('import copy\nwith kelplib.progress(total=4, label="reading") as display:\n    long_ago()\n'
+                   "    copy.copy(display)\n    display.update(2)\n    shown(2)", [HALF])
 
     def test_several_threads(self):
         self.check("sys.setswitchinterval(1e-6)\n"
@@ -204,6 +236,20 @@ class Ends(Screens):
                    "    os.kill(os.getpid(), signal.SIGINT)\nthreading.Thread(target=interrupt).start()\n"
                    f"for item in work({FOUR_WITH_FACE}): pass", FINISHED_FACE, status=-2, errors="KeyboardInterrupt")
 
+    def test_keyboard_interrupt_after_opening(self):
+        # The next display opens all the same.
+        for name in ("_progress.open_for", "_progress.itertools.compress"):
+            self.check(f"from kelplib import _progress\ncalled = {name}\ndef interrupted(*words):\n    {name} = called\n"
+                       "    called(*words)\n    raise KeyboardInterrupt\n"
+                       f"{name} = interrupted\ntry:\n    for item in {FOUR}: pass\nexcept KeyboardInterrupt: pass\n"
+                       f"for item in work({FOUR}): pass", [FINISHED])
+
+    def test_keyboard_interrupt_before_closing(self):
+        self.check(f"display = {FOUR}\nclose = display._close\ndef interrupted(complete):\n    display._close = close\n"
+                   "    raise KeyboardInterrupt\ndisplay._close = interrupted\n"
+                   "try:\n    for item in work(display): pass\nexcept KeyboardInterrupt: pass\n"
+                   "print('later')\nassert _display._current is None", [FINISHED, "later"])
+
     def test_exit(self):
         self.check(UNTIL_C % FOUR + "sys.exit(3)", [HALF], status=3)
 
@@ -248,6 +294,26 @@ class Ends(Screens):
                    [HALF, "later ''"])
 
 
+    def test_odd_standard_output(self):
+        odd = "class Odd:\n    encoding = 'nonsense'\n    def fileno(self): %s\n    def flush(self): raise KeyError\n"
+        for fileno, expected in (("return 1", FINISHED), ("raise NotImplementedError", "")):
+            with self.subTest(fileno):
+                self.check(odd % fileno + f"terminal, sys.stdout = sys.stdout, Odd()\nfor item in {FOUR}:\n    long_ago()\n"
+                           "    time.sleep(0.2)\nsys.stdout = terminal", [expected] if expected else [])
+
+    def test_a_file_in_the_place_of_the_terminal(self):
+        with tempfile.NamedTemporaryFile() as file:
+            in_terminal(UNTIL_C % FOUR + f"os.dup2(os.open({file.name!r}, os.O_WRONLY), 1); break")
+            self.assertEqual(file.read(), b"")
+
+    def test_subinterpreters(self):
+        # Those without daemon threads draw nothing.
+        code = ("import sys\nsys.path = %r\nimport kelplib\nprint(*kelplib.progress('abcd'))")
+        self.check("try:\n    import _interpreters as interpreters\nexcept ImportError:\n"
+                   "    import _xxsubinterpreters as interpreters\n"
+                   f"assert not interpreters.run_string(interpreters.create(), {code!r} % sys.path)", ["a b c d"])
+
+
 class Sizes(Screens):
     def test_sizes_that_suffice(self):
         narrow = "reading  50.0% #####    | time left: 1 mins"
@@ -287,6 +353,7 @@ class Labels(Screens):
         for label, expected in (
                 ("exactly twenty cells", b"exactly twenty cells "),
                 ("more than twenty cells", b"more tha...ty cells "),
+                ("twenty-one characters", b"twenty-o...aracters "),
                 ("größer", "größer ".encode()),
                 ("漢字漢字漢字漢字漢字漢", "漢字漢字...字漢字漢 ".encode()),
                 ("a\x1b[2J\nb\udce9\0", b"a?[2J?b?? ")):
