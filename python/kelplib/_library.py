@@ -42,7 +42,10 @@ def _load() -> ctypes.CDLL:
     try:
         library = ctypes.CDLL(place)
     except OSError as error:
-        raise ImportError(f"kelplib: cannot load {place} ({description}): {error}. {_ADVICE}", name="kelplib",
+        reason = str(error)
+        if os.path.isfile(place) and reason == f"{place}: cannot open shared object file: No such file or directory":
+            reason = f"{place}: made for another kind of processor"  # the C library's text for that misleads
+        raise ImportError(f"kelplib: cannot load {place} ({description}): {reason}. {_ADVICE}", name="kelplib",
                           path=place) from None
     if not _is_known(library):
         raise ImportError(f"kelplib: {place} ({description}) is not version {_MAJOR} of the library kelplib. {_ADVICE}",

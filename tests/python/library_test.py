@@ -69,6 +69,17 @@ class Library(folder.FolderTestCase):
         self.assertIn(f"{NAME} (the file that KELPLIB_LIBRARY names): ",
                       self.run_python(LOADED, KELPLIB_LIBRARY=str(self.folder / NAME)))
 
+    def test_another_processor(self):
+        with open(LIBRARY, "rb") as file:
+            library = bytearray(file.read())
+        library[18:20] = (0x1234).to_bytes(2, sys.byteorder)
+        self.write(NAME, bytes(library))
+        other = str(self.folder / NAME)
+        self.assertEqual(
+            self.run_python(LOADED, KELPLIB_LIBRARY=other),
+            f"kelplib: cannot load {other} (the file that KELPLIB_LIBRARY names): {other}: made for another kind of processor. "
+            f"{ADVICE}")
+
     def test_another_version(self):
         for other in (OTHER_LIBRARY, "libc.so.6"):
             self.assertEqual(
