@@ -5,11 +5,12 @@
 set -euo pipefail
 
 script=scripts/$(basename "$(readlink -f "$0")")
-cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."
+# Where a script sources this file, "set -e" does not end it yet.
+cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.." || exit
 export LC_ALL=C.UTF-8 HOME=${HOME:-~}
 unset LANGUAGE CDPATH
 
-scratch=$(mktemp -d "${TMPDIR:-/tmp}/kelplib.XXXXXX")
+scratch=$(mktemp -d "${TMPDIR:-/tmp}/kelplib.XXXXXX") || exit
 trap 'rm -rf "$scratch"' EXIT
 trap 'exit 130' INT
 trap 'exit 143' TERM

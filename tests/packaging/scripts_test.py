@@ -26,10 +26,10 @@ class Scripts(unittest.TestCase):
         for name in ("basename", "bash", "cat", "dirname", "env", "mktemp", "readlink", "rm", "sed", "stat", "tail"):
             (self.folder / name).symlink_to(shutil.which(name))
 
-    def run_script(self, path, *words):
+    def run_script(self, path, *words, **changed):
         self.mark.unlink(missing_ok=True)
         done = subprocess.run([path, *words], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
-                              env={**os.environ, "PATH": str(self.folder)}, encoding="utf-8", timeout=60, check=False)
+                              env={**os.environ, "PATH": str(self.folder), **changed}, encoding="utf-8", timeout=60, check=False)
         self.assertFalse(self.mark.exists(), "something was installed")
         return done.returncode, done.stdout, done.stderr
 
@@ -48,6 +48,13 @@ class Scripts(unittest.TestCase):
                 status, printed, problem = self.run_script(path, "--unknown")
                 self.assertEqual((2, ""), (status, printed))
                 self.assertRegex(problem, rf"^usage: scripts/{path.name} [^\n]*\n$")
+
+    def test_they_need_a_folder_for_temporary_files(self):
+        for path in SCRIPTS:
+            with self.subTest(path.name):
+                status, printed, problem = self.run_script(path, TMPDIR=str(self.folder / "missing"))
+                self.assertEqual((1, ""), (status, printed))
+                self.assertRegex(problem, rf"^mktemp: [^\n]*{self.folder}/missing/[^\n]*\n$")
 
 
 if __name__ == "__main__":
