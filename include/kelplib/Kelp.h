@@ -364,7 +364,7 @@ int OptionReader::getValue(const char* shortFlag, const char* longFlag, T& value
         std::string text;
         const int next = findValue(shortFlag, longFlag, text, start);
         if (next != 0) {
-            stringToValue(value, std::move(text));
+            static_cast<void>(stringToValue(value, std::move(text)));
         }
         return next;
     } else {

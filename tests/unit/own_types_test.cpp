@@ -10,6 +10,7 @@ void stringToValue(long& target, std::string text);
 #include <kelplib/Kelp.h>
 
 #include <string_view>
+#include <type_traits>
 
 #include "arguments.h"
 
@@ -23,7 +24,7 @@ void stringToValue(Number& target, const std::string& text) {
 }
 
 enum class Mode { slow, fast };
-int stringToValue(Mode& target, std::string_view text) {
+[[nodiscard]] int stringToValue(Mode& target, std::string_view text) {
     target = text == "fast" ? Mode::fast : Mode::slow;
     return 7;
 }
@@ -103,7 +104,7 @@ struct Late {
 };
 
 template <class T>
-T valueOf(const std::string& text, T value = {}) {
+std::remove_const_t<T> valueOf(const std::string& text, T value = {}) {
     Arguments line{"tool", "-n=" + text};
     EXPECT_EQ(Kelp::OptionReader(line.argc(), line.argv()).getValue("-n", "--number", value, 1), 2);
     T same = value;
