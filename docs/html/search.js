@@ -125,7 +125,7 @@ const Search = {
     form.className = "search";
     form.role = "search";
     const box = Object.assign(document.createElement("input"),
-                              {type: "search", placeholder: "Search", autocomplete: "off", spellcheck: false});
+                              {type: "search", placeholder: "Search", autocomplete: "off", spellcheck: false, maxLength: 200});
     box.setAttribute("aria-label", "Search all pages");
     const list = Object.assign(document.createElement("div"), {className: "results", hidden: true});
     list.setAttribute("aria-live", "polite");

@@ -179,6 +179,15 @@ class Use(BrowserTest):
         self.browser.switch_to.active_element.send_keys(Keys.ENTER)
         wait_for(lambda: self.browser.current_url.endswith(first), first)
 
+    def test_odd_queries(self):
+        self.open("index.html")
+        for words in ('<img src="x" onerror="document.title=1">', "(a+)+$ .* \\ [", "constructor __proto__"):
+            with self.subTest(words):
+                self.results(words)
+                self.assertEqual(self.all("#page-bar .results img"), [])
+        # A longer query would make the browser busy.
+        self.assertEqual(self.one("#page-bar input").get_attribute("maxlength"), "200")
+
     def test_search_from_the_file_system(self):
         self.check_search("index.html")
 
