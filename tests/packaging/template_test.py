@@ -119,6 +119,12 @@ class Template(InOneFolder):
         self.assertEqual(self.output(self.home / ".local" / "bin" / TOOL, "--version"), f"{TOOL} 1.0.0\n")
         self.assertEqual(self.output(self.home / ".local" / "bin" / OTHER, "--version"), f"{OTHER} 2.0.0\n")
 
+    def test_no_warnings(self):
+        # CMake 3.31 and later warn of a keyword without a value.
+        printed = self.output("sh", "-c", 'exec "$@" 2>&1', "sh", "cmake", "-S", self.project, "-B", self.build)
+        self.assertIn("Configuring done", printed)
+        self.assertNotIn("Warning", printed)
+
     def test_second_build(self):
         self.assertIn("ninja: no work to do.", self.built(self.build))
 
