@@ -43,6 +43,8 @@ if(gcc_package AND winpthread_package AND EXISTS /usr/share/common-licenses/GPL-
 else()
     message(STATUS "The zip has no runtime DLLs, because their licences were not found.")
 endif()
+# CMake makes 12.0.0 of "12-posix", the version of Debian's compiler.
+string(REGEX MATCH "^[0-9]+" gcc_version "${CMAKE_CXX_COMPILER_VERSION}")
 configure_file(cmake/packages/windows-readme.md.in zip/README.md @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/zip/README.md LICENSE DESTINATION . COMPONENT zip EXCLUDE_FROM_ALL)
 
