@@ -248,6 +248,8 @@ TEST(CommandLineToolFlags, AreRefusedUnlessTheirWholeKeyIsRegistered) {
         {"-\0"s, {"tool", "-"}, "Invalid flag -. List of valid flags: \n"},
         {"-", {"tool", "-", "--"}, "Invalid flag -\0. List of valid flags: \n"s},
         {"-\0"s, {"tool", "--", "-"}, "Invalid flag -. List of valid flags: \n"},
+        {"-\xFF", {"tool", "-\xFF"}, ""},
+        {"-\xFF", {"tool", "-\xFE"}, "Invalid flag -\xFE. List of valid flags: \n"},
         {"--", {"tool", "---"}, ""},
         {"--", {"tool", "---", "---x", "---"}, ""},
         {"--", {"tool", "--"}, "Invalid flag -\0. List of valid flags: \n"s},
@@ -273,6 +275,8 @@ TEST(CommandLineToolFlags, TakeLetterCaseFromTheCLocale) {
     EXPECT_EQ(firstLinePrinted({"tool", "-O", "-O"}, "-O"), "");
     EXPECT_EQ(firstLinePrinted({"tool", "-o", "-O"}, "-o"), "Invalid flag -O. List of valid flags: \n");
     EXPECT_EQ(firstLinePrinted({"tool", "-O", "-o"}, "-O"), "Invalid flag -o. List of valid flags: \n");
+    EXPECT_EQ(firstLinePrinted({"tool", "-a", "-A"}, "-a"), "Invalid flag -A. List of valid flags: \n");
+    EXPECT_EQ(firstLinePrinted({"tool", "-z", "-Z"}, "-z"), "Invalid flag -Z. List of valid flags: \n");
     EXPECT_EQ(firstLinePrinted({"tool", "-\xE4", "-\xC4"}, "-\xC4"), "");
 }
 
