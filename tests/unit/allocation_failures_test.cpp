@@ -159,7 +159,6 @@ TEST(AllocationFailures, OfScannersReachTheCaller) {
     const int argc = tokens.argc();
     char** const argv = tokens.argv();
     failEachOf({
-        {"getNextFlag", [=] { Kelp::getNextFlag(argc, argv, "--no-such-flag-at-all", 0); }},
         {"getStringFlag",
          [=] {
              std::string value;
