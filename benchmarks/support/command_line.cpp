@@ -57,7 +57,7 @@ const std::vector<std::size_t>& registrationOrder(std::size_t options) {
     if (order.empty()) {
         order.resize(options);
         std::iota(order.begin(), order.end(), std::size_t{0});
-        std::mt19937 random(1);
+        std::mt19937 random(static_cast<unsigned>(options));
         for (std::size_t i = options; i > 1; --i) {
             std::swap(order[i - 1], order[below(random, i)]);
         }
