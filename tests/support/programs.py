@@ -8,6 +8,9 @@ import subprocess
 EMULATOR = [os.environ["KELPLIB_EMULATOR"]] if os.environ.get("KELPLIB_EMULATOR") else []
 ON_WINDOWS = [os.path.basename(word) for word in EMULATOR] == ["run-under-wine"]
 
+# The status of a program that wine's server has killed because it took longer than a second to end, as on a busy machine.
+KILLED_BY_WINE = -9 if ON_WINDOWS else None
+
 
 def command(program, *arguments):
     """The whole command line that runs a program."""
@@ -36,7 +39,7 @@ def run(program, *arguments, timeout=60, **options):
                               timeout=timeout, check=False, **options)
     done = once()
     # On a busy machine about one of 1,500 starts of wine (seen with 8.0) ends silently with status 1 before the program runs.
-    if ON_WINDOWS and (done.returncode, done.stdout, done.stderr) == (1, b"", b""):
+    if done.returncode == KILLED_BY_WINE or (ON_WINDOWS and (done.returncode, done.stdout, done.stderr) == (1, b"", b"")):
         done = once()
     return done.returncode, plain_line_ends(done.stdout), plain_line_ends(done.stderr)
 
