@@ -320,7 +320,8 @@ private:
         inline std::size_t size() const;
         // Returns the token, which a NUL follows.
         inline std::string_view at(std::size_t position) const;
-        inline bool isArgument(std::size_t position) const;
+        // Returns the mark of the token.
+        inline char mark(std::size_t position) const;
         // Counts the positional arguments at or after `from`, which is at most size().
         inline std::size_t countArguments(std::size_t from) const;
         // Returns the first position at or after `from` whose token has one of two marks; npos if there is none.

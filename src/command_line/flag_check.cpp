@@ -41,9 +41,8 @@ Marks acceptedMarks(const FlagCheck::Options& options) {
 std::string FlagCheck::findUnknown(const OptionReader& reader, const Options& options) {
     const Marks accepted = acceptedMarks(options);
     for (std::size_t i = 0; i < reader.record.size(); ++i) {
-        const std::string_view token = reader.record.at(i);
-        if (!accepted.test(indexOf(tokenMark(token.data())))) {
-            std::string key = flagKey(token);
+        if (!accepted.test(indexOf(reader.record.mark(i)))) {
+            std::string key = flagKey(reader.record.at(i));
             if (options.find(key) == options.end()) {
                 return key;
             }

@@ -98,7 +98,7 @@ bool OptionReader::getArguments(std::vector<std::string>& arguments, int start) 
         arguments.reserve(record.countArguments(first));
     }
     for (std::size_t i = first; i < record.size(); ++i) {
-        if (record.isArgument(i)) {
+        if (isArgumentMark(record.mark(i))) {
             arguments.emplace_back(record.at(i));
         }
     }

@@ -42,11 +42,13 @@ inline std::size_t OptionReader::TokenRecord::size() const {
 }
 
 inline std::string_view OptionReader::TokenRecord::at(std::size_t position) const {
-    return {text.data() + begins[position], begins[position + 1] - begins[position] - 1};
+    // data() leaves out the checks of operator[], which take a twentieth of the time that a line takes.
+    const std::size_t* const begin = begins.data() + position;
+    return {text.data() + begin[0], begin[1] - begin[0] - 1};
 }
 
-inline bool OptionReader::TokenRecord::isArgument(std::size_t position) const {
-    return isArgumentMark(marks[position]);
+inline char OptionReader::TokenRecord::mark(std::size_t position) const {
+    return marks.data()[position];
 }
 
 inline std::size_t OptionReader::TokenRecord::countArguments(std::size_t from) const {
