@@ -9,7 +9,7 @@ import subprocess
 import schema
 
 OPTIONS = ("-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_C_COMPILER=gcc", "-DCMAKE_CXX_COMPILER=g++", "-DKELPLIB_BUILD_EXAMPLES=OFF",
-           "-DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON")
+           "-DKELPLIB_INSTALL=OFF", "-DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON")
 # Undefined behaviour ends the program, so that it cannot hide a change: a missing return, an index out of bounds, a number
 # that does not fit. Uninitialised variables are not zero.
 FLAGS = ("-O1 -w -D_GLIBCXX_ASSERTIONS -ftrivial-auto-var-init=pattern -fsanitize-undefined-trap-on-error "
