@@ -48,7 +48,8 @@ inline std::string_view OptionReader::TokenRecord::at(std::size_t position) cons
 }
 
 inline char OptionReader::TokenRecord::mark(std::size_t position) const {
-    return marks.data()[position];
+    const char* const mark = marks.data() + position;
+    return *mark;
 }
 
 inline std::size_t OptionReader::TokenRecord::countArguments(std::size_t from) const {
