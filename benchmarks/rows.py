@@ -130,7 +130,8 @@ def read_list(measured, _):
     others = ["strtol, strtod", "double-conversion", "string stream"]
     columns = {"int": "int", "short (12.5)": "short", "17 digits": "17 digits"}
     return [compared("Text to a list", "A text of 1,000,000 numbers, separated by \":\", read into a new vector; wall clock "
-                     "time per value. kelplib consumes the text, and each reader gets a fresh copy, made before the measurement. The limit knows the number of values beforehand; one string stream reads the whole text.",
+                     "time per value. kelplib consumes the text, and each reader gets a fresh copy, made before the measurement. "
+                     "The limit knows the number of values beforehand; one string stream reads the whole text.",
                      columns, "from_chars", others, goals.LIST, reader_of(measured, "list/"))]
 
 
@@ -172,8 +173,7 @@ def redraw(measured, effort):
 
     table = compared("One redraw", "`KELP_progress` with a label and the time left, wall clock time. The limit is one "
                      "write of the same bytes, ready in memory. A tool redraws a few times a second, and so in the second column the "
-                     "terminal (a pseudo-terminal) is read empty before each redraw, outside the measured time; its limit is the "
-                     "honest one. In the third, redraws follow one another while a thread reads: writes in a tight loop keep the "
+                     "terminal (a pseudo-terminal) is read empty before each redraw, outside the measured time. In the third, redraws follow one another while a thread reads: writes in a tight loop keep the "
                      "reader awake, and work between two writes counts more than once. fwrite and fflush write the ready line; printf "
                      "and fflush format it and write the same bytes; tqdm, in Python, draws its own bar of about that length.",
                      columns, "write", ["fwrite and fflush", "printf and fflush", "tqdm"], goals.REDRAW, with_tqdm)

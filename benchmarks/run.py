@@ -22,8 +22,8 @@ PACKAGES = ["libbenchmark-dev", "valgrind", "libcli11-dev", "libcxxopts-dev", "l
 TEXT = """\
 # Benchmarks
 
-`{command}` measured every figure and wrote this page. The goals were set beforehand; a sentence
-below the table gives the reason for each missed one.{roughness}
+`{command}` measured every figure and wrote this page. The goals were set beforehand, those of the kit after a first
+measurement; a sentence below the table gives the reason for each missed one.{roughness}
 
 | condition | value |
 |---|---|
@@ -37,7 +37,8 @@ Each figure is a median. The libraries take turns in random order, so that a dis
 time's ratio to the limit: the least that the job can cost, measured in the same run. Every result was compared with the expected
 one before the measurement. valgrind counts the instructions. The allocator's thresholds are raised for every library
 (GLIBC_TUNABLES={memory}), so that freed memory stays in
-the process and no library pays for page faults that another avoids. The other libraries are those of the system's packages. "–" means that a library cannot do the job.
+the process and no library pays for page faults that another avoids. The other libraries are those of the system's packages. "–"
+means that a library cannot do the job.
 
 {tables}
 
@@ -70,7 +71,8 @@ def document(tables, plots, quick):
         command="scripts/bench --quick" if quick else "scripts/bench",
         roughness=" A quick run: the figures are rough." if quick else "",
         processor=processor(), cores=os.cpu_count(), system=platform.freedesktop_os_release()["PRETTY_NAME"],
-        compiler=first_line("g++", "--version"), memory=measuring.MEMORY_KEPT, date=datetime.date.today().isoformat(), packages=versions(),
+        compiler=first_line("g++", "--version"), memory=measuring.MEMORY_KEPT, date=datetime.date.today().isoformat(),
+        packages=versions(),
         tables="\n\n".join(table.markdown() for table in tables),
         plots="\n\n".join(f"![{name}]({name})" for name in plots))
 
