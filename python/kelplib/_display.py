@@ -55,6 +55,7 @@ class Display:
         self._owner, self._total = weakref.ref(owner), total
         self._shown: Optional[_Frame] = None
         self._drawn: float = 0
+        self._results: list[int] = []
         self._next_draw = time.monotonic() + _SECONDS_BEFORE_FIRST_DRAW
         _library.initialise(total or 0, _WIDEST_BAR, b"", int(smile and total is not None))
         self._label = ""
@@ -95,7 +96,7 @@ class Display:
             self._draw(count, complete)
         finally:  # also after Ctrl-C
             # The finished face leaves the cursor below it.
-            if not (self._is_face() and self._drawn == self._total):
+            if not (self._is_face() and self._drawn == self._total and self._results):
                 _terminal.write(b"\n" * (self._shown or frame).rows())
 
     def _count(self) -> float:
@@ -160,11 +161,12 @@ class Display:
                 return
         if console.columns <= frame.columns or console.lines <= frame.lines:
             return
-        # The call cannot be interrupted, but the next statement can.
         self._shown, self._drawn = frame, count
+        self._results.clear()
         # Keys that were pressed meanwhile may have moved the cursor.
         _library.rewind_cursor(0)
-        _library.draw(count)
+        # Ctrl-C raises its exception before or after this call, and so there is a result whenever the frame was drawn.
+        self._results.extend(map(_library.draw, (count,)))
 
     def _draw_count(self, count: float, complete: bool, console: os.terminal_size) -> None:
         seconds = _library.time_stamp() - _library.settings.start_time

@@ -22,6 +22,14 @@ HALF_FACE = [
     "   \\  ---  /",
     "    \\_____/         time remaining: 1 mins",
 ]
+FACE_OF_THREE = [
+    "     _____",
+    "    /     \\         reading",
+    "   /  . .  \\",
+    "   >       <        75.0% #######################       |",
+    "   \\  \\_/  /",
+    "    \\_____/         time remaining: 20 secs",
+]
 # The finished face leaves the bar of the frame before on the screen.
 FINISHED_FACE = [
     "     _____",
@@ -232,9 +240,15 @@ class Ends(Screens):
 
     def test_keyboard_interrupt_in_the_cheer(self):
         # The face cheers for 0.3 seconds.
-        self.check("def interrupt():\n    while _display._current is None or _display._current._count() < 4: pass\n"
-                   "    os.kill(os.getpid(), signal.SIGINT)\nthreading.Thread(target=interrupt).start()\n"
+        self.check("def interrupt():\n    while _display._current is None or _display._current._drawn < 4: time.sleep(0.001)\n"
+                   "    time.sleep(0.1)\n    os.kill(os.getpid(), signal.SIGINT)\nthreading.Thread(target=interrupt).start()\n"
                    f"for item in work({FOUR_WITH_FACE}): pass", FINISHED_FACE, status=-2, errors="KeyboardInterrupt")
+
+    def test_keyboard_interrupt_before_the_cheer(self):
+        self.check("rewind = _library.rewind_cursor\ndef interrupted(lines):\n"
+                   "    if _display._current._drawn == 4: raise KeyboardInterrupt\n    return rewind(lines)\n"
+                   "_library.rewind_cursor = interrupted\n"
+                   f"for item in work({FOUR_WITH_FACE}): pass", FACE_OF_THREE, status=-2, errors="KeyboardInterrupt")
 
     def test_keyboard_interrupt_after_opening(self):
         # The next display opens all the same.
