@@ -1,4 +1,4 @@
-"""The goals, set before the measurement. Tables and verdicts are made from them alone."""
+"""The goals: set before the measurement, those of the kit after a first one. Tables and verdicts are made from them alone."""
 
 import typing
 
@@ -47,3 +47,8 @@ KIT_BYTES = Goal(60_000, "The kit is linked into the tool.")
 KIT_LINE = Goal(2, "The kit searches the definition for each token and keeps the token for its messages.")
 KIT_FIRST = "The strict reader builds a table of all forms for every line."
 ADVANCE = Goal(50e-9, "The clock is read too often.")
+PYTHON_CALL = "Each is the call of a function that does nothing."
+PYTHON_THREAD = "A thread draws, which shares the interpreter with the loop."
+# Ratios to tqdm.
+PYTHON = {("into a file", "loop"): Goal(0.5, PYTHON_CALL), ("on a terminal", "loop"): Goal(0.5, PYTHON_THREAD),
+          ("into a file", "update"): Goal(1, PYTHON_CALL), ("on a terminal", "update"): Goal(0.5, PYTHON_THREAD)}

@@ -4,6 +4,7 @@ import concurrent.futures
 import json
 import os
 import pathlib
+import re
 import resource
 import statistics
 import subprocess
@@ -81,8 +82,8 @@ class Measured(dict):
                 raise SystemExit(f"{entry['name']}: {entry['error_message']}")
             if entry.get("aggregate_name") == "median":
                 # Wall clock time for redraws and for benchmarks that prepare their input, otherwise processor time.
-                name, is_real = entry["run_name"].split("/real_time")[0].split("/manual_time")[0], entry["run_name"].endswith(("/real_time", "/manual_time"))
-                time = entry["real_time" if is_real else "cpu_time"] * UNITS[entry["time_unit"]]
+                name, is_wall_clock = re.subn("/(real|manual)_time$", "", entry["run_name"])
+                time = entry["real_time" if is_wall_clock else "cpu_time"] * UNITS[entry["time_unit"]]
                 self[name] = Figure(time, entry.get("items", 1), entry.get("allocations", 0))
 
 

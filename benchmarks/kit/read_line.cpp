@@ -1,4 +1,5 @@
-// The kit's strict reading of the command lines of parse/parse.cpp on which every option stands once; it refuses repeated ones.
+// The kit's strict reading of command lines. Of those in parse/parse.cpp it reads the ones that contain each option once, because
+// the kit refuses an option that is repeated.
 
 #include <kelpkit/CommandLine.h>
 

@@ -7,17 +7,12 @@ import subprocess
 import termios
 import threading
 
+import goals
 import measuring
-from goals import Goal
 from tables import Table, time_text
 
 SCRIPT = measuring.ROOT / "benchmarks/python/loops.py"
 LIBRARY = measuring.ROOT / "build/bench/libkelplib.so.1"
-# The largest allowed ratio to tqdm's cost. An update that draws nothing is a call in either.
-CALL = "Each is the call of a function that does nothing."
-DRAWING = "A thread draws, which shares the interpreter with the loop."
-GOALS = {("into a file", "loop"): Goal(0.5, CALL), ("on a terminal", "loop"): Goal(0.5, DRAWING),
-         ("into a file", "update"): Goal(1, CALL), ("on a terminal", "update"): Goal(0.5, DRAWING)}
 
 
 def in_file(words):
@@ -70,7 +65,8 @@ def python(_, effort):
     for name, head in (("kelplib", "**kelplib**"), ("tqdm", "tqdm")):
         table.add(head, *(time_text(cost(column, name)) for column in columns))
         if name == "kelplib":
-            table.add("goal: ratio to tqdm", *(table.judge(cost(column, "kelplib") / cost(column, "tqdm"), GOALS[column], "x{:.2f}".format)
-                                               for column in columns))
+            ratios = [cost(column, "kelplib") / cost(column, "tqdm") for column in columns]
+            table.add("goal: ratio to tqdm", *(table.judge(ratio, goals.PYTHON[column], "x{:.2f}".format)
+                                               for ratio, column in zip(ratios, columns)))
     table.add("the loop itself", *(time_text(figures[place][f"{work}/none"]) for place, work in columns))
     return [table]

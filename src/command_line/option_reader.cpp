@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <memory>
 
 #include "command_line/flag_key.h"
 #include "command_line/token_record.h"

@@ -4,12 +4,12 @@
 #include <cstdio>
 #include <new>
 
-extern "C" int allocationsByReplacement;
+#include "allocation_count.h"
 
 int main() {
-    const int before = allocationsByReplacement;
+    const std::size_t before = allocationCount();
     ::operator delete(::operator new(1));
-    const bool replacesNew = allocationsByReplacement > before;
+    const bool replacesNew = allocationCount() > before;
     if (!replacesNew) {
         std::puts("operator new is not the replacement");
     }
